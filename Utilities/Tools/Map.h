@@ -1,0 +1,185 @@
+#pragma once
+
+#include "Utilities/Tools/List.h"
+#include "Utilities/Tools/Pair.h"
+#include "Utilities/Tools/Vector.h"
+
+#include <cstdint>
+#include <memory>
+#include <type_traits>
+
+namespace Utilities {
+
+template <class Key, class T> class MapIterator;
+
+/// A hash table with 53 chains that never grows.
+///
+/// It is made for the few dozen keys of a description node or a record: an empty map owns nothing, and
+/// the order of iteration (by chain, within a chain by insertion) is stable between insertions. Keys
+/// need `operator==` and `GetHash(bucketCount)`. The const `operator[]` throws `OutOfRangeException`
+/// for a key that isn't there: that is the system's way to read an optional attribute, and so the
+/// exception's type is an interface. A value may be removed while an iterator stands on it.
+template <class Key, class T> class Map {
+    using Entry = Pair<Key, T>;
+    using Chain = List<Entry>;
+    using Buckets = Vector<Chain>;
+
+public:
+    Map() = default;
+    explicit Map(std::uint32_t bucketCount) : bucketCount_(bucketCount) {}
+    Map(Map const& other)
+        : count_(other.count_), buckets_(other.buckets_ ? std::make_unique<Buckets>(*other.buckets_) : nullptr),
+          bucketCount_(other.bucketCount_) {}
+    Map(Map&& other) noexcept
+        : count_(std::exchange(other.count_, 0)), buckets_(std::move(other.buckets_)),
+          bucketCount_(other.bucketCount_) {}
+    Map& operator=(Map const& other) {
+        if (this != &other) *this = Map(other);
+        return *this;
+    }
+    Map& operator=(Map&& other) noexcept {
+        count_ = std::exchange(other.count_, 0);
+        buckets_ = std::move(other.buckets_);
+        bucketCount_ = other.bucketCount_;
+        return *this;
+    }
+    virtual ~Map() = default;
+
+    /// The key's value, entered as a default value if the key is new.
+    T& operator[](Key const& key) {
+        std::uint32_t const bucket = BucketOf(key);
+        if (!buckets_) buckets_ = std::make_unique<Buckets>(bucketCount_);
+        Chain& chain = buckets_->begin()[bucket];
+        for (auto it = chain.Begin(); it.IsValid(); ++it)
+            if (it.Current().first == key) return it.Current().second;
+        auto const added = chain.Append();
+        added.Current().first = key;
+        ++count_;
+        return added.Current().second;
+    }
+
+    T const& operator[](Key const& key) const {
+        if (count_ != 0) {
+            Chain const& chain = buckets_->begin()[BucketOf(key)];
+            for (auto it = chain.Begin(); it.IsValid(); ++it)
+                if (it.Current().first == key) return it.Current().second;
+        }
+        throw Norvelian::Utilities::Exceptions::OutOfRangeException(
+            "Not a valid key for 'operator[key] const' ");
+    }
+
+    /// A position on the pair, or an invalid one.
+    MapIterator<Key, T> Find(Key const& key) { return FindIn<MapIterator<Key, T>>(*this, key); }
+    MapIterator<Key, T const> Find(Key const& key) const {
+        return FindIn<MapIterator<Key, T const>>(*this, key);
+    }
+
+    /// Takes the pair out and returns its value; throws `OutOfRangeException` for an unknown key.
+    T Remove(Key const& key) {
+        if (count_ != 0) {
+            std::uint32_t const bucket = BucketOf(key);
+            for (auto it = (*buckets_)[bucket].Begin(); it.IsValid(); ++it)
+                if (it.Current().first == key) return RemoveAt(bucket, it);
+        }
+        throw Norvelian::Utilities::Exceptions::OutOfRangeException(
+            "Not a valid key for 'Remove(const Key&)' ");
+    }
+
+    /// The same at an iterator's position, which moves on to the following pair.
+    T Remove(MapIterator<Key, T>& position) {
+        if (!position.IsValid() || position.map_ != this)
+            throw Norvelian::Utilities::Exceptions::OutOfRangeException(
+                "Not a valid iterator position for 'Remove(MapIterator<Key, T>&)' ");
+        std::uint32_t const bucket = position.bucket_;
+        auto it = position.entry_;
+        ++position;
+        return RemoveAt(bucket, it);
+    }
+
+    MapIterator<Key, T> Begin() { return FirstIn<MapIterator<Key, T>>(*this); }
+    MapIterator<Key, T const> Begin() const { return FirstIn<MapIterator<Key, T const>>(*this); }
+
+    std::uint32_t GetSize() const { return count_; }
+
+    /// Same keys with equal values, whatever the order.
+    bool operator==(Map const& other) const {
+        if (count_ != other.count_) return false;
+        for (auto it = Begin(); it.IsValid(); ++it) {
+            auto const match = other.Find(it.GetKey());
+            if (!match.IsValid() || !(match.GetValue() == it.GetValue())) return false;
+        }
+        return true;
+    }
+
+private:
+    template <class, class> friend class MapIterator;
+
+    std::uint32_t BucketOf(Key const& key) const { return static_cast<std::uint32_t>(key.GetHash(bucketCount_)); }
+
+    template <class Iterator, class Self> static Iterator FindIn(Self& self, Key const& key) {
+        if (self.count_ == 0) return {};
+        std::uint32_t const bucket = self.BucketOf(key);
+        for (auto it = self.ChainAt(bucket).Begin(); it.IsValid(); ++it)
+            if (it.Current().first == key) return Iterator(self, bucket, std::move(it));
+        return {};
+    }
+    template <class Iterator, class Self> static Iterator FirstIn(Self& self) {
+        if (self.count_ == 0) return {};
+        Iterator it(self, 0, self.ChainAt(0).Begin());
+        it.SkipEmptyChains();
+        return it;
+    }
+    T RemoveAt(std::uint32_t bucket, ListIterator<Entry>& it) {
+        T value = (*buckets_)[bucket].Remove(it).second;
+        if (--count_ == 0) buckets_.reset();
+        return value;
+    }
+    // A bucket index is a remainder, or below the count by the iterator's walk.
+    Chain& ChainAt(std::uint32_t bucket) { return buckets_->begin()[bucket]; }
+    Chain const& ChainAt(std::uint32_t bucket) const { return buckets_->begin()[bucket]; }
+
+    std::uint32_t count_ = 0;
+    std::unique_ptr<Buckets> buckets_;
+    std::uint32_t bucketCount_ = 53;
+};
+
+/// A position in a `Map`; `T` is const for a const map.
+template <class Key, class T> class MapIterator {
+    using Value = std::remove_const_t<T>;
+    using Container = std::conditional_t<std::is_const_v<T>, Map<Key, Value> const, Map<Key, Value>>;
+    using Entry = std::conditional_t<std::is_const_v<T>, Pair<Key, Value> const, Pair<Key, Value>>;
+
+public:
+    MapIterator() = default;
+
+    bool IsValid() const { return entry_.IsValid(); }
+    MapIterator& operator++() {
+        ++entry_;
+        SkipEmptyChains();
+        return *this;
+    }
+    /// Both throw `OutOfRangeException` "MapIterator is not valid".
+    Key const& GetKey() const { return Checked().first; }
+    T& GetValue() const { return Checked().second; }
+
+private:
+    friend class Map<Key, Value>;
+
+    MapIterator(Container& map, std::uint32_t bucket, ListIterator<Entry> entry)
+        : bucket_(bucket), entry_(std::move(entry)), map_(&map) {}
+
+    Entry& Checked() const {
+        if (!IsValid())
+            throw Norvelian::Utilities::Exceptions::OutOfRangeException("MapIterator is not valid");
+        return entry_.Current();
+    }
+    void SkipEmptyChains() {
+        while (!entry_.IsValid() && bucket_ + 1 < map_->bucketCount_) entry_ = map_->ChainAt(++bucket_).Begin();
+    }
+
+    std::uint32_t bucket_ = 0;
+    ListIterator<Entry> entry_;
+    Container* map_ = nullptr;
+};
+
+} // namespace Utilities

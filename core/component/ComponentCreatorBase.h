@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Utilities/Tools/SmartPointer.h"
+#include "core/component/Component.h"
+#include "core/values/Anything.h"
+
+#include <map>
+#include <string>
+
+namespace Utilities {
+
+/// Makes the components of one name. A plug-in has one static creator for each of its components.
+class ComponentCreatorBase {
+public:
+    /// Exactly the keys "name", "version" and "category", each a string.
+    using Descriptor = std::map<std::string, Anything>;
+
+    ComponentCreatorBase() = default;
+    ComponentCreatorBase(ComponentCreatorBase const&) = delete;
+    ComponentCreatorBase& operator=(ComponentCreatorBase const&) = delete;
+    virtual ~ComponentCreatorBase() = default;
+
+    virtual Descriptor GetDescriptor() = 0;
+    virtual void Create(SmartPointer<Component>& result) = 0;
+    virtual bool PrepareForUnload() = 0;
+};
+
+/// The three texts that describe a component. `version` is the revision keyword, "$Revision: 1.21 $".
+struct ComponentDescription {
+    char const* name;
+    char const* version;
+    char const* category;
+
+    ComponentCreatorBase::Descriptor GetDescriptor() const {
+        ComponentCreatorBase::Descriptor descriptor;
+        descriptor["name"] = name;
+        descriptor["version"] = version;
+        descriptor["category"] = category;
+        return descriptor;
+    }
+};
+
+} // namespace Utilities
