@@ -2,10 +2,16 @@
 # static initialisers run in link order, so this order is the order of registration. The first three
 # components of the table come first; the rest is alphabetical by component.
 set(NORVELIAN_COMPONENT_SOURCES
+  services/MutexImplementation_PC.cpp
+  services/Preferences_PC.cpp
+  services/ThreadImplementation_PC.cpp
 )
 
 # Units without a creator, and last the exports.
 set(NORVELIAN_SUPPORT_SOURCES
+  services/IniText.cpp
+  services/RobustMutex_PC.cpp
+  services/ThreadKiller_PC.cpp
   core/plugin/ComponentFactory.cpp
   core/plugin/Exports.cpp
 )
