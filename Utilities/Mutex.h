@@ -30,4 +30,21 @@ private:
     SmartPointer<MutexImplementation> implementation_;
 };
 
+/// Holds a mutex for the length of a block, if it was gained in time.
+class MutexLock {
+public:
+    MutexLock(Mutex& mutex, long timeout) : mutex_(mutex), held_(mutex.Lock(timeout)) {}
+    MutexLock(MutexLock const&) = delete;
+    MutexLock& operator=(MutexLock const&) = delete;
+    ~MutexLock() {
+        if (held_) mutex_.Unlock();
+    }
+
+    bool IsHeld() const { return held_; }
+
+private:
+    Mutex& mutex_;
+    bool held_;
+};
+
 } // namespace Utilities

@@ -3,11 +3,11 @@
 #include "Diagnostics/Sink.h"
 #include "Utilities/AtomicFile.h"
 #include "Utilities/Mutex.h"
+#include "Utilities/ProgramDirectory.h"
 #include "core/creators/ComponentCreator.h"
 #include "services/IniText.h"
 
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -25,19 +25,6 @@ ComponentCreatorSingleton<Preferences_PC> const creator({"Preferences", "$Revisi
 constexpr long longestValue = 1023;
 constexpr off_t largestFile = off_t{16} << 20U;
 constexpr long lockTimeoutMilliseconds = 5000;
-
-/// The executable's name up to its first point.
-std::string const& ExecutableStem() {
-    static std::string const stem = [] {
-        char path[PATH_MAX];
-        ssize_t const length = ::readlink("/proc/self/exe", path, sizeof path);
-        std::string const name =
-            length > 0 ? std::string(path, static_cast<std::size_t>(length)) : std::string();
-        std::string const file = name.substr(name.rfind('/') + 1);
-        return file.substr(0, file.find('.'));
-    }();
-    return stem;
-}
 
 std::string ConfigurationDirectory() {
     char const* const configured = std::getenv("XDG_CONFIG_HOME");
@@ -59,7 +46,7 @@ std::string PathFor(std::string const& name) {
 
 std::string PathToWrite() {
     std::string const name = Preferences::GetApplicationName();
-    return PathFor(name.empty() ? ExecutableStem() : name);
+    return PathFor(name.empty() ? GetExecutableStem() : name);
 }
 
 class Descriptor {
@@ -118,12 +105,12 @@ void Write(std::string const& path, String const& section, String const& key, St
 
 } // namespace
 
-String Preferences_PC::GetPathToRead() { return PathFor(ExecutableStem()); }
+String Preferences_PC::GetPathToRead() { return PathFor(GetExecutableStem()); }
 String Preferences_PC::GetPathToWrite() { return PathToWrite(); }
 
 String Preferences_PC::GetValue(String const& section, String const& key, String const& defaultValue) {
     try {
-        auto const text = ReadFile(PathFor(ExecutableStem()));
+        auto const text = ReadFile(PathFor(GetExecutableStem()));
         auto const value =
             text ? IniText::FindValue(*text, section.GetStdString(), key.GetStdString()) : std::nullopt;
         if (value) return String(value->substr(0, longestValue));

@@ -31,7 +31,8 @@ struct SharedCount {
 template <class T, class CountKind = int> class SmartPointer {
 public:
     SmartPointer() = default;
-    SmartPointer(std::nullptr_t) {} // NOLINT(google-explicit-constructor): null converts, as for a plain pointer
+    SmartPointer(std::nullptr_t) {
+    } // NOLINT(google-explicit-constructor): null converts, as for a plain pointer
     /// Takes ownership; null stays null without a count.
     explicit SmartPointer(T* object) : object_(object) {
         if (!object) return;
@@ -45,8 +46,8 @@ public:
 
     /// Upward conversions are static, downward ones a dynamic cast.
     template <class Other>
-        requires(!std::is_same_v<T, Other>)
-    SmartPointer(SmartPointer<Other, CountKind> const& other) // NOLINT(google-explicit-constructor): contracted
+    requires(!std::is_same_v<T, Other>) SmartPointer(
+        SmartPointer<Other, CountKind> const& other) // NOLINT(google-explicit-constructor): contracted
         : counter_(other.counter_), object_(Convert(other.object_)) {
         Hold();
     }
