@@ -1,9 +1,13 @@
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Pane.h"
 
+/// Elements of the element library that descriptions can name, registered for the plug-in's life.
+namespace GUI {
+
 namespace {
 
-// The base library's own element; its class can't hold the creator, which belongs to this module.
-Utilities::ComponentCreatorNormal<GUI::Pane> paneCreator({"Pane", "$Revision: 1.44 $", "GUI"});
+Utilities::ComponentCreatorNormal<Pane> const paneCreator({"Pane", "$Revision: 1.1 $", "GUI"});
 
 } // namespace
+
+} // namespace GUI
