@@ -11,6 +11,14 @@ using Utilities::Anything;
 using Utilities::SmartPointer;
 using Utilities::String;
 
+namespace {
+
+std::uint32_t Pixels(unsigned long value) { return static_cast<std::uint32_t>(value); }
+
+} // namespace
+
+std::uint64_t GUIElement::layoutRevision = 0;
+
 GUIElement::~GUIElement() { ReleaseChildren(); }
 
 void GUIElement::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -24,17 +32,18 @@ void GUIElement::SetAttributes(DescriptionTree const& description) {
     AttributeReader const attributes(description);
     name_ = attributes.Text(CommonAttributes::elementName);
     registered_ = attributes.FlagUnlessNo(CommonAttributes::registered);
-    minimalWidth_ = attributes.Unsigned(CommonAttributes::minimalWidth);
-    maximalWidth_ = attributes.Unsigned(CommonAttributes::maximalWidth);
-    minimalHeight_ = attributes.Unsigned(CommonAttributes::minimalHeight);
-    maximalHeight_ = attributes.Unsigned(CommonAttributes::maximalHeight);
+    minimalWidth_ = Pixels(attributes.Unsigned(CommonAttributes::minimalWidth));
+    maximalWidth_ = Pixels(attributes.Unsigned(CommonAttributes::maximalWidth));
+    minimalHeight_ = Pixels(attributes.Unsigned(CommonAttributes::minimalHeight));
+    maximalHeight_ = Pixels(attributes.Unsigned(CommonAttributes::maximalHeight));
+    AdvanceLayoutRevision();
     helpFile_ = attributes.Text(CommonAttributes::helpFile);
     helpTopic_ = attributes.Unsigned(CommonAttributes::helpTopic);
 }
 
 void GUIElement::SetPosition(unsigned long x, unsigned long y) {
-    x_ = x;
-    y_ = y;
+    x_ = Pixels(x);
+    y_ = Pixels(y);
 }
 
 void GUIElement::GetPosition(unsigned long& x, unsigned long& y) const {
@@ -43,8 +52,8 @@ void GUIElement::GetPosition(unsigned long& x, unsigned long& y) const {
 }
 
 void GUIElement::SetSize(unsigned long width, unsigned long height) {
-    width_ = width;
-    height_ = height;
+    width_ = Pixels(width);
+    height_ = Pixels(height);
 }
 
 void GUIElement::GetSize(unsigned long& width, unsigned long& height) const {
@@ -62,13 +71,15 @@ void GUIElement::GetSizeInformation(unsigned long& minimalWidth, unsigned long& 
 
 void GUIElement::SetSizeInformation(unsigned long minimalWidth, unsigned long maximalWidth,
                                     unsigned long minimalHeight, unsigned long maximalHeight) {
-    minimalWidth_ = minimalWidth;
-    maximalWidth_ = maximalWidth;
-    minimalHeight_ = minimalHeight;
-    maximalHeight_ = maximalHeight;
+    minimalWidth_ = Pixels(minimalWidth);
+    maximalWidth_ = Pixels(maximalWidth);
+    minimalHeight_ = Pixels(minimalHeight);
+    maximalHeight_ = Pixels(maximalHeight);
+    AdvanceLayoutRevision();
 }
 
 void GUIElement::RecalculateSize() {
+    AdvanceLayoutRevision();
     if (parentElement_) parentElement_->RecalculateSize();
 }
 
@@ -100,6 +111,7 @@ void GUIElement::CreateChildren(PlatformIndependentWindowID const& window, Descr
         element->parentElement_ = this;
         element->Initialize(window, child, dataSource);
         children_.Append(element);
+        AdvanceLayoutRevision();
     }
 }
 
@@ -107,6 +119,7 @@ void GUIElement::ReleaseChildren() {
     // Somebody may hold a child longer than its parent lives.
     for (auto it = children_.Begin(); it.IsValid(); ++it) it.Current()->parentElement_ = nullptr;
     children_.Clear();
+    AdvanceLayoutRevision();
 }
 
 GUIElement* GUIElement::GetFirstChild() const {

@@ -9,6 +9,8 @@
 #include "gui/elements/PlatformIndependentDeviceContext.h"
 #include "gui/elements/PlatformIndependentWindowID.h"
 
+#include <cstdint>
+
 namespace GUI {
 
 /// Node of the element tree: a name, a size range, a position and size in pixels of the parent window,
@@ -87,19 +89,28 @@ protected:
     /// The first child, null if there is none.
     GUIElement* GetFirstChild() const;
 
+    /// A number that grows with every known change of some element's size range or children. What a
+    /// container worked out from size ranges stands only while the number does.
+    static std::uint64_t GetLayoutRevision() { return layoutRevision; }
+    static void AdvanceLayoutRevision() { ++layoutRevision; }
+
 private:
     GUIElement* FindRegistered(Utilities::String const& name) const;
 
-    Utilities::String name_;
+    static std::uint64_t layoutRevision;
+
+    // What a layout reads and writes stands together in front: one cache line an element. Sizes are
+    // 32 bits wide by contract; only the signatures widen them.
+    std::uint32_t minimalWidth_ = 0;
+    std::uint32_t maximalWidth_ = 10000;
+    std::uint32_t minimalHeight_ = 0;
+    std::uint32_t maximalHeight_ = 10000;
+    std::uint32_t x_ = 0;
+    std::uint32_t y_ = 0;
+    std::uint32_t width_ = 0;
+    std::uint32_t height_ = 0;
     bool registered_ = true;
-    unsigned long minimalWidth_ = 0;
-    unsigned long maximalWidth_ = 10000;
-    unsigned long minimalHeight_ = 0;
-    unsigned long maximalHeight_ = 10000;
-    unsigned long x_ = 0;
-    unsigned long y_ = 0;
-    unsigned long width_ = 0;
-    unsigned long height_ = 0;
+    Utilities::String name_;
     Utilities::String helpFile_;
     unsigned long helpTopic_ = 0;
     DialogDataSource* dataSource_ = nullptr;
