@@ -106,7 +106,7 @@ void Write(std::string const& path, String const& section, String const& key, St
     if (!changed)
         Diagnostics::Report("Preferences::SetValue", "file unreadable, or section or key can't be written");
     else if (*changed != *text)
-        WriteFileAtomically(path, *changed);
+        WriteFileAtomically(path, *changed, Durability::ProcessDeath);
 }
 
 } // namespace
