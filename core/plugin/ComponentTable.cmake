@@ -14,6 +14,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/MutexImplementation_PC.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
+  services/SelectionService.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/VBox.cpp
   gui/shell/Window_PC.cpp
