@@ -20,6 +20,9 @@ struct SharedCount {
     void (*destroy)(void* object) = nullptr;
 };
 
+/// The last holder is gone: deletes the object, then the count.
+void DestroyShared(SharedCount* count);
+
 } // namespace Detail
 
 /// A pointer that owns its object together with all its copies.
@@ -88,10 +91,7 @@ private:
         if (counter_) ++counter_->holders;
     }
     void Release() {
-        if (counter_ && --counter_->holders == 0) {
-            counter_->destroy(counter_->object);
-            delete counter_;
-        }
+        if (counter_ && --counter_->holders == 0) Detail::DestroyShared(counter_);
         counter_ = nullptr;
         object_ = nullptr;
     }

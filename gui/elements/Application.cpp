@@ -46,6 +46,8 @@ int Application::Run() { return OnExit(GetImplementation().Run()); }
 void Application::Quit(int exitCode) { GetImplementation().Quit(exitCode); }
 
 long Application::OpenFile(String const& /*fileName*/) { return 0; }
+void Application::OpenHelpFile(String const& /*fileName*/, unsigned long /*topic*/,
+                               unsigned long /*command*/) {}
 void Application::OnActivate(bool /*active*/) {}
 
 void Application::OnException(std::exception_ptr failure) noexcept {

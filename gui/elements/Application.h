@@ -38,6 +38,8 @@ public:
     virtual bool OnBeforeCommandLine() { return true; }
     /// A document is to be opened: each argument that is no option, or what the shell asks for.
     virtual long OpenFile(Utilities::String const& fileName);
+    /// Opens a help file that was looked up; does nothing unless a host or viewer is there to show it.
+    virtual void OpenHelpFile(Utilities::String const& fileName, unsigned long topic, unsigned long command);
     /// The program was brought to the front, or another one was.
     virtual void OnActivate(bool active);
     /// The main window is asked to close; false refuses.

@@ -1,0 +1,37 @@
+# Turns data files into one C++ source, so that the library needs no file at run time.
+#
+# Called at build time:  cmake -DOUTPUT=x.cpp -DINPUTS="numbers;Name;file;text;Name;file..." -P EmbedTables.cmake
+#   numbers: rows of comma-separated numbers; lines that begin with a letter are headings
+#   text:    the file as it is
+set(source "// Generated from the files below data/; do not edit.\n#include \"cxf/Tables.h\"\n\nnamespace Norvelian::Tristim::Tables {\nnamespace {\n")
+set(definitions "")
+list(LENGTH INPUTS count)
+set(index 0)
+while(index LESS count)
+  math(EXPR second "${index} + 1")
+  math(EXPR third "${index} + 2")
+  list(GET INPUTS ${index} kind)
+  list(GET INPUTS ${second} name)
+  list(GET INPUTS ${third} file)
+  math(EXPR index "${index} + 3")
+  file(READ "${file}" content)
+  string(REPLACE "\r" "" content "${content}")
+  if(kind STREQUAL "numbers")
+    # A colour-matching function that is not measured any more at an end of the spectrum is zero there.
+    string(REPLACE "NaN" "0" content "${content}")
+    string(REGEX REPLACE "(^|\n)[A-Za-z][^\n]*" "" content "${content}")
+    string(STRIP "${content}" content)
+    string(REGEX MATCH "^[^\n]*" first "${content}")
+    string(REGEX REPLACE "[^,]" "" commas "${first}")
+    string(LENGTH "${commas},x" columns)
+    math(EXPR columns "${columns} - 1")
+    string(REPLACE "\n" ",\n" content "${content}")
+    string(APPEND source "constexpr double values${name}[] = {\n${content}};\n")
+    string(APPEND definitions "NumberTable const ${name}{values${name}, sizeof(values${name}) / sizeof(double) / ${columns}, ${columns}};\n")
+  else()
+    string(APPEND source "constexpr char values${name}[] = R\"table(${content})table\";\n")
+    string(APPEND definitions "std::string_view const ${name}{values${name}, sizeof(values${name}) - 1};\n")
+  endif()
+endwhile()
+string(APPEND source "} // namespace\n\n${definitions}\n} // namespace Norvelian::Tristim::Tables\n")
+file(WRITE "${OUTPUT}" "${source}")

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/base/Exceptions.h"
+
+#include <string>
+
+namespace Norvelian::ColorExchangeFormat {
+
+/// A file can't be read or written. The message is "<file>:<line>:<column>: <reason>"; lines and columns
+/// count from 1, columns in bytes, and both are 0 if the failure concerns no place in the text.
+class FileException : public Utilities::Exceptions::ResourceException {
+public:
+    FileException(std::string file, unsigned long line, unsigned long column, std::string reason)
+        : ResourceException(file + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " + reason),
+          file_(std::move(file)), line_(line), column_(column), reason_(std::move(reason)) {}
+
+    std::string const& GetFile() const { return file_; }
+    unsigned long GetLine() const { return line_; }
+    unsigned long GetColumn() const { return column_; }
+    std::string const& GetReason() const { return reason_; }
+
+private:
+    std::string file_;
+    unsigned long line_;
+    unsigned long column_;
+    std::string reason_;
+};
+
+} // namespace Norvelian::ColorExchangeFormat

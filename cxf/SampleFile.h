@@ -1,0 +1,35 @@
+#pragma once
+
+#include "cxf/FileException.h"
+#include "cxf/SampleSet.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Norvelian::ColorExchangeFormat {
+
+using SampleSetPointer = ::Utilities::SmartPointer<SampleSet>;
+
+struct ReadOptions {
+    /// Tables without spectra are an error.
+    bool requireSpectra = false;
+    /// Spectra may lack bands of 380 to 730 nm; their end values are repeated then.
+    bool allowExtrapolation = false;
+};
+
+/// Reads a file of samples: CGATS.17 / ISO 28178 text (`CgatsReader.h`) or the XML form (`XmlReader.h`), told
+/// apart by the first character. One set for each table; there is at least one, and none is empty.
+/// Throws `FileException`; a file that can't be read to its end gives nothing.
+std::vector<SampleSetPointer> ReadSampleSets(std::string const& path, ReadOptions const& options = {});
+/// The first set of the file; with `requireSpectra` the first that has spectra.
+SampleSetPointer ReadSampleSet(std::string const& path, ReadOptions const& options = {});
+
+/// The same from a text; `name` stands in messages.
+std::vector<SampleSetPointer> ParseSampleSets(std::string_view text, std::string const& name,
+                                              ReadOptions const& options = {});
+
+/// The bytes of a file, at most 256 MiB. Throws `FileException`.
+std::string ReadFileBytes(std::string const& path);
+
+} // namespace Norvelian::ColorExchangeFormat

@@ -1,0 +1,119 @@
+#pragma once
+
+#include <array>
+
+/// The colour vocabulary of the whole system: keys and values of measurement conditions, element names
+/// of the colour spaces, names of the exchange-format objects. All texts are fixed; files, descriptions
+/// and hosts use them literally.
+namespace Norvelian::Tristim::Vocabulary {
+
+using Text = char const*;
+
+/// Group names. `Undefined` is the group of no key.
+namespace Group {
+inline constexpr Text Undefined = "Undefined";
+inline constexpr Text Physical = "Physical";
+inline constexpr Text Colorimetric = "Colorimetric";
+inline constexpr Text ColorSpaceDescription = "ColorSpaceDescription";
+} // namespace Group
+
+namespace Key {
+inline constexpr Text Illumination = "Colorimetric.Illumination";
+inline constexpr Text Observer = "Colorimetric.Observer";
+inline constexpr Text WhiteBase = "Colorimetric.WhiteBase";
+inline constexpr Text DensityStandard = "Colorimetric.DensityStandard";
+inline constexpr Text DensityFilterMode = "Colorimetric.DensityFilterMode";
+inline constexpr Text Filter = "Physical.Filter";
+inline constexpr Text NumberOfDataPointsSpectrum = "Physical.NumberOfDataPointsSpectrum";
+inline constexpr Text WavelengthSpectrumMax = "Physical.WavelengthSpectrumMax";
+inline constexpr Text WavelengthSpectrumMin = "Physical.WavelengthSpectrumMin";
+inline constexpr Text SpectrumType = "Physical.SpectrumType";
+inline constexpr Text ColorSpaceType = "ColorSpaceDescription.Type";
+inline constexpr Text AbsoluteOrDeltaVector = "ColorSpaceDescription.AbsoluteOrDeltaVector";
+inline constexpr Text DeltaEFormula = "ColorSpaceDescription.DeltaEFormula";
+
+/// Further conditions of this library. Their values are free texts: a temperature in kelvin, "F1" to
+/// "F12", or the 36 values of a spectrum separated by blanks.
+inline constexpr Text ColorTemperature = "Colorimetric.ColorTemperature";
+inline constexpr Text FluorescentType = "Colorimetric.FluorescentType";
+inline constexpr Text UserIllumination = "Colorimetric.UserIllumination";
+inline constexpr Text PaperSpectrum = "Colorimetric.PaperSpectrum";
+inline constexpr Text UserFilterBlack = "Colorimetric.UserFilterBlack";
+inline constexpr Text UserFilterCyan = "Colorimetric.UserFilterCyan";
+inline constexpr Text UserFilterMagenta = "Colorimetric.UserFilterMagenta";
+inline constexpr Text UserFilterYellow = "Colorimetric.UserFilterYellow";
+/// Written by the library into the conditions of its results: how they were computed.
+inline constexpr Text Method = "Colorimetric.Method";
+/// Written where a spectrum was resampled: how, and what was extrapolated.
+inline constexpr Text Resampling = "Physical.Resampling";
+} // namespace Key
+
+namespace Value {
+inline constexpr std::array<Text, 11> Illumination{"A",   "B",   "C", "D50",         "D55",     "D65",
+                                                   "D75", "Dxx", "F", "Userdefined", "Emission"};
+inline constexpr std::array<Text, 2> Observer{"TwoDegree", "TenDegree"};
+inline constexpr std::array<Text, 3> WhiteBase{"Absolute", "Paper", "Automatic"};
+inline constexpr std::array<Text, 8> DensityStandard{"DIN",   "DINNB", "ANSIA", "ANSIE",
+                                                     "ANSII", "ANSIT", "SPI",   "User"};
+inline constexpr std::array<Text, 6> DensityFilterMode{"Black", "Cyan", "Magenta", "Yellow", "Max", "Auto"};
+inline constexpr std::array<Text, 8> Filter{"No",     "Polarizer",        "D65", "UVCut", "LastSelectable",
+                                            "Custom", "CalibrationCheck", "ND0"};
+inline constexpr std::array<Text, 1> NumberOfDataPointsSpectrum{"36"};
+inline constexpr std::array<Text, 1> WavelengthSpectrumMax{"730nm"};
+inline constexpr std::array<Text, 1> WavelengthSpectrumMin{"380nm"};
+inline constexpr std::array<Text, 5> SpectrumType{"Remission", "Emission", "Transmission", "AmbientLight",
+                                                  "Flash"};
+inline constexpr std::array<Text, 14> ColorSpaceType{
+    "CIELab", "CIELCh",    "CIELuv", "CIELChuv", "CIEuvY1960", "CIEuvY1976", "CIEXYZ",
+    "CIExyY", "HunterLab", "RxRyRz", "LABmg",    "LCHmg",      "RGB",        "CMYK"};
+inline constexpr std::array<Text, 2> AbsoluteOrDeltaVector{"AbsoluteVector", "DeltaVector"};
+inline constexpr std::array<Text, 7> DeltaEFormula{"CIELab", "CIELuv", "LABmg", "FMCII", "CMC", "94", "2000"};
+/// Values of `Key::FluorescentType`: FL1 to FL12 of CIE 15.
+inline constexpr std::array<Text, 12> FluorescentType{"F1", "F2", "F3", "F4",  "F5",  "F6",
+                                                      "F7", "F8", "F9", "F10", "F11", "F12"};
+} // namespace Value
+
+/// Element names by colour space, in the order of `Value::ColorSpaceType`; unused places are null.
+/// "delta L 1960" and "delta L 1976" are differences of L*, and not of Y.
+struct Elements {
+    std::array<Text, 4> absolute;
+    std::array<Text, 4> delta;
+};
+inline constexpr std::array<Elements, 14> ElementNames{{
+    {{"L*", "a*", "b*", nullptr}, {"delta L*", "delta a*", "delta b*", nullptr}},
+    {{"L*", "C*", "h*", nullptr}, {"delta L*", "delta C*", "delta H*", nullptr}},
+    {{"L", "u*", "v*", nullptr}, {"delta L", "delta u*", "delta v*", nullptr}},
+    {{"L", "C", "h", nullptr}, {"delta L", "delta C", "delta H", nullptr}},
+    {{"u' 1960", "v' 1960", "Y 1960", nullptr}, {"delta u' 1960", "delta v' 1960", "delta L 1960", nullptr}},
+    {{"u' 1976", "v' 1976", "Y 1976", nullptr}, {"delta u' 1976", "delta v' 1976", "delta L 1976", nullptr}},
+    {{"X", "Y", "Z", nullptr}, {"delta X", "delta Y", "delta Z", nullptr}},
+    {{"x", "y", "Y", nullptr}, {"delta x", "delta y", "delta Y", nullptr}},
+    {{"L(l)", "a(l)", "b(l)", nullptr}, {"delta L(l)", "delta a(l)", "delta b(l)", nullptr}},
+    {{"Rx", "Ry", "Rz", nullptr}, {"delta Rx", "delta Ry", "delta Rz", nullptr}},
+    {{"L(mg)", "a(mg)", "b(mg)", nullptr}, {"delta L(mg)", "delta a(mg)", "delta b(mg)", nullptr}},
+    {{"L(mg)", "C(mg)", "h(mg)", nullptr}, {"delta L(mg)", "delta C(mg)", "delta H(mg)", nullptr}},
+    {{"R", "G", "B", nullptr}, {"delta R", "delta G", "delta B", nullptr}},
+    {{"C", "M", "Y", "K"}, {"delta C", "delta M", "delta Y", "delta K"}},
+}};
+
+/// Generic names of the objects of a sample set, and their names in the exchange format.
+namespace Object {
+inline constexpr Text SampleSet = "SampleSet";
+inline constexpr Text Sample = "Sample";
+inline constexpr Text SampleAttribute = "SampleAttribute";
+inline constexpr Text Spectrum = "Spectrum";
+inline constexpr Text ColorVector = "ColorVector";
+inline constexpr Text Recipe = "Recipe";
+inline constexpr Text UnknownSampleAttribute = "UnknownSampleAttribute";
+} // namespace Object
+namespace Format {
+inline constexpr Text Name = "CXF";
+inline constexpr Text SampleSet = "CXFSampleSet";
+inline constexpr Text Sample = "CXFSample";
+inline constexpr Text Spectrum = "CXFSpectrum";
+inline constexpr Text ColorVector = "CXFColorVector";
+inline constexpr Text Recipe = "CXFRecipe";
+inline constexpr Text UnknownSampleAttribute = "CXFUnknownSampleAttribute";
+} // namespace Format
+
+} // namespace Norvelian::Tristim::Vocabulary

@@ -1,0 +1,43 @@
+#include "services/MutexImplementation_PC.h"
+
+#include "Diagnostics/Sink.h"
+#include "core/creators/ComponentCreator.h"
+
+#include <cerrno>
+
+namespace Utilities {
+
+namespace {
+
+ComponentCreatorNormal<MutexImplementation_PC> const creator({"MutexImplementation", "$Revision: 1.5 $",
+                                                              "Multithreading"});
+
+} // namespace
+
+MutexImplementation_PC::~MutexImplementation_PC() {
+    // Memory of a mutex that is still held would stay in the kernel's list of this thread.
+    for (; held_ > 0; --held_) mutex_->Unlock();
+}
+
+void MutexImplementation_PC::Create(String const& name) {
+    mutex_ = name == "" ? RobustMutex::MakePrivate() : RobustMutex::OpenShared(name.GetStdString());
+}
+
+bool MutexImplementation_PC::Lock(long timeout) {
+    if (!mutex_ || !mutex_->Lock(timeout)) return false;
+    ++held_;
+    return true;
+}
+
+void MutexImplementation_PC::Unlock() {
+    int const failure = mutex_ ? mutex_->Unlock() : EPERM;
+    if (failure == 0) {
+        --held_;
+        return;
+    }
+    Diagnostics::String text("Could not unlock CMutex. Error number: ");
+    text += Diagnostics::String(static_cast<unsigned long>(failure));
+    Diagnostics::Report("MutexImplementation_PC::Unlock", text);
+}
+
+} // namespace Utilities
