@@ -110,7 +110,7 @@ bool ApplicationImplementation_PC::eventFilter(QObject* receiver, QEvent* event)
         return false;
     }
     if (auto* const service = dynamic_cast<MessageService_PC*>(messageService_.Get());
-        service && event->type() == static_cast<QEvent::Type>(service->GetMessageID())) {
+        service && receiver == qApp && service->IsWakeUp(event)) {
         RunGuarded([service] {
             service->DeliverPosted();
             return true;
