@@ -41,11 +41,23 @@ struct Line {
     std::size_t next = 0;
 };
 
+std::size_t NextLine(std::string_view text, std::size_t start) {
+    std::size_t const end = text.find('\n', start);
+    return end == std::string_view::npos ? text.size() : end + 1;
+}
+
+/// Most lines of a file belong to other sections and needn't be taken apart.
+bool MayOpenSection(std::string_view text, std::size_t start) {
+    char const first = text[start];
+    return first == '[' || IsBlank(first);
+}
+
 Line ReadLine(std::string_view text, std::size_t start) {
     Line line;
-    std::size_t const end = std::min(text.find('\n', start), text.size());
-    line.next = std::min(end + 1, text.size());
-    std::string_view const content = Trimmed(text.substr(start, end - start));
+    line.next = NextLine(text, start);
+    std::string_view content = text.substr(start, line.next - start);
+    if (content.ends_with('\n')) content.remove_suffix(1);
+    content = Trimmed(content);
     if (content.empty() || content.front() == ';' || content.front() == '#') return line;
     if (content.front() == '[') {
         auto const close = content.find(']');
@@ -74,6 +86,10 @@ Place FindPlace(std::string_view text, std::string_view section, std::string_vie
     bool inSection = false;
     bool inFirst = false;
     for (std::size_t at = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0; at < text.size();) {
+        if (!inSection && !MayOpenSection(text, at)) {
+            at = NextLine(text, at);
+            continue;
+        }
         Line const line = ReadLine(text, at);
         at = line.next;
         if (line.kind == Line::Kind::Section) {

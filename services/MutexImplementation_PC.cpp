@@ -16,6 +16,7 @@ ComponentCreatorNormal<MutexImplementation_PC> const creator({"MutexImplementati
 
 MutexImplementation_PC::~MutexImplementation_PC() {
     // Memory of a mutex that is still held would stay in the kernel's list of this thread.
+    if (holder_ != std::this_thread::get_id()) return;
     for (; held_ > 0; --held_) mutex_->Unlock();
 }
 
@@ -25,16 +26,19 @@ void MutexImplementation_PC::Create(String const& name) {
 
 bool MutexImplementation_PC::Lock(long timeout) {
     if (!mutex_ || !mutex_->Lock(timeout)) return false;
-    ++held_;
+    auto const self = std::this_thread::get_id();
+    held_ = holder_ == self ? held_ + 1 : 1;
+    holder_ = self;
     return true;
 }
 
 void MutexImplementation_PC::Unlock() {
-    int const failure = mutex_ ? mutex_->Unlock() : EPERM;
-    if (failure == 0) {
-        --held_;
-        return;
+    int failure = EPERM;
+    if (holder_ == std::this_thread::get_id()) {
+        if (--held_ == 0) holder_ = std::thread::id();
+        failure = mutex_->Unlock();
     }
+    if (failure == 0) return;
     Diagnostics::String text("Could not unlock CMutex. Error number: ");
     text += Diagnostics::String(static_cast<unsigned long>(failure));
     Diagnostics::Report("MutexImplementation_PC::Unlock", text);

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <optional>
+#include <thread>
 
 namespace Utilities {
 
@@ -22,8 +23,10 @@ public:
 
 private:
     std::optional<RobustMutex> mutex_;
-    /// Locks taken through this object and not given back.
-    std::atomic<long> held_ = 0;
+    /// Who holds the mutex through this object, and how often. Both are changed only by the holder; a
+    /// dead one's are taken over.
+    std::atomic<std::thread::id> holder_;
+    long held_ = 0;
 };
 
 } // namespace Utilities

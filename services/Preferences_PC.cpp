@@ -26,6 +26,12 @@ constexpr long longestValue = 1023;
 constexpr off_t largestFile = off_t{16} << 20U;
 constexpr long lockTimeoutMilliseconds = 5000;
 
+/// Asked for with every read, and the system takes longer to tell than to read the file.
+std::string const& ExecutableStem() {
+    static std::string const stem = GetExecutableStem();
+    return stem;
+}
+
 std::string ConfigurationDirectory() {
     char const* const configured = std::getenv("XDG_CONFIG_HOME");
     if (configured && *configured == '/') return configured;
@@ -46,7 +52,7 @@ std::string PathFor(std::string const& name) {
 
 std::string PathToWrite() {
     std::string const name = Preferences::GetApplicationName();
-    return PathFor(name.empty() ? GetExecutableStem() : name);
+    return PathFor(name.empty() ? ExecutableStem() : name);
 }
 
 class Descriptor {
@@ -105,12 +111,12 @@ void Write(std::string const& path, String const& section, String const& key, St
 
 } // namespace
 
-String Preferences_PC::GetPathToRead() { return PathFor(GetExecutableStem()); }
+String Preferences_PC::GetPathToRead() { return PathFor(ExecutableStem()); }
 String Preferences_PC::GetPathToWrite() { return PathToWrite(); }
 
 String Preferences_PC::GetValue(String const& section, String const& key, String const& defaultValue) {
     try {
-        auto const text = ReadFile(PathFor(GetExecutableStem()));
+        auto const text = ReadFile(PathFor(ExecutableStem()));
         auto const value =
             text ? IniText::FindValue(*text, section.GetStdString(), key.GetStdString()) : std::nullopt;
         if (value) return String(value->substr(0, longestValue));

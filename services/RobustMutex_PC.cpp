@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <cstdint>
 #include <ctime>
 #include <fcntl.h>
@@ -17,6 +18,7 @@
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 
 namespace Utilities {
@@ -81,16 +83,26 @@ private:
     int number_;
 };
 
-timespec Deadline(long milliseconds) {
-    timespec time{};
-    ::clock_gettime(CLOCK_MONOTONIC, &time);
-    time.tv_sec += milliseconds / 1000;
-    time.tv_nsec += milliseconds % 1000 * 1000000;
-    if (time.tv_nsec >= 1000000000) {
-        time.tv_nsec -= 1000000000;
-        ++time.tv_sec;
+int LockWithin(pthread_mutex_t* mutex, long milliseconds) {
+#if defined(__SANITIZE_THREAD__)
+    // The thread sanitizer knows no robust lock with a time-out.
+    int result = EBUSY;
+    for (auto const end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+         result == EBUSY && std::chrono::steady_clock::now() < end;
+         std::this_thread::sleep_for(std::chrono::microseconds(100)))
+        result = ::pthread_mutex_trylock(mutex);
+    return result;
+#else
+    timespec deadline{};
+    ::clock_gettime(CLOCK_MONOTONIC, &deadline);
+    deadline.tv_sec += milliseconds / 1000;
+    deadline.tv_nsec += milliseconds % 1000 * 1000000;
+    if (deadline.tv_nsec >= 1000000000) {
+        deadline.tv_nsec -= 1000000000;
+        ++deadline.tv_sec;
     }
-    return time;
+    return ::pthread_mutex_clocklock(mutex, CLOCK_MONOTONIC, &deadline);
+#endif
 }
 
 } // namespace
@@ -155,12 +167,8 @@ bool RobustMutex::Lock(long timeout) const {
         for (int looks = 0; result == EBUSY && looks < looksBeforeSleep; ++looks)
             result = ::pthread_mutex_trylock(mutex);
     }
-    if (result == EBUSY && timeout > 0) {
-        timespec const deadline = Deadline(timeout);
-        result = ::pthread_mutex_clocklock(mutex, CLOCK_MONOTONIC, &deadline);
-    } else if (result == EBUSY && timeout < 0) {
-        result = ::pthread_mutex_lock(mutex);
-    }
+    if (result == EBUSY && timeout > 0) result = LockWithin(mutex, timeout);
+    if (result == EBUSY && timeout < 0) result = ::pthread_mutex_lock(mutex);
     if (result == EOWNERDEAD) result = ::pthread_mutex_consistent(mutex);
     return result == 0;
 }

@@ -7,6 +7,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/ApplicationImplementation_PC.cpp
   gui/colour/CirclePatch.cpp
   gui/shell/Dialog_PC.cpp
+  gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
   gui/layout/HBox.cpp
@@ -18,6 +19,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/Preferences_PC.cpp
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
+  services/SelectionService.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/VBox.cpp
   gui/shell/Window_PC.cpp
@@ -31,6 +33,9 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/Chart.cpp
   gui/charts/CurvePainter.cpp
   gui/charts/Graph.cpp
+  gui/controls/CNorvelianFixedText.cpp
+  gui/controls/FixedText.cpp
+  gui/controls/TextAdaption.cpp
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp

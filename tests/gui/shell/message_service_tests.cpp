@@ -30,7 +30,7 @@ public:
     }
 
     bool eventFilter(QObject* receiver, QEvent* event) override {
-        if (receiver != &application_ || event->type() != service_.GetMessageID()) return false;
+        if (receiver != &application_ || !service_.IsWakeUp(event)) return false;
         ++wakeUps;
         try {
             service_.DeliverPosted();
