@@ -17,9 +17,9 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/colour/Patch.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
+  services/SelectionService.cpp
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
-  services/SelectionService.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/VBox.cpp
   gui/shell/Window_PC.cpp
