@@ -5,16 +5,19 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/AdvancedControlImpl_PC.cpp
   core/plugin/BaseElements.cpp
   gui/shell/ApplicationImplementation_PC.cpp
+  services/ColorLibraryTextAdapter.cpp
   gui/shell/Dialog_PC.cpp
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
   gui/layout/HBox.cpp
+  services/LanguageService.cpp
   gui/layout/LoopBox.cpp
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
   services/SelectionService.cpp
+  services/TextAdapter.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/VBox.cpp
   gui/shell/Window_PC.cpp
@@ -43,6 +46,8 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
   services/IniText.cpp
+  services/LanguageFiles.cpp
+  services/LanguageTexts.cpp
   services/RobustMutex_PC.cpp
   services/ThreadKiller_PC.cpp
   core/plugin/ComponentFactory.cpp
