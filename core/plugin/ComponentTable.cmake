@@ -7,6 +7,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/ApplicationImplementation_PC.cpp
   services/ColorLibraryTextAdapter.cpp
   gui/shell/Dialog_PC.cpp
+  gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
   gui/layout/HBox.cpp
@@ -25,6 +26,9 @@ set(NORVELIAN_COMPONENT_SOURCES
 
 # Units without a creator, and last the exports.
 set(NORVELIAN_SUPPORT_SOURCES
+  gui/controls/CNorvelianFixedText.cpp
+  gui/controls/FixedText.cpp
+  gui/controls/TextAdaption.cpp
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
