@@ -68,8 +68,8 @@ void LanguageFiles::ReadLanguage(File keyFile, File languageFile, std::string& c
     while (!keyFile.IsAtEnd() && !languageFile.IsAtEnd()) {
         String key = keyFile.ReadLine();
         String translation = languageFile.ReadLine();
-        if (key.Length() != 0)
-            language->second.Set(Unfolded(std::move(key)), Unfolded(std::move(translation)));
+        if (key.Length() == 0) continue;
+        language->second.Set(Unfolded(std::move(key)), Unfolded(std::move(translation)));
     }
 }
 

@@ -52,14 +52,15 @@ LanguageService::~LanguageService() {
 String LanguageService::GetTranslation(String const& key) {
     if (usageCounts_) ++(*usageCounts_)[key.GetStdString()];
     if (!loaded_) Load();
-    LanguageTexts::Entry const* const entry = currentTexts_ ? currentTexts_->Find(key) : nullptr;
-    if (entry) return Shown(entry->translation, entry->hasBreak, "[", "]");
+    auto const found = currentTexts_ ? currentTexts_->Find(key) : std::nullopt;
+    if (found) return Shown(String(found->translation), found->hasBreak, "[", "]");
     return Shown(key, true, "*", "*");
 }
 
 String LanguageService::Shown(String text, bool hasBreak, char const* before, char const* after) const {
     if (hasBreak) text.Replace(breakTag, lineBreak_);
-    return markTexts_ ? String(before) + text + after : text;
+    if (markTexts_) text = String(before) + text + after;
+    return text;
 }
 
 void LanguageService::SetLanguage(String const& name) {
@@ -83,9 +84,9 @@ Vector<String> LanguageService::GetLanguages() {
 String LanguageService::GetKey(String const& text) {
     if (!loaded_) Load();
     String const plain = markTexts_ ? text.Mid(1, text.Length() - 2) : text;
-    if (currentTexts_)
-        for (LanguageTexts::Entry const& entry : currentTexts_->GetEntries())
-            if (entry.translation == plain) return entry.key;
+    for (std::size_t i = 0; currentTexts_ && i < currentTexts_->GetCount(); ++i)
+        if (auto const known = currentTexts_->Get(i); known.translation == plain.GetStdString())
+            return String(known.key);
     return plain;
 }
 

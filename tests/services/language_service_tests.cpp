@@ -139,6 +139,29 @@ Translations for this language are not taken!
     EXPECT_THROW(service.SetLanguage("Albanian"), OutOfRangeException);
 }
 
+TEST_F(LanguageServiceTest, FindsEachOfManyKeysAndTheLastTranslationOfEach) {
+    constexpr int count = 3000;
+    std::string keys = "1\n";
+    std::string texts = "1\n";
+    auto const key = [](int i) {
+        return std::to_string(i * 7919) + std::string(static_cast<std::size_t>(i % 23), 'k');
+    };
+    for (int round = 0; round < 2; ++round)
+        for (int i = 0; i < count; ++i) {
+            keys += key(i) + "\n";
+            texts += "round " + std::to_string(round) + " of " + key(i) + "\n";
+        }
+    Language("Languages.key", keys);
+    Language("English.lang", texts);
+    LanguageService service;
+    for (int i = 0; i < count; ++i) {
+        std::string const translation = "round 1 of " + key(i);
+        ASSERT_EQ(service.GetTranslation(key(i)), translation.c_str());
+        ASSERT_EQ(service.GetTranslation(key(i) + "k"), (key(i) + "k").c_str());
+    }
+    EXPECT_EQ(service.GetKey("round 1 of 7919k"), "7919k");
+}
+
 TEST_F(LanguageServiceTest, SaysWhatIsMissing) {
     {
         LanguageService service;
