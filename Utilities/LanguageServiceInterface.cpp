@@ -1,0 +1,33 @@
+#include "Utilities/LanguageServiceInterface.h"
+
+#include "Utilities/NamingService.h"
+#include "Utilities/TranslationService.h"
+
+namespace Utilities {
+
+namespace {
+
+/// Texts are asked for with every paint, so the service isn't looked up by name each time.
+TranslationService*& Living() {
+    static TranslationService* service = nullptr;
+    return service;
+}
+
+} // namespace
+
+TranslationService::TranslationService() { Living() = this; }
+
+TranslationService::~TranslationService() {
+    if (Living() == this) Living() = nullptr;
+}
+
+TranslationService* TranslationService::FindLiving() { return Living(); }
+
+String LanguageServiceInterface::GetTranslation(String const& key) {
+    if (TranslationService* const service = Living()) return service->GetTranslation(key);
+    if (!NamingService::Instance()->IsRegistered("LanguageService")) return key;
+    auto const service = ResolveComponent<TranslationService>("LanguageService");
+    return service.IsNull() ? key : service->GetTranslation(key);
+}
+
+} // namespace Utilities
