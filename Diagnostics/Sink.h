@@ -8,7 +8,8 @@
 ///
 /// Many operations of the system swallow a failure by contract. All of them do it through this one
 /// pair of functions, so that a host that wants to know what was dropped can install a sink. Without
-/// a sink a dropped failure is gone. Used on the GUI thread; the sink itself must not throw.
+/// a sink a dropped failure is gone. All three functions may be called on any thread, and the sink runs on
+/// the thread that reports; it must not throw.
 namespace Diagnostics {
 
 using Sink = std::function<void(String const& where, String const& what)>;

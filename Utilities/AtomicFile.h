@@ -1,15 +1,25 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace Utilities {
 
-/// Replaces a file's contents so that a reader, and the disk after a crash, has either the old contents
-/// or the new ones. The contents go into a temporary file beside it, are flushed to the disk and take the
-/// file's place by renaming; a symbolic link keeps its place, and an existing file its permissions.
-/// Throws `ResourceException` with file and reason; the old contents stand then, and the temporary file
-/// is gone.
-void WriteFileAtomically(std::string const& path, std::string_view contents);
+/// What a written file survives.
+enum class Durability : std::uint8_t {
+    /// The death of the process at any moment.
+    ProcessDeath,
+    /// A power failure too; the write waits for the disk.
+    PowerFailure
+};
+
+/// Replaces a file's contents as a whole: the new bytes go to a temporary file in the same directory,
+/// which then takes the file's place. Whoever reads the file, at whatever moment this process dies, finds
+/// the old bytes or the new ones. The permissions of an existing file are kept, and a symbolic link
+/// goes on pointing at the file.
+/// Throws `ResourceException` naming file and reason, and leaves the old file and nothing else behind.
+void WriteFileAtomically(std::string const& path, std::string_view contents,
+                         Durability durability = Durability::PowerFailure);
 
 } // namespace Utilities

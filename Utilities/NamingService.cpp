@@ -26,8 +26,8 @@ void NamingService::UnRegisterComponent(ComponentCreatorBase* creator) {
 void NamingService::Resolve(std::string const& name, SmartPointer<Component>& result) {
     auto const entry = byName_.find(name);
     if (entry == byName_.end())
-        throw Norvelian::Utilities::Exceptions::ResourceNotAvailableException("There is no component named \"" +
-                                                                              name + "\"");
+        throw Norvelian::Utilities::Exceptions::ResourceNotAvailableException(
+            "There is no component named \"" + name + "\"");
     entry->second.front()->Create(result);
 }
 

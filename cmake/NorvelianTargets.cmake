@@ -27,10 +27,13 @@ set(NORVELIAN_SANITIZER "" CACHE STRING "Value for -fsanitize=, for example addr
 # Compiler settings of our own targets; never exported.
 add_library(norvelian_options INTERFACE)
 target_compile_options(norvelian_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # Unique symbols would pin the plug-in in the process for ever.
   target_compile_options(norvelian_options INTERFACE -fno-gnu-unique)
+  # GCC 12 sees overlaps in std::string that aren't there (its bug 105651), and doesn't see that a
+  # counted pointer with a second holder deletes nothing.
+  target_compile_options(norvelian_options INTERFACE -Wno-restrict -Wno-use-after-free)
 endif()
 if(NORVELIAN_SANITIZER)
   target_compile_options(norvelian_options INTERFACE

@@ -39,11 +39,7 @@ public:
     ListIterator(ListIterator const& other) { Enter(other.node_); }
     ListIterator(ListIterator&& other) noexcept : node_(std::exchange(other.node_, nullptr)) {}
     /// A position in a list that may be changed serves where one to read is wanted.
-    ListIterator(ListIterator<Value> const& other)
-        requires std::is_const_v<T>
-    {
-        Enter(other.node_);
-    }
+    ListIterator(ListIterator<Value> const& other) requires std::is_const_v<T> { Enter(other.node_); }
     ListIterator& operator=(ListIterator const& other) {
         if (node_ != other.node_) {
             Leave();

@@ -28,7 +28,8 @@ public:
     Map() = default;
     explicit Map(std::uint32_t bucketCount) : bucketCount_(bucketCount) {}
     Map(Map const& other)
-        : count_(other.count_), buckets_(other.buckets_ ? std::make_unique<Buckets>(*other.buckets_) : nullptr),
+        : count_(other.count_),
+          buckets_(other.buckets_ ? std::make_unique<Buckets>(*other.buckets_) : nullptr),
           bucketCount_(other.bucketCount_) {}
     Map(Map&& other) noexcept
         : count_(std::exchange(other.count_, 0)), buckets_(std::move(other.buckets_)),
@@ -114,7 +115,9 @@ public:
 private:
     template <class, class> friend class MapIterator;
 
-    std::uint32_t BucketOf(Key const& key) const { return static_cast<std::uint32_t>(key.GetHash(bucketCount_)); }
+    std::uint32_t BucketOf(Key const& key) const {
+        return static_cast<std::uint32_t>(key.GetHash(bucketCount_));
+    }
 
     template <class Iterator, class Self> static Iterator FindIn(Self& self, Key const& key) {
         if (self.count_ == 0) return {};
@@ -174,7 +177,8 @@ private:
         return entry_.Current();
     }
     void SkipEmptyChains() {
-        while (!entry_.IsValid() && bucket_ + 1 < map_->bucketCount_) entry_ = map_->ChainAt(++bucket_).Begin();
+        while (!entry_.IsValid() && bucket_ + 1 < map_->bucketCount_)
+            entry_ = map_->ChainAt(++bucket_).Begin();
     }
 
     std::uint32_t bucket_ = 0;

@@ -20,6 +20,9 @@ struct SharedCount {
     void (*destroy)(void* object) = nullptr;
 };
 
+/// The last holder is gone: deletes the object, then the count.
+void DestroyShared(SharedCount* count);
+
 } // namespace Detail
 
 /// A pointer that owns its object together with all its copies.
@@ -31,7 +34,8 @@ struct SharedCount {
 template <class T, class CountKind = int> class SmartPointer {
 public:
     SmartPointer() = default;
-    SmartPointer(std::nullptr_t) {} // NOLINT(google-explicit-constructor): null converts, as for a plain pointer
+    SmartPointer(std::nullptr_t) {
+    } // NOLINT(google-explicit-constructor): null converts, as for a plain pointer
     /// Takes ownership; null stays null without a count.
     explicit SmartPointer(T* object) : object_(object) {
         if (!object) return;
@@ -45,8 +49,8 @@ public:
 
     /// Upward conversions are static, downward ones a dynamic cast.
     template <class Other>
-        requires(!std::is_same_v<T, Other>)
-    SmartPointer(SmartPointer<Other, CountKind> const& other) // NOLINT(google-explicit-constructor): contracted
+    requires(!std::is_same_v<T, Other>) SmartPointer(
+        SmartPointer<Other, CountKind> const& other) // NOLINT(google-explicit-constructor): contracted
         : counter_(other.counter_), object_(Convert(other.object_)) {
         Hold();
     }
@@ -87,10 +91,7 @@ private:
         if (counter_) ++counter_->holders;
     }
     void Release() {
-        if (counter_ && --counter_->holders == 0) {
-            counter_->destroy(counter_->object);
-            delete counter_;
-        }
+        if (counter_ && --counter_->holders == 0) Detail::DestroyShared(counter_);
         counter_ = nullptr;
         object_ = nullptr;
     }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 namespace Utilities {
 

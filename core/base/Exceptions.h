@@ -65,7 +65,8 @@ protected:
 private:
     std::string message_;
 };
-template <> class StdExceptionAdapter<std::bad_alloc> : public MessageHoldingExceptionAdapter<std::bad_alloc> {
+template <>
+class StdExceptionAdapter<std::bad_alloc> : public MessageHoldingExceptionAdapter<std::bad_alloc> {
     using MessageHoldingExceptionAdapter::MessageHoldingExceptionAdapter;
 };
 template <> class StdExceptionAdapter<std::bad_cast> : public MessageHoldingExceptionAdapter<std::bad_cast> {
@@ -80,7 +81,8 @@ class StdExceptionAdapter<std::bad_typeid> : public MessageHoldingExceptionAdapt
 template <class E> class ExceptionAdapter : public StdExceptionAdapter<E>, public TraceableExceptionAdapter {
 public:
     /// A location that isn't empty becomes the first entry of the trace.
-    ExceptionAdapter(std::string const& message, std::string const& location) : StdExceptionAdapter<E>(message) {
+    ExceptionAdapter(std::string const& message, std::string const& location)
+        : StdExceptionAdapter<E>(message) {
         if (!location.empty()) AppendToTrace(location);
     }
 

@@ -49,7 +49,8 @@ String String::Mid(long start, long count) const {
         start = 0;
     }
     if (start >= Length() || count <= 0) return {};
-    return String(std::string_view(text_).substr(static_cast<std::size_t>(start), static_cast<std::size_t>(count)));
+    return String(
+        std::string_view(text_).substr(static_cast<std::size_t>(start), static_cast<std::size_t>(count)));
 }
 
 long String::FindSubstring(String const& what, long start) const {

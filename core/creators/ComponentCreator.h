@@ -13,7 +13,8 @@ public:
     Descriptor GetDescriptor() override { return description_.GetDescriptor(); }
 
 protected:
-    explicit RegisteringComponentCreator(ComponentDescription const& description) : description_(description) {}
+    explicit RegisteringComponentCreator(ComponentDescription const& description)
+        : description_(description) {}
 
     /// Called by the concrete class, whose virtual operations the directory uses.
     void Register() noexcept {
@@ -44,7 +45,9 @@ public:
     }
     ~ComponentCreatorNormal() override { UnRegister(); }
 
-    void Create(SmartPointer<Component>& result) override { result = SmartPointer<Component>(MakeSmart<T>()); }
+    void Create(SmartPointer<Component>& result) override {
+        result = SmartPointer<Component>(MakeSmart<T>());
+    }
     bool PrepareForUnload() override { return true; }
 };
 

@@ -53,7 +53,8 @@ template <class Number> struct NumberReader {
 
 } // namespace
 
-Anything::Anything(VectorOfAnythings const& value) : value_(std::make_shared<VectorOfAnythings const>(value)) {}
+Anything::Anything(VectorOfAnythings const& value)
+    : value_(std::make_shared<VectorOfAnythings const>(value)) {}
 Anything::Anything(MapOfAnythings const& value) : value_(std::make_shared<MapOfAnythings const>(value)) {}
 
 bool Anything::GetBool() const {
@@ -99,7 +100,8 @@ bool Anything::operator==(Anything const& other) const {
 
 Anything Anything::Detached() const {
     switch (GetKind()) {
-    case Kind::String: return Anything(GetString());
+    case Kind::String:
+        return Anything(GetString());
     case Kind::Vector: {
         VectorOfAnythings copy(GetVectorOfAnythings());
         for (Anything& element : copy) element = element.Detached();
@@ -110,7 +112,8 @@ Anything Anything::Detached() const {
         for (auto it = copy.Begin(); it.IsValid(); ++it) it.GetValue() = it.GetValue().Detached();
         return {copy};
     }
-    default: return *this;
+    default:
+        return *this;
     }
 }
 

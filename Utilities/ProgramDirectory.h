@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace Utilities {
+
+/// Full path of the running program.
+std::string GetExecutablePath();
+/// The program's name: its file's name up to the first ".".
+std::string GetExecutableStem();
+/// Where the program's own files lie: the directory of the executable if "images" or "Languages" stand
+/// in it, otherwise "../share/<program>".
+std::string GetProgramDirectory();
+/// The plug-in module of that name: beside the libraries of this system, in their directory "norvelian".
+std::string GetModulePath(std::string const& name);
+
+} // namespace Utilities

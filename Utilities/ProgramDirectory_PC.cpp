@@ -1,0 +1,36 @@
+#include "Utilities/ProgramDirectory.h"
+
+#include <dlfcn.h>
+#include <filesystem>
+
+namespace Utilities {
+
+namespace fs = std::filesystem;
+
+std::string GetExecutablePath() {
+    std::error_code failure;
+    return fs::read_symlink("/proc/self/exe", failure).string();
+}
+
+std::string GetExecutableStem() {
+    std::string const name = fs::path(GetExecutablePath()).filename().string();
+    return name.substr(0, name.find('.'));
+}
+
+std::string GetProgramDirectory() {
+    fs::path const directory = fs::path(GetExecutablePath()).parent_path();
+    std::error_code failure;
+    if (fs::is_directory(directory / "images", failure) || fs::is_directory(directory / "Languages", failure))
+        return directory.string();
+    return (directory.parent_path() / "share" / GetExecutableStem()).string();
+}
+
+std::string GetModulePath(std::string const& name) {
+    Dl_info library{};
+    if (dladdr(reinterpret_cast<void const*>(&GetModulePath), &library) == 0 || !library.dli_fname) return {};
+    std::error_code failure;
+    fs::path const path = fs::canonical(library.dli_fname, failure);
+    return (path.parent_path() / "norvelian" / (name + ".so")).string();
+}
+
+} // namespace Utilities

@@ -1,0 +1,12 @@
+#include "Utilities/Thread.h"
+
+#include "Utilities/NamingService.h"
+
+namespace Utilities {
+
+Thread::Thread() : implementation_(ResolveComponent<ThreadImplementation>("ThreadImplementation")) {}
+
+void Thread::Start(Runnable* object) { implementation_->Start(object); }
+void Thread::Stop(long waitMilliseconds) { implementation_->Stop(waitMilliseconds); }
+
+} // namespace Utilities

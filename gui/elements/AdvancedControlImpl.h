@@ -1,0 +1,53 @@
+#pragma once
+
+#include "core/base/String.h"
+#include "core/component/Component.h"
+#include "gui/elements/Description.h"
+#include "gui/elements/KeyState.h"
+#include "gui/elements/PlatformIndependentDeviceContext.h"
+#include "gui/elements/PlatformIndependentWindowID.h"
+
+#include <utility>
+
+namespace GUI {
+
+class Pane;
+
+/// The window behind a pane. A pane asks the directory for the component "AdvancedControlImpl", hands
+/// itself over with `SetPane`, then calls `Initialize`, and works through it from then on. What happens
+/// to the window comes back through the forwarders, each of which does nothing while there is no pane.
+class AdvancedControlImpl : public Utilities::Component {
+public:
+    virtual void Initialize(PlatformIndependentWindowID const& parent,
+                            DescriptionTree const& description) = 0;
+    virtual void SetSize(long width, long height) = 0;
+    virtual void SetPosition(long x, long y) = 0;
+    /// Paints before it returns. While the window or one that holds it is being painted, it paints at
+    /// the end of that paint instead.
+    virtual void Repaint() = 0;
+    virtual void SetFocus() = 0;
+    virtual void SetID(unsigned short id) = 0;
+    virtual void UpdateDeviceContext() = 0;
+    virtual void SetMouseCapture(bool capture) = 0;
+    virtual Utilities::String GetToolTipText(unsigned short x, unsigned short y);
+    /// A pane gets the system's dialog colour as its background.
+    virtual void SetPane(Pane* pane);
+    virtual void Show(bool visible) = 0;
+
+    void OnPaint(PlatformIndependentDeviceContext& context);
+    bool OnLeftButtonDown(bool controlKey, long x, long y);
+    bool OnLeftButtonUp(long x, long y);
+    bool OnMouseMove(long x, long y);
+    bool OnMouseLeave();
+    void OnGetDeviceContext(PlatformIndependentDeviceContext& context);
+    void OnSelectionChanged(Utilities::String const& name, bool selected);
+    bool IsDragable(std::pair<long, long> const& point);
+
+protected:
+    Pane* GetPane() const { return pane_; }
+
+private:
+    Pane* pane_ = nullptr;
+};
+
+} // namespace GUI

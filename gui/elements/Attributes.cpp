@@ -1,0 +1,67 @@
+#include "gui/elements/Attributes.h"
+
+#include <algorithm>
+
+namespace GUI {
+
+namespace {
+
+std::vector<AttributeTable const*>& Tables() {
+    static std::vector<AttributeTable const*> tables;
+    return tables;
+}
+
+namespace Common = CommonAttributes;
+
+constexpr Attribute elementAttributes[] = {
+    Common::elementType,  Common::elementName,   Common::registered,    Common::minimalWidth,
+    Common::maximalWidth, Common::minimalHeight, Common::maximalHeight, Common::justificationOnX,
+    Common::helpFile,     Common::helpTopic,     Common::properties,
+};
+AttributeTable const elementTable("GUIElement", "", elementAttributes);
+
+constexpr Attribute paneAttributes[] = {Common::paneName, Common::frame, Common::backgroundColor,
+                                        Common::selectable};
+AttributeTable const paneTable("Pane", "GUIElement", paneAttributes);
+
+} // namespace
+
+AttributeTable::AttributeTable(char const* component, char const* base, std::span<Attribute const> attributes)
+    : component_(component), base_(base), attributes_(attributes) {
+    Tables().push_back(this);
+}
+
+AttributeTable::~AttributeTable() { std::erase(Tables(), this); }
+
+AttributeTable const* AttributeTable::Find(std::string_view component) {
+    auto const& tables = Tables();
+    auto const found = std::find_if(tables.begin(), tables.end(), [component](auto const* table) {
+        return table->component_ == component;
+    });
+    return found == tables.end() ? nullptr : *found;
+}
+
+std::vector<AttributeTable const*> const& AttributeTable::GetAll() { return Tables(); }
+
+std::vector<Attribute> AttributeTable::Collect(std::string_view component) {
+    std::vector<Attribute> collected;
+    for (AttributeTable const* table = Find(component); table; table = Find(table->base_)) {
+        // A key that a derived element restates keeps its meaning there.
+        std::vector<Attribute> level(table->attributes_.begin(), table->attributes_.end());
+        std::erase_if(level, [&collected](Attribute const& candidate) {
+            return std::any_of(collected.begin(), collected.end(), [&candidate](Attribute const& known) {
+                return std::string_view(known.key) == candidate.key;
+            });
+        });
+        collected.insert(collected.begin(), level.begin(), level.end());
+    }
+    return collected;
+}
+
+Utilities::String AttributeReader::Text(Attribute const& attribute) const {
+    if (attribute.mandatory) return attributes_[attribute.key].GetString();
+    auto const found = attributes_.Find(attribute.key);
+    return found.IsValid() ? found.GetValue().GetString() : Utilities::String(attribute.defaultValue);
+}
+
+} // namespace GUI

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "gui/elements/Description.h"
+#include "gui/elements/RGBVector.h"
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace GUI {
+
+/// What the text of an attribute stands for.
+enum class AttributeType : std::uint8_t { Text, Flag, Number, Colour, ElementName, ImageName, Map };
+
+/// One attribute of an element's description: its key beside its default, as data that can be listed.
+struct Attribute {
+    char const* key;
+    AttributeType type;
+    /// The text that stands when the attribute is absent.
+    char const* defaultValue;
+    char const* meaning;
+    /// Its absence is an error.
+    bool mandatory = false;
+};
+
+/// Says which attributes the elements of one component read beyond those of another one. Instances
+/// are static objects beside the component's creator, and live as long as the module does; checks of
+/// descriptions and the schema for editors are made from them.
+class AttributeTable {
+public:
+    /// `component` is the name in descriptions; `base` is the table that it extends, empty for none.
+    AttributeTable(char const* component, char const* base, std::span<Attribute const> attributes);
+    AttributeTable(AttributeTable const&) = delete;
+    AttributeTable& operator=(AttributeTable const&) = delete;
+    ~AttributeTable();
+
+    std::string_view GetComponent() const { return component_; }
+    std::string_view GetBase() const { return base_; }
+    std::span<Attribute const> GetAttributes() const { return attributes_; }
+
+    /// The table of that component, null if it has none.
+    static AttributeTable const* Find(std::string_view component);
+    static std::vector<AttributeTable const*> const& GetAll();
+    /// All attributes of a component, those of its bases first.
+    static std::vector<Attribute> Collect(std::string_view component);
+
+private:
+    char const* component_;
+    char const* base_;
+    std::span<Attribute const> attributes_;
+};
+
+/// Reads typed attributes of one node. An absent attribute gives its default, or throws
+/// `OutOfRangeException` if it is mandatory, as does a number that can't be read.
+class AttributeReader {
+public:
+    explicit AttributeReader(AttributeMap const& attributes) : attributes_(attributes) {}
+
+    bool Has(Attribute const& attribute) const { return attributes_.Find(attribute.key).IsValid(); }
+    Utilities::String Text(Attribute const& attribute) const;
+    /// True only if the text is "Yes".
+    bool Flag(Attribute const& attribute) const { return Text(attribute) == "Yes"; }
+    /// True unless the text is "No", for flags that are on unless switched off.
+    bool FlagUnlessNo(Attribute const& attribute) const { return !(Text(attribute) == "No"); }
+    long Long(Attribute const& attribute) const { return Text(attribute).GetLong(); }
+    unsigned long Unsigned(Attribute const& attribute) const { return Text(attribute).GetUnsignedLong(); }
+    double Number(Attribute const& attribute) const { return Text(attribute).GetDouble(); }
+    RGBVector Colour(Attribute const& attribute) const {
+        return RGBVector(Utilities::Anything(Text(attribute)));
+    }
+
+private:
+    AttributeMap const& attributes_;
+};
+
+/// Attributes that the base classes read for every element.
+namespace CommonAttributes {
+
+inline constexpr Attribute elementType{"GUIElementType", AttributeType::Text, "", "Component to create",
+                                       true};
+inline constexpr Attribute elementName{"ElementName", AttributeType::ElementName, "",
+                                       "Name within the dialog; the key for values and callbacks"};
+inline constexpr Attribute registered{"Register", AttributeType::Flag, "Yes",
+                                      "Whether the element can be found by name"};
+inline constexpr Attribute minimalWidth{"MinimalWidth", AttributeType::Number, "0",
+                                        "Smallest width in pixels"};
+inline constexpr Attribute maximalWidth{"MaximalWidth", AttributeType::Number, "10000",
+                                        "Largest width in pixels, and the weight when space is shared"};
+inline constexpr Attribute minimalHeight{"MinimalHeight", AttributeType::Number, "0",
+                                         "Smallest height in pixels"};
+inline constexpr Attribute maximalHeight{"MaximalHeight", AttributeType::Number, "10000",
+                                         "Largest height in pixels, and the weight when space is shared"};
+inline constexpr Attribute justificationOnX{"JustificationOnX", AttributeType::Text, "Yes",
+                                            "How the element sits in a wider slot"};
+inline constexpr Attribute helpFile{"HelpFile", AttributeType::Text, "", "Help file shown for the element"};
+inline constexpr Attribute helpTopic{"HelpTopic", AttributeType::Number, "0", "Topic within the help file"};
+inline constexpr Attribute properties{"Properties", AttributeType::Map, "", "Property set for the inspector"};
+
+/// Of panes; a pane needs a name.
+inline constexpr Attribute paneName{"ElementName", AttributeType::ElementName, "",
+                                    "Name within the dialog; the key for values and callbacks", true};
+inline constexpr Attribute frame{"Frame", AttributeType::Flag, "No", "A frame around the pane"};
+inline constexpr Attribute backgroundColor{"BackgroundColor", AttributeType::Colour, "",
+                                           "Background; the window's own colour if absent"};
+inline constexpr Attribute selectable{"Selectable", AttributeType::Flag, "No",
+                                      "Whether Tab reaches the pane"};
+
+} // namespace CommonAttributes
+
+} // namespace GUI

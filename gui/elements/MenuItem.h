@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Utilities/Tools/Tree.h"
+#include "core/base/String.h"
+#include "core/values/Callback.h"
+
+namespace GUI {
+
+/// One entry of a menu: a text, a hot key such as "CTRL+SHIFT+S", a command number, and what it does.
+class MenuItem {
+public:
+    MenuItem() = default;
+    MenuItem(Utilities::String const& text, Utilities::String const& hotKey, long command,
+             Utilities::Callback const& action = {}, bool enabled = true)
+        : text_(text), hotKey_(hotKey), command_(command), action_(action), enabled_(enabled) {}
+
+    Utilities::String const& GetText() const { return text_; }
+    Utilities::String const& GetHotKey() const { return hotKey_; }
+    /// 0 stands for an item without a command of its own.
+    long GetCommand() const { return command_; }
+    void SetCommand(long command) { command_ = command; }
+    bool IsEnabled() const { return enabled_; }
+    /// The action's result; 0 without one.
+    long Execute(Utilities::Anything& argument) { return action_.Execute(argument); }
+
+    /// The item of that command anywhere in the tree, null if there is none.
+    static MenuItem* FindMenuItem(Utilities::Tree<MenuItem>& items, long command);
+
+private:
+    Utilities::String text_;
+    Utilities::String hotKey_;
+    long command_ = 0;
+    Utilities::Callback action_;
+    bool enabled_ = true;
+};
+
+} // namespace GUI

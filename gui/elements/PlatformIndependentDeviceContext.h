@@ -1,0 +1,83 @@
+#pragma once
+
+#include "Utilities/Tools/Pair.h"
+#include "Utilities/Tools/Vector.h"
+#include "core/base/String.h"
+#include "gui/elements/RGBVector.h"
+
+namespace GUI {
+
+/// The surface of one paint.
+///
+/// It lives on the stack of whoever got the platform's paint notification, or of a picture being drawn
+/// into; nothing may keep it longer. Pen, brush and font are in no stated condition when a paint
+/// begins: painting code sets them before each figure.
+///
+/// Conventions, which every implementation keeps to the pixel:
+/// - Coordinates are pixels from the surface's origin, 16-bit signed, x to the right, y downward.
+/// - A box is given by left, top, right, bottom with right and bottom outside: the outline of width 1
+///   of a rectangle lies on left, top, right - 1 and bottom - 1. A box whose right or bottom does not
+///   lie beyond left or top draws nothing.
+/// - A line leaves out its last point; a line without length draws nothing. The outline of a polygon
+///   is closed and has all its points.
+/// - Pens of width 0 and 1 are one pixel wide, without antialiasing. Wider pens lie centred on the
+///   line, with the odd pixel of an even width above and to the left.
+/// - Angles are degrees, counter-clockwise from the x axis.
+/// - Font heights are points at 96 pixels an inch. A face that isn't installed is substituted: Arial
+///   by Liberation Sans, others by the platform's sans serif. The smallest size is 8 points.
+/// - Text is bytes; what they mean is decided by the implementation (UTF-8, else Windows-1252).
+class PlatformIndependentDeviceContext {
+public:
+    /// Pen styles.
+    static constexpr long solid = 0;
+    static constexpr long dashed = 1;
+    static constexpr long dotted = 2;
+    static constexpr long noPen = 5;
+
+    using Points = Utilities::Vector<Utilities::Pair<long, long>>;
+
+    PlatformIndependentDeviceContext() = default;
+    PlatformIndependentDeviceContext(PlatformIndependentDeviceContext const&) = delete;
+    PlatformIndependentDeviceContext& operator=(PlatformIndependentDeviceContext const&) = delete;
+    /// Releases what the surface selected.
+    virtual ~PlatformIndependentDeviceContext() = default;
+
+    /// The colour behind text and hatch patterns; returns the previous one.
+    virtual RGBVector SetBackgroundColor(RGBVector const& color) = 0;
+    /// The colour of `DrawText`; returns the previous one.
+    virtual RGBVector SetTextColor(RGBVector const& color) = 0;
+    /// Selects the pen for lines and outlines until the next call.
+    virtual void SetPen(RGBVector const& color, long width, long style) = 0;
+    /// Selects a solid brush for filled figures.
+    virtual void SetBrush(RGBVector const& color) = 0;
+    /// `width` is the average width of a character in pixels, 0 for the face's own; `escapement` turns
+    /// the base line by tenths of a degree; `bold` 1 selects the bold weight.
+    virtual void SetFont(short height, short width, short escapement, Utilities::String const& face,
+                         short bold) = 0;
+
+    /// Sets the current position.
+    virtual void MoveTo(short x, short y) = 0;
+    /// Draws a line from the current position, which moves to the line's end.
+    virtual void LineTo(short x, short y) = 0;
+    /// One line; the current position stays.
+    virtual void DrawLine(short x1, short y1, short x2, short y2) = 0;
+    /// The outline alone.
+    virtual void DrawRectangle(short left, short top, short right, short bottom) = 0;
+    /// The inside with the brush, the outline with the pen; so with all `Fill` operations.
+    virtual void FillRectangle(short left, short top, short right, short bottom) = 0;
+    virtual void DrawEllipse(short left, short top, short right, short bottom) = 0;
+    virtual void FillEllipse(short left, short top, short right, short bottom) = 0;
+    virtual void DrawArc(short cx, short cy, short radius, float startAngle, float sweepAngle) = 0;
+    /// The sector that the same arc bounds; a sweep of 360 degrees is a full disc.
+    virtual void FillPie(short cx, short cy, short radius, float startAngle, float sweepAngle) = 0;
+    virtual void DrawPolygon(Points points) = 0;
+    virtual void FillPolygon(Points points) = 0;
+    /// The named image of the image service with its top left corner at (x, y).
+    virtual void DrawImage(short x, short y, Utilities::String const& imageName) = 0;
+    /// Text with its top left corner at (x, y), nothing behind it.
+    virtual void DrawText(short x, short y, Utilities::String const& text) = 0;
+    /// The size of a text in the selected font; an empty one has the width 0.
+    virtual void GetTextExtent(Utilities::String const& text, long& width, long& height) = 0;
+};
+
+} // namespace GUI

@@ -1,0 +1,59 @@
+#include "gui/elements/RGBVector.h"
+
+#include <algorithm>
+
+namespace GUI {
+
+using Norvelian::Utilities::Exceptions::OutOfRangeException;
+using Utilities::Anything;
+using Utilities::String;
+
+namespace {
+
+unsigned char Channel(long value, String const& source) {
+    if (value < 0 || value > 255)
+        throw OutOfRangeException("\"" + source.GetStdString() +
+                                  "\" is not a colour: a channel is outside 0 to 255");
+    return static_cast<unsigned char>(value);
+}
+
+} // namespace
+
+RGBVector::RGBVector(Anything const& value) {
+    if (value.IsOfTypeMap()) {
+        auto const& record = value.GetMapOfAnythings();
+        red_ = Channel(record["Red"].GetLong(), "Red");
+        green_ = Channel(record["Green"].GetLong(), "Green");
+        blue_ = Channel(record["Blue"].GetLong(), "Blue");
+        auto const inGamut = record.Find("InGamut");
+        inGamut_ = !inGamut.IsValid() || inGamut.GetValue().GetBool();
+        return;
+    }
+    if (!value.IsOfTypeString())
+        throw OutOfRangeException("A colour is a record or three numbers with commas");
+    String const& text = value.GetString();
+    if (text.GetTokenCount(',') != 3)
+        throw OutOfRangeException("\"" + text.GetStdString() +
+                                  "\" is not a colour: three numbers with commas are");
+    red_ = Channel(text.GetToken(0, ',').GetLong(), text);
+    green_ = Channel(text.GetToken(1, ',').GetLong(), text);
+    blue_ = Channel(text.GetToken(2, ',').GetLong(), text);
+}
+
+Anything RGBVector::GetAnything() const {
+    Anything::MapOfAnythings record;
+    record["Red"] = static_cast<short>(red_);
+    record["Green"] = static_cast<short>(green_);
+    record["Blue"] = static_cast<short>(blue_);
+    record["InGamut"] = inGamut_;
+    return {record};
+}
+
+void RGBVector::Darker(unsigned short const& percent) {
+    int const left = 100 - std::min<int>(percent, 100);
+    red_ = static_cast<unsigned char>(red_ * left / 100);
+    green_ = static_cast<unsigned char>(green_ * left / 100);
+    blue_ = static_cast<unsigned char>(blue_ * left / 100);
+}
+
+} // namespace GUI

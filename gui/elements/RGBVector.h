@@ -1,0 +1,47 @@
+#pragma once
+
+#include "core/values/Anything.h"
+
+namespace GUI {
+
+/// A screen colour: red, green and blue of 8 bits each, and whether the screen can really show it.
+///
+/// A colour that was converted from a measured one may lie outside what the screen can show; the
+/// in-gamut flag says so and travels with the colour wherever it goes as a record.
+class RGBVector {
+public:
+    /// Black.
+    RGBVector() = default;
+    RGBVector(unsigned char red, unsigned char green, unsigned char blue)
+        : red_(red), green_(green), blue_(blue) {}
+    /// Reads the record that `GetAnything` makes, or three decimal numbers with commas, red first, as
+    /// they stand in a description. Anything else throws `OutOfRangeException`.
+    explicit RGBVector(Utilities::Anything const& value);
+
+    unsigned char GetRed() const { return red_; }
+    unsigned char GetGreen() const { return green_; }
+    unsigned char GetBlue() const { return blue_; }
+    void SetRed(unsigned char red) { red_ = red; }
+    void SetGreen(unsigned char green) { green_ = green; }
+    void SetBlue(unsigned char blue) { blue_ = blue; }
+
+    /// True unless set otherwise.
+    bool IsInGamut() const { return inGamut_; }
+    void SetInGamut(bool inGamut) { inGamut_ = inGamut; }
+
+    /// A map with the keys "Red", "Green", "Blue" (short) and "InGamut" (bool).
+    Utilities::Anything GetAnything() const;
+
+    /// Takes that share of each channel away; 0 changes nothing and 100 gives black.
+    void Darker(unsigned short const& percent);
+
+    bool operator==(RGBVector const&) const = default;
+
+private:
+    unsigned char red_ = 0;
+    unsigned char green_ = 0;
+    unsigned char blue_ = 0;
+    bool inGamut_ = true;
+};
+
+} // namespace GUI

@@ -1,0 +1,77 @@
+#include "gui/layout/FrameBox.h"
+
+#include "Diagnostics/Sink.h"
+#include "core/creators/ComponentCreator.h"
+#include "gui/elements/Attributes.h"
+
+namespace GUI {
+
+using Norvelian::Utilities::Exceptions::OutOfRangeException;
+
+namespace {
+
+constexpr Attribute topKey{"Top", AttributeType::Number, "0", "Upper margin in pixels"};
+constexpr Attribute leftKey{"Left", AttributeType::Number, "0", "Left margin in pixels"};
+constexpr Attribute rightKey{"Right", AttributeType::Number, "0", "Right margin in pixels"};
+constexpr Attribute bottomKey{"Bottom", AttributeType::Number, "0", "Lower margin in pixels"};
+constexpr Attribute attributeList[] = {topKey, leftKey, rightKey, bottomKey};
+
+Utilities::ComponentCreatorNormal<FrameBox> const creator({"FrameBox", "$Revision: 1.12 $", "GUI"});
+AttributeTable const table("FrameBox", "GUIElement", attributeList);
+
+/// Sizes are 32 bits wide and wrap.
+unsigned long Add(unsigned long size, std::uint32_t first, std::uint32_t second = 0) {
+    return static_cast<std::uint32_t>(size) + first + second;
+}
+unsigned long Subtract(unsigned long size, std::uint32_t first, std::uint32_t second) {
+    return static_cast<std::uint32_t>(size) - first - second;
+}
+
+} // namespace
+
+void FrameBox::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                          DialogDataSource* dataSource) {
+    try {
+        AttributeReader const attributes(description);
+        top_ = static_cast<std::uint32_t>(attributes.Unsigned(topKey));
+        left_ = static_cast<std::uint32_t>(attributes.Unsigned(leftKey));
+        right_ = static_cast<std::uint32_t>(attributes.Unsigned(rightKey));
+        bottom_ = static_cast<std::uint32_t>(attributes.Unsigned(bottomKey));
+    } catch (OutOfRangeException const&) {
+        Diagnostics::DropException("FrameBox::Initialize");
+    }
+    try {
+        CreateChildren(parent, description, dataSource);
+    } catch (...) {
+        Diagnostics::DropException("FrameBox::Initialize");
+    }
+}
+
+void FrameBox::SetPosition(unsigned long x, unsigned long y) {
+    GUIElement::SetPosition(x, y);
+    if (GUIElement* const child = GetFirstChild()) child->SetPosition(Add(x, left_), Add(y, top_));
+}
+
+void FrameBox::SetSize(unsigned long width, unsigned long height) {
+    GUIElement::SetSize(width, height);
+    if (GUIElement* const child = GetFirstChild())
+        child->SetSize(Subtract(width, left_, right_), Subtract(height, top_, bottom_));
+}
+
+void FrameBox::GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
+                                  unsigned long& minimalHeight, unsigned long& maximalHeight) {
+    minimalWidth = maximalWidth = minimalHeight = maximalHeight = 0;
+    if (GUIElement* const child = GetFirstChild())
+        child->GetSizeInformation(minimalWidth, maximalWidth, minimalHeight, maximalHeight);
+    minimalWidth = Add(minimalWidth, left_, right_);
+    maximalWidth = Add(maximalWidth, left_, right_);
+    minimalHeight = Add(minimalHeight, top_, bottom_);
+    maximalHeight = Add(maximalHeight, top_, bottom_);
+}
+
+void FrameBox::OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
+                                       GUIElement const& /*element*/) const {
+    PassOnPaintWindowDecorators(context);
+}
+
+} // namespace GUI

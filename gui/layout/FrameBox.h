@@ -1,0 +1,35 @@
+#pragma once
+
+#include "gui/elements/GUIElement.h"
+
+#include <cstdint>
+
+namespace GUI {
+
+/// An invisible margin around its first child; without a child it is a rigid spacer of its margins.
+/// Further children are not laid out.
+///
+/// Attributes, in pixels: "Top", "Left", "Right", "Bottom" (each 0). The common attributes are not read:
+/// a frame has no name and no size range of its own. A frame that gets less than its margins hands its
+/// child a size near 4294967295.
+class FrameBox : public GUIElement {
+public:
+    Diagnostics::String GetValueString() override { return "FrameBox"; }
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                    DialogDataSource* dataSource) override;
+    /// Unlike a box, a frame moves its child at once.
+    void SetPosition(unsigned long x, unsigned long y) override;
+    void SetSize(unsigned long width, unsigned long height) override;
+    void GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
+                            unsigned long& minimalHeight, unsigned long& maximalHeight) override;
+    void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
+                                 GUIElement const& element) const override;
+
+private:
+    std::uint32_t top_ = 0;
+    std::uint32_t left_ = 0;
+    std::uint32_t right_ = 0;
+    std::uint32_t bottom_ = 0;
+};
+
+} // namespace GUI

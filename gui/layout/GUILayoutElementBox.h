@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Utilities/Tools/Vector.h"
+#include "gui/elements/GUIElement.h"
+#include "gui/layout/SpaceSharing.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace GUI {
+
+/// Base of the boxes that arrange their children along one axis, in the order of the description. A box
+/// draws nothing and has no attributes of its own.
+///
+/// A parent calls `SetPosition` first and `SetSize` after it: a box places its children in `SetSize`
+/// only. Across the axis every child gets the box's full extent, whatever its limits. A child that can't
+/// be built ends the construction of the children behind it, without a word but to the diagnostics sink.
+///
+/// While the outermost `SetSize` runs, an element is asked for its size range once: what a box has added
+/// up stands until that call returns or some size range or list of children changes.
+class GUILayoutElementBox : public GUIElement {
+public:
+    Diagnostics::String GetValueString() override { return "GUILayoutElementBox"; }
+    void SetPosition(unsigned long x, unsigned long y) override;
+    void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
+                                 GUIElement const& element) const override;
+
+protected:
+    enum class Axis : std::uint8_t { Horizontal, Vertical };
+
+    /// `GUIElement`'s attributes, then the children.
+    void InitializeBox(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                       DialogDataSource* dataSource);
+    /// Along the axis the sums of the children's limits, across it the largest of them.
+    template <Axis axis>
+    void AddUpSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
+                              unsigned long& minimalHeight, unsigned long& maximalHeight);
+    /// Shares the size given by `GUIElement::SetSize` among the children and places them.
+    template <Axis axis> void LayOutChildren(std::uint32_t width, std::uint32_t height);
+
+    /// One size for each entry of `minima`; see `ShareSpace`. Throws `OutOfRangeException` "vector index
+    /// >= vector size" if there are fewer maxima.
+    static Utilities::Vector<float> DistributeSizes(float available, Utilities::Vector<float> const& minima,
+                                                    Utilities::Vector<float> const& maxima);
+
+private:
+    struct SizeRange {
+        std::uint32_t minimalWidth = 0;
+        std::uint32_t maximalWidth = 0;
+        std::uint32_t minimalHeight = 0;
+        std::uint32_t maximalHeight = 0;
+    };
+    class Pass;
+
+    template <Axis axis> void AskChildren();
+
+    std::uint32_t positionX_ = 0;
+    std::uint32_t positionY_ = 0;
+    /// What the children answered, and the layout revision at which they did; 0 for never.
+    SizeRange range_;
+    std::vector<ChildLimits> limits_;
+    std::uint64_t askedAt_ = 0;
+};
+
+} // namespace GUI

@@ -1,0 +1,39 @@
+#include "gui/layout/GumBox.h"
+
+#include "Diagnostics/Sink.h"
+#include "core/creators/ComponentCreator.h"
+#include "gui/elements/Attributes.h"
+
+namespace GUI {
+
+using Norvelian::Utilities::Exceptions::OutOfRangeException;
+
+namespace {
+
+constexpr Attribute maximalWidthKey{"MaximalWidth", AttributeType::Number, "0",
+                                    "Largest width in pixels, and the weight when width is shared"};
+constexpr Attribute maximalHeightKey{"MaximalHeight", AttributeType::Number, "0",
+                                     "Largest height in pixels, and the weight when height is shared"};
+constexpr Attribute attributeList[] = {maximalWidthKey, maximalHeightKey};
+
+Utilities::ComponentCreatorNormal<GumBox> const creator({"GumBox", "$Revision: 1.8 $", "GUI"});
+AttributeTable const table("GumBox", "GUIElement", attributeList);
+
+} // namespace
+
+void GumBox::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                        DialogDataSource* dataSource) {
+    GUIElement::Initialize(parent, description, dataSource);
+    unsigned long maximalWidth = 0;
+    unsigned long maximalHeight = 0;
+    try {
+        AttributeReader const attributes(description);
+        maximalWidth = attributes.Unsigned(maximalWidthKey);
+        maximalHeight = attributes.Unsigned(maximalHeightKey);
+    } catch (OutOfRangeException const&) {
+        Diagnostics::DropException("GumBox::Initialize");
+    }
+    SetSizeInformation(0, maximalWidth, 0, maximalHeight);
+}
+
+} // namespace GUI

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "gui/elements/GUIElement.h"
+
+#include <cstdint>
+
+namespace GUI {
+
+/// Repeats a piece of description. While it is being initialised it copies its description children once
+/// for each pass of a counter, writes the counter into all their attribute texts, works out the formulas
+/// in them (see `EvaluateLoopBoxFormula`), and inserts the copies into its parent's description behind
+/// its own entry, pass by pass. The parent then creates them as ordinary siblings. The loop box itself
+/// takes no space. It can't be the root of a description; initialising it twice inserts twice.
+///
+/// Attributes: "Repetitions" (1), "CounterVariable" (empty; the text that stands for the counter, wherever
+/// it occurs), "Base" (0; the first counter). The data source's "Repetitions", if valid, overrides the
+/// description's; the loop box tells it the "Repetitions" and "Base" that it uses.
+///
+/// More than `maximalRepetitions` passes, to which a negative count amounts, throw `RuntimeException`.
+class LoopBox : public GUIElement {
+public:
+    /// More siblings can't be laid out by a box.
+    static constexpr std::uint32_t maximalRepetitions = 65536;
+
+    Diagnostics::String GetValueString() override { return "LoopBox"; }
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                    DialogDataSource* dataSource) override;
+    /// Nothing in all four.
+    void GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
+                            unsigned long& minimalHeight, unsigned long& maximalHeight) override;
+};
+
+} // namespace GUI

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace GUI {
+
+/// The range of one child's size along the axis of its box, in pixels.
+struct ChildLimits {
+    float minimum = 0;
+    float maximum = 0;
+};
+
+/// Shares `available` pixels among the children of a box, in order; `sizes` is as long as `limits`.
+///
+/// A child's maximum is its weight as well. Each child is offered `maximum / sum * available`, where the
+/// sum is taken in single precision and counts a maximum above 1000000 as 1000000. The first child
+/// whose offer, cut to whole unsigned pixels of 32 bits, lies outside its limits gets that limit (the
+/// maximum, if both are crossed), and the rest is shared anew among the others. If no offer lies outside,
+/// all get theirs uncut. With a sum of weights below about 1 every offer is 0.
+///
+/// A negative offer counts as one near 4294967296, so that an over-full box gives its elastic children
+/// their full maxima: boxes are laid out around that, it isn't to be corrected.
+///
+/// No copies are made for each child that is fixed: the children still open are kept as indices.
+void ShareSpace(float available, std::span<ChildLimits const> limits, std::span<float> sizes);
+
+/// A floating number of pixels as a 32-bit one: cut towards zero, reduced to its low 32 bits; 0 for
+/// what no 64-bit integer holds.
+inline std::uint32_t TruncateToPixels(double value) {
+    constexpr double limit = 9223372036854775808.0; // 2^63
+    if (!(value > -limit && value < limit)) return 0;
+    return static_cast<std::uint32_t>(static_cast<std::int64_t>(value));
+}
+
+} // namespace GUI

@@ -1,0 +1,69 @@
+#include "gui/platform/KeyCodes_PC.h"
+
+#include "gui/elements/ApplicationImplementation.h"
+
+#include <QKeyEvent>
+
+namespace GUI {
+
+int KeyCodeOf(QKeyEvent const& event) {
+    int const key = event.key();
+    if ((key >= Qt::Key_0 && key <= Qt::Key_9) || (key >= Qt::Key_A && key <= Qt::Key_Z)) return key;
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return 112 + key - Qt::Key_F1;
+    switch (key) {
+    case Qt::Key_Backspace:
+        return 8;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return 9;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return 13;
+    case Qt::Key_Shift:
+        return 16;
+    case Qt::Key_Control:
+        return 17;
+    case Qt::Key_Alt:
+        return 18;
+    case Qt::Key_Pause:
+        return 19;
+    case Qt::Key_CapsLock:
+        return 20;
+    case Qt::Key_Escape:
+        return 27;
+    case Qt::Key_Space:
+        return 32;
+    case Qt::Key_PageUp:
+        return 33;
+    case Qt::Key_PageDown:
+        return 34;
+    case Qt::Key_End:
+        return 35;
+    case Qt::Key_Home:
+        return 36;
+    case Qt::Key_Left:
+        return 37;
+    case Qt::Key_Up:
+        return 38;
+    case Qt::Key_Right:
+        return 39;
+    case Qt::Key_Down:
+        return 40;
+    case Qt::Key_Insert:
+        return 45;
+    case Qt::Key_Delete:
+        return 46;
+    default:
+        return 0;
+    }
+}
+
+int ModifiersOf(QKeyEvent const& event) {
+    int modifiers = 0;
+    if (event.modifiers().testFlag(Qt::ShiftModifier)) modifiers |= AcceleratorEntry::shift;
+    if (event.modifiers().testFlag(Qt::ControlModifier)) modifiers |= AcceleratorEntry::control;
+    if (event.modifiers().testFlag(Qt::AltModifier)) modifiers |= AcceleratorEntry::alt;
+    return modifiers;
+}
+
+} // namespace GUI

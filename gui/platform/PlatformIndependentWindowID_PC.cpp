@@ -1,0 +1,38 @@
+#include "gui/platform/PlatformIndependentWindowID_PC.h"
+
+#include "core/creators/ComponentCreator.h"
+
+namespace GUI {
+
+namespace {
+
+Utilities::ComponentCreatorNormal<PlatformIndependentWindowID_PC> creator({"PlatformIndependentWindowID",
+                                                                           "$Revision: 1.14 $", "GUI"});
+
+/// Identities are numbered by the system: asking the platform for one would make every pane a window
+/// of the display server's.
+std::uint32_t lastID = 0;
+
+} // namespace
+
+PlatformIndependentWindowID_PC&
+PlatformIndependentWindowID_PC::operator=(PlatformIndependentWindowID const& other) {
+    return *this = dynamic_cast<PlatformIndependentWindowID_PC const&>(other);
+}
+
+void PlatformIndependentWindowID_PC::Set(Utilities::SmartPointer<PlatformIndependentWindowID> other) {
+    PlatformIndependentWindowID::Set(other);
+    window_ = Utilities::SmartPointer<PlatformIndependentWindowID_PC>(other)->window_;
+}
+
+void PlatformIndependentWindowID_PC::SetWindow(QWidget* window) {
+    window_ = window;
+    SetID(++lastID);
+}
+
+QWidget* PlatformIndependentWindowID_PC::WindowOf(PlatformIndependentWindowID const& identity) {
+    auto const* const bound = dynamic_cast<PlatformIndependentWindowID_PC const*>(&identity);
+    return bound ? bound->GetWindow() : nullptr;
+}
+
+} // namespace GUI

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "gui/elements/PlatformIndependentWindowID.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace GUI {
+
+/// A window's identity together with the platform's window, which is not owned. Whoever needs a
+/// platform window from an element goes through this class; only `_PC` files may.
+class PlatformIndependentWindowID_PC : public PlatformIndependentWindowID {
+public:
+    PlatformIndependentWindowID_PC() = default;
+    PlatformIndependentWindowID_PC(std::uint32_t id, QWidget* window) : window_(window) { SetID(id); }
+    PlatformIndependentWindowID_PC(PlatformIndependentWindowID_PC const&) = default;
+
+    /// Copies both parts. An object of another class is a fault of the caller: `std::bad_cast`.
+    PlatformIndependentWindowID_PC& operator=(PlatformIndependentWindowID const& other) override;
+    PlatformIndependentWindowID_PC& operator=(PlatformIndependentWindowID_PC const& other) = default;
+    Diagnostics::String GetValueString() override { return "PlatformIndependentWindowID_PC"; }
+    bool PrepareForUnload() override { return true; }
+    void Set(Utilities::SmartPointer<PlatformIndependentWindowID> other) override;
+
+    /// Null once the window is gone.
+    QWidget* GetWindow() const { return window_; }
+    void SetWindow(QWidget* window);
+
+    /// The window behind an identity; null for one without a window.
+    static QWidget* WindowOf(PlatformIndependentWindowID const& identity);
+
+private:
+    QPointer<QWidget> window_;
+};
+
+} // namespace GUI

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "core/base/String.h"
+
+#include <QString>
+
+namespace GUI {
+
+/// The one place where the system's bytes become the platform's text and back: well-formed UTF-8
+/// sequences are UTF-8, and any other byte is read as Windows-1252.
+QString ToPlatformText(Utilities::String const& text);
+/// Always UTF-8.
+Utilities::String FromPlatformText(QString const& text);
+
+} // namespace GUI

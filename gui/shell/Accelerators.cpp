@@ -1,0 +1,69 @@
+#include "gui/shell/Accelerators.h"
+
+#include "core/base/Exceptions.h"
+
+#include <algorithm>
+
+namespace GUI {
+
+using Utilities::String;
+
+namespace {
+
+constexpr std::uint16_t deleteKey = 46;
+constexpr std::uint16_t firstFunctionKey = 112;
+
+std::uint16_t KeyCode(String const& key) {
+    if (key.Length() == 1) return static_cast<unsigned char>(key.GetStdString().front());
+    if (key == "Del") return deleteKey;
+    if (key.FindSubstring("F", 0) != 0) return 0;
+    try {
+        long const number = key.Mid(1, key.Length()).GetLong();
+        return number >= 1 && number <= 24 ? static_cast<std::uint16_t>(firstFunctionKey + number - 1) : 0;
+    } catch (Norvelian::Utilities::Exceptions::OutOfRangeException const&) {
+        return 0;
+    }
+}
+
+} // namespace
+
+AcceleratorEntry ParseHotKey(String const& hotKey, long command) {
+    AcceleratorEntry entry;
+    entry.command = static_cast<std::uint16_t>(command);
+    entry.flags = AcceleratorEntry::virtualKey;
+    if (hotKey.FindSubstring("CTRL+", 0) >= 0) entry.flags |= AcceleratorEntry::control;
+    if (hotKey.FindSubstring("SHIFT+", 0) >= 0) entry.flags |= AcceleratorEntry::shift;
+    if (hotKey.FindSubstring("ALT+", 0) >= 0) entry.flags |= AcceleratorEntry::alt;
+    entry.key = KeyCode(hotKey.GetToken(std::max(hotKey.GetTokenCount('+') - 1, 0L), '+'));
+    return entry;
+}
+
+void CollectMenuAccelerators(AcceleratorEntry* table, long& count, Menu::Items& items) {
+    for (auto it = items.GetChildren(); it.IsValid(); ++it) {
+        Menu::Items& item = *it.Current();
+        if (item.GetHotKey().Length() != 0 && count < ApplicationImplementation::maximalAccelerators) {
+            AcceleratorEntry const entry = ParseHotKey(item.GetHotKey(), item.GetCommand());
+            if (entry.key != 0) table[count++] = entry;
+        }
+        CollectMenuAccelerators(table, count, item);
+    }
+}
+
+void AcceleratorTable::Enable(bool on) {
+    if (!on && !active_.empty()) {
+        saved_ = std::move(active_);
+        active_.clear();
+    } else if (on && !saved_.empty()) {
+        active_ = std::move(saved_);
+        saved_.clear();
+    }
+}
+
+long AcceleratorTable::FindCommand(int key, int modifiers) const {
+    for (AcceleratorEntry const& entry : active_)
+        if (entry.key == key && (entry.flags & ~AcceleratorEntry::virtualKey) == modifiers)
+            return entry.command;
+    return 0;
+}
+
+} // namespace GUI

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "gui/elements/AdvancedControlImpl.h"
+#include "gui/shell/CNorvelianAdvancedControl.h"
+
+#include <QPointer>
+#include <memory>
+
+namespace GUI {
+
+/// Makes and drives the window of a pane.
+///
+/// Attribute: "Selectable" (No); "Yes" lets Tab reach the window.
+class AdvancedControlImpl_PC : public AdvancedControlImpl {
+public:
+    ~AdvancedControlImpl_PC() override;
+
+    bool PrepareForUnload() override { return true; }
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description) override;
+    void SetSize(long width, long height) override;
+    void SetPosition(long x, long y) override;
+    void Repaint() override;
+    void SetFocus() override;
+    void SetID(unsigned short id) override;
+    void UpdateDeviceContext() override;
+    void SetMouseCapture(bool capture) override;
+    void SetPane(Pane* pane) override;
+    void Show(bool visible) override;
+
+private:
+    /// The parent window may die first and take this one along.
+    QPointer<CNorvelianAdvancedControl> control_;
+};
+
+} // namespace GUI

@@ -1,0 +1,200 @@
+#include "gui/shell/ApplicationImplementation_PC.h"
+
+#include "Diagnostics/Sink.h"
+#include "Utilities/Preferences.h"
+#include "core/creators/ComponentCreator.h"
+#include "gui/elements/Application.h"
+#include "gui/platform/KeyCodes_PC.h"
+#include "gui/platform/PlatformIndependentWindowID_PC.h"
+#include "gui/platform/TextConversion_PC.h"
+#include "gui/shell/EventGuard_PC.h"
+#include "gui/shell/HelpFile.h"
+#include "gui/shell/MessageService_PC.h"
+#include "gui/shell/ShellCommand.h"
+#include "gui/shell/ShellCommandListener_PC.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QTimer>
+#include <array>
+
+namespace GUI {
+
+using Utilities::String;
+
+namespace {
+
+Utilities::ComponentCreatorNormal<ApplicationImplementation_PC> creator({"ApplicationImplementation",
+                                                                         "$Revision: 1.42.2.1 $", "GUI"});
+
+/// The platform chooses by its own rules; where nothing tells it of a display it would give up.
+void ChoosePlatform(bool offscreen) {
+    constexpr char const* variable = "QT_QPA_PLATFORM";
+    if (offscreen)
+        qputenv(variable, "offscreen");
+    else if (!qEnvironmentVariableIsSet(variable) && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+             qEnvironmentVariableIsEmpty("DISPLAY"))
+        qputenv(variable, "offscreen");
+}
+
+/// The platform keeps references to both.
+struct CommandLine {
+    std::string name = Application::Instance().GetName();
+    std::array<char*, 2> values{name.data(), nullptr};
+    int count = 1;
+};
+
+} // namespace
+
+ApplicationImplementation_PC::ApplicationImplementation_PC() {
+    if (!QCoreApplication::instance()) {
+        static CommandLine commandLine;
+        ChoosePlatform(Application::Instance().IsOffscreen());
+        owned_ = std::make_unique<QApplication>(commandLine.count, commandLine.values.data());
+        QApplication::setApplicationDisplayName(ToPlatformText(Application::Instance().GetName()));
+    }
+    if (Utilities::NamingService::Instance()->IsRegistered("MessageService"))
+        messageService_ = Utilities::ResolveComponent<MessageService>("MessageService");
+    qApp->installEventFilter(this);
+}
+
+ApplicationImplementation_PC::~ApplicationImplementation_PC() {
+    if (qApp) qApp->removeEventFilter(this);
+}
+
+void ApplicationImplementation_PC::SetMainWindow(GUIElement* /*window*/) {}
+
+void ApplicationImplementation_PC::BuildAccelerators(Menu& menu) {
+    if (menu.GetItems().IsNull()) return;
+    std::array<AcceleratorEntry, maximalAccelerators> table;
+    long count = 0;
+    CollectAccelerators(table.data(), count, *menu.GetItems());
+    accelerators_.Set({table.begin(), table.begin() + count});
+}
+
+bool ApplicationImplementation_PC::CollectAccelerators(AcceleratorEntry* table, long& count,
+                                                       Menu::Items& items) {
+    CollectMenuAccelerators(table, count, items);
+    return true;
+}
+
+bool ApplicationImplementation_PC::ExecuteAccelerator(long command) {
+    GUIElement* const window = Application::Instance().GetMainWindow();
+    if (!window) return false;
+    auto* const menu = dynamic_cast<Menu*>(&window->FindElement("MainMenu"));
+    MenuItem* const item =
+        menu && !menu->GetItems().IsNull() ? MenuItem::FindMenuItem(*menu->GetItems(), command) : nullptr;
+    if (!item || !item->IsEnabled()) return false;
+    Utilities::Anything argument;
+    item->Execute(argument);
+    return true;
+}
+
+bool ApplicationImplementation_PC::eventFilter(QObject* receiver, QEvent* event) {
+    // Keys come to the window first and then travel from widget to widget: they count once.
+    bool const isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    if (isKey && receiver->isWindowType()) {
+        auto const& key = *static_cast<QKeyEvent const*>(event);
+        if (event->type() == QEvent::KeyPress) {
+            long const command = accelerators_.FindCommand(KeyCodeOf(key), ModifiersOf(key));
+            if (command != 0 && RunGuarded([&] { return ExecuteAccelerator(command); })) return true;
+        } else if (!messageService_.IsNull() && !key.isAutoRepeat()) {
+            auto const state = [&key](Qt::KeyboardModifier modifier) {
+                return key.modifiers().testFlag(modifier) ? "1" : "0";
+            };
+            String const text = String(static_cast<long>(KeyCodeOf(key))) + ";" + state(Qt::ShiftModifier) +
+                                ";" + state(Qt::ControlModifier);
+            RunGuarded([&] { return messageService_->SendMessage("Key", text) != 0; });
+        }
+        return false;
+    }
+    if (auto* const service = dynamic_cast<MessageService_PC*>(messageService_.Get());
+        service && receiver == qApp && service->IsWakeUp(event)) {
+        RunGuarded([service] {
+            service->DeliverPosted();
+            return true;
+        });
+        return true;
+    }
+    if (event->type() == QEvent::ApplicationActivate || event->type() == QEvent::ApplicationDeactivate)
+        RunGuarded([event] {
+            Application::Instance().OnActivate(event->type() == QEvent::ApplicationActivate);
+            return true;
+        });
+    return false;
+}
+
+bool ApplicationImplementation_PC::ShowHelp(String const& name, unsigned long topic, unsigned long command) {
+    String language = "English";
+    if (Utilities::NamingService::Instance()->IsRegistered("Preferences"))
+        language = Utilities::ResolveComponent<Utilities::Preferences>("Preferences")
+                       ->GetValue("LanguageService", "Language", language);
+    String const file = FindHelpFile(name, language);
+    Application::Instance().OpenHelpFile(file, topic, command);
+    return true;
+}
+
+void ApplicationImplementation_PC::Beep() { QApplication::beep(); }
+
+bool ApplicationImplementation_PC::SetWaitCursor(bool on) {
+    if (on && !waitCursor_) QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (!on && waitCursor_) QApplication::restoreOverrideCursor();
+    return std::exchange(waitCursor_, on);
+}
+
+void ApplicationImplementation_PC::SetDragCursor(bool on) {
+    if (on && !dragCursor_) QApplication::setOverrideCursor(Qt::OpenHandCursor);
+    if (!on && dragCursor_) QApplication::restoreOverrideCursor();
+    dragCursor_ = on;
+}
+
+int ApplicationImplementation_PC::Run() {
+    Application& application = Application::Instance();
+    if (!application.OnStart() || !application.OnBeforeCommandLine()) return 0;
+    OpenArguments();
+    // Not needed for the first picture, and so not done before it.
+    QTimer::singleShot(0, this, [this] {
+        shellCommands_ = std::make_unique<ShellCommandListener>(
+            Application::Instance().GetName(), [this](String const& text) { return OnShellCommand(text); });
+    });
+    return QApplication::exec();
+}
+
+void ApplicationImplementation_PC::OpenArguments() {
+    for (std::string const& argument : Application::Instance().GetArguments())
+        if (!argument.empty() && argument.front() != '-') Application::Instance().OpenFile(argument);
+}
+
+void ApplicationImplementation_PC::Quit(int exitCode) { QApplication::exit(exitCode); }
+
+void ApplicationImplementation_PC::ShowMessage(String const& title, String const& text) {
+    if (IsOffscreen()) return;
+    QMessageBox box(QMessageBox::Warning, ToPlatformText(title), ToPlatformText(text), QMessageBox::Ok,
+                    QApplication::activeWindow());
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.exec();
+}
+
+bool ApplicationImplementation_PC::IsOffscreen() const {
+    QString const platform = QGuiApplication::platformName();
+    return platform == "offscreen" || platform == "minimal";
+}
+
+bool ApplicationImplementation_PC::SaveWindowPicture(GUIElement& window, String const& fileName) {
+    auto const identity = window.GetWindowID();
+    QWidget* const widget = identity.IsNull() ? nullptr : PlatformIndependentWindowID_PC::WindowOf(*identity);
+    if (!widget) return false;
+    QApplication::processEvents();
+    return widget->grab().save(ToPlatformText(fileName));
+}
+
+long ApplicationImplementation_PC::OnShellCommand(String const& text) {
+    if (!messageService_.IsNull())
+        for (ShellCommand const& command : ParseShellCommands(text))
+            messageService_->SendMessage(command.verb, command.argument);
+    auto const file = FileToOpen(text);
+    return file ? Application::Instance().OpenFile(*file) : 0;
+}
+
+} // namespace GUI

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "gui/elements/ApplicationImplementation.h"
+#include "gui/shell/Accelerators.h"
+#include "gui/shell/MessageService.h"
+
+#include <QObject>
+#include <memory>
+
+class QApplication;
+
+namespace GUI {
+
+class ShellCommandListener;
+
+/// Owns the process's one `QApplication`, or adopts the one that a host has made.
+///
+/// One event filter sees every event before it is dispatched: accelerators first, then messages posted
+/// through the message service, then released keys, which go to the message service as "Key" with the
+/// text "<key code>;<Shift>;<Ctrl>". Without a display, or if the application asks for it, everything is
+/// drawn offscreen.
+class ApplicationImplementation_PC : public ApplicationImplementation, private QObject {
+public:
+    ApplicationImplementation_PC();
+    ~ApplicationImplementation_PC() override;
+
+    bool PrepareForUnload() override { return true; }
+    void SetMainWindow(GUIElement* window) override;
+    Diagnostics::String GetValueString() override { return "ApplicationImplementation_PC"; }
+    void BuildAccelerators(Menu& menu) override;
+    bool ShowHelp(Utilities::String const& name, unsigned long topic, unsigned long command) override;
+    void Beep() override;
+    bool SetWaitCursor(bool on) override;
+    void SetDragCursor(bool on) override;
+    void EnableAccelerators(bool on) override { accelerators_.Enable(on); }
+    bool CollectAccelerators(AcceleratorEntry* table, long& count, Menu::Items& items) override;
+    int Run() override;
+    void Quit(int exitCode) override;
+    void ShowMessage(Utilities::String const& title, Utilities::String const& text) override;
+    bool IsOffscreen() const override;
+    bool SaveWindowPicture(GUIElement& window, Utilities::String const& fileName) override;
+
+    /// A text in the form `[OPEN("path")]` from the shell: each command goes to the message service
+    /// under its verb, and a file to open to the application. Returns the application's answer.
+    long OnShellCommand(Utilities::String const& text);
+
+private:
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+    bool ExecuteAccelerator(long command);
+    void OpenArguments();
+
+    std::unique_ptr<QApplication> owned_;
+    AcceleratorTable accelerators_;
+    bool waitCursor_ = false;
+    bool dragCursor_ = false;
+    Utilities::SmartPointer<MessageService> messageService_;
+    std::unique_ptr<ShellCommandListener> shellCommands_;
+};
+
+} // namespace GUI

@@ -1,0 +1,67 @@
+#include "gui/shell/CNorvelianDialog.h"
+
+#include "gui/shell/Dialog_PC.h"
+#include "gui/shell/EventGuard_PC.h"
+#include "gui/shell/PaintScope_PC.h"
+#include "gui/shell/TopLevel_PC.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+namespace GUI {
+
+CNorvelianDialog::CNorvelianDialog(Dialog_PC& element, QWidget* parent, Qt::WindowFlags flags)
+    : QDialog(parent, flags), element_(&element) {}
+
+void CNorvelianDialog::reject() {
+    RunGuarded([this] {
+        if (element_) element_->OnEscape();
+        return true;
+    });
+}
+
+void CNorvelianDialog::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    RunGuarded([this] {
+        if (element_) element_->OnResized();
+        return true;
+    });
+}
+
+void CNorvelianDialog::closeEvent(QCloseEvent* event) {
+    // The element closes the window if its data source lets it.
+    event->ignore();
+    RunGuarded([this, event] {
+        if (!element_ || TopLevel::CloseMainWindow(*element_))
+            event->accept();
+        else
+            element_->OnCloseRequest();
+        return true;
+    });
+}
+
+void CNorvelianDialog::paintEvent(QPaintEvent* event) {
+    if (std::exchange(firstPaint_, false))
+        RunGuarded([this] {
+            if (element_ && element_->GetDataSource()) element_->GetDataSource()->SetDefaultSelection();
+            return true;
+        });
+    QDialog::paintEvent(event);
+    PaintScope const scope(*this);
+    RunGuarded([this] {
+        if (element_) TopLevel::PaintDecorators(*this, *element_);
+        return true;
+    });
+}
+
+void CNorvelianDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1)
+        RunGuarded([event] {
+            TopLevel::ShowHelp(event->modifiers().testFlag(Qt::ShiftModifier));
+            return true;
+        });
+    else
+        QDialog::keyPressEvent(event);
+}
+
+} // namespace GUI

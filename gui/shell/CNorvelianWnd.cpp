@@ -1,0 +1,94 @@
+#include "gui/shell/CNorvelianWnd.h"
+
+#include "gui/shell/EventGuard_PC.h"
+#include "gui/shell/PaintScope_PC.h"
+#include "gui/shell/TopLevel_PC.h"
+#include "gui/shell/Window_PC.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QTimerEvent>
+
+namespace GUI {
+
+namespace {
+
+constexpr int restMilliseconds = 250;
+
+} // namespace
+
+CNorvelianWnd::CNorvelianWnd(Window_PC& element, QWidget* parent, Qt::WindowFlags flags)
+    : QWidget(parent, flags), element_(&element) {}
+
+void CNorvelianWnd::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    if (isVisible()) moveTimer_.start(restMilliseconds, this);
+}
+
+void CNorvelianWnd::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == moveTimer_.timerId())
+        TellPosition();
+    else
+        QWidget::timerEvent(event);
+}
+
+void CNorvelianWnd::TellPosition() {
+    if (!moveTimer_.isActive()) return;
+    moveTimer_.stop();
+    RunGuarded([this] {
+        QPoint const corner = pos();
+        if (element_) element_->OnMoved(corner.x(), corner.y());
+        return true;
+    });
+}
+
+void CNorvelianWnd::hideEvent(QHideEvent* event) {
+    TellPosition();
+    QWidget::hideEvent(event);
+}
+
+void CNorvelianWnd::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    RunGuarded([this] {
+        if (element_)
+            element_->SetSize(static_cast<unsigned long>(width()), static_cast<unsigned long>(height()));
+        return true;
+    });
+}
+
+void CNorvelianWnd::closeEvent(QCloseEvent* event) {
+    TellPosition();
+    bool accepted = false;
+    RunGuarded([&] {
+        if (!element_)
+            accepted = true;
+        else if (Application::Instance().GetMainWindow() == element_)
+            accepted = TopLevel::CloseMainWindow(*element_);
+        else
+            accepted = element_->IsCloseable();
+        return true;
+    });
+    event->setAccepted(accepted);
+}
+
+void CNorvelianWnd::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    PaintScope const scope(*this);
+    RunGuarded([this] {
+        if (element_) TopLevel::PaintDecorators(*this, *element_);
+        return true;
+    });
+}
+
+void CNorvelianWnd::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_F1) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    RunGuarded([event] {
+        TopLevel::ShowHelp(event->modifiers().testFlag(Qt::ShiftModifier));
+        return true;
+    });
+}
+
+} // namespace GUI

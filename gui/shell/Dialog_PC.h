@@ -1,0 +1,69 @@
+#pragma once
+
+#include "gui/shell/CNorvelianDialog.h"
+#include "gui/shell/Dialog.h"
+
+#include <QPointer>
+
+namespace GUI {
+
+/// A dialog: the root of a description.
+///
+/// Attributes: "ElementName" (mandatory), "Caption" ("No caption in the Dialog description"), "X" (20) and
+/// "Y" (0) from the inside of the parent window, "Width" and "Height" of the inside (mandatory),
+/// "Resizeable" (No), "Closeable" (Yes), "TitleBar" (Yes), "EscKeyElementName" (none), "BackgroundColor".
+///
+/// Closing it by its window runs the data source's callback "OnClose" of the dialog's name; the dialog
+/// enters one that closes it.
+class Dialog_PC : public Dialog {
+public:
+    ~Dialog_PC() override;
+
+    Diagnostics::String GetValueString() override { return "Dialog_PC"; }
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                    DialogDataSource* dataSource) override {
+        Initialize(parent, description, dataSource, false);
+    }
+    /// Throws `RuntimeException` "Dialog: Couldn't init Dialog".
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                    DialogDataSource* dataSource, bool modeless) override;
+    long RunModal() override;
+    void Close(long result) override;
+    void OnInitDialog() override;
+    void SetGUIDescriptionTree(DescriptionTree const& description) override;
+    long OnClose(Utilities::Anything const& argument) override;
+
+    void SetPosition(unsigned long x, unsigned long y) override;
+    void SetSize(unsigned long width, unsigned long height) override;
+    void GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
+                            unsigned long& minimalHeight, unsigned long& maximalHeight) override;
+    void RecalculateSize() override;
+    void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
+                                 GUIElement const& element) const override;
+    /// Switches resizing by the user on and off.
+    void SetResizeable(bool resizeable);
+
+    /// @name What the platform window tells
+    /// @{
+    void OnEscape();
+    void OnResized();
+    void OnCloseRequest();
+    /// @}
+
+private:
+    void ReadAttributes();
+    void CreateContents();
+    void LayOut();
+
+    DescriptionTree description_;
+    QPointer<CNorvelianDialog> window_;
+    Utilities::String escKeyElementName_;
+    long x_ = 20;
+    long y_ = 0;
+    unsigned long width_ = 10;
+    unsigned long height_ = 10;
+    bool modeless_ = false;
+    bool fixedSize_ = true;
+};
+
+} // namespace GUI

@@ -1,0 +1,126 @@
+#include "hosts/colourdesk/ColourDesk.h"
+
+#include "Utilities/NamingService.h"
+#include "Utilities/ProgramDirectory.h"
+#include "core/base/Exceptions.h"
+#include "gui/elements/GUIDescriptionReader.h"
+
+#include <cstdio>
+#include <filesystem>
+
+namespace ColourDesk {
+
+using Norvelian::Utilities::Exceptions::InvalidArgumentException;
+using Norvelian::Utilities::Exceptions::ResourceException;
+using Utilities::String;
+
+namespace {
+
+constexpr char const* bundledFile = "cie_named_34_36band.txt";
+
+std::string BundledFile() { return Utilities::GetProgramDirectory() + "/data/samples/" + bundledFile; }
+
+} // namespace
+
+Options Options::Parse(std::vector<std::string> const& arguments) {
+    Options options;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        std::string const& argument = arguments[i];
+        if (argument == "--help" || argument == "-h") {
+            options.help = true;
+        } else if (argument == "--screenshot") {
+            if (i + 1 == arguments.size()) throw InvalidArgumentException("--screenshot needs the name of a picture");
+            options.screenshot = arguments[++i];
+        } else if (argument == "--exit-after-first-paint") {
+            options.exitAfterFirstPaint = true;
+        } else if (argument.starts_with("-")) {
+            throw InvalidArgumentException("there is no option " + argument);
+        } else if (!options.file.empty()) {
+            throw InvalidArgumentException("one file at a time; " + argument + " is the second");
+        } else {
+            options.file = argument;
+        }
+    }
+    return options;
+}
+
+char const* Options::Usage() {
+    return "usage: colourdesk [--screenshot PICTURE] [FILE]\n"
+           "\n"
+           "Shows the measured samples of FILE: CGATS text, or the XML form, with spectra of 380 to 730 nm.\n"
+           "Without FILE, the samples that come with the program.\n"
+           "\n"
+           "  --screenshot PICTURE       draws the window without a screen and writes it to PICTURE\n"
+           "  --exit-after-first-paint   ends when the window has been painted\n"
+           "  --help                     this text\n";
+}
+
+Application::Application(Options options) : GUI::Application("colourdesk"), options_(std::move(options)) {
+    SetOffscreen(!options_.screenshot.empty());
+}
+
+Application::~Application() { Close(); }
+
+void Application::Close() {
+    window_ = nullptr;
+    handler_.reset();
+}
+
+void Application::Show(std::string const& file) {
+    // All that can fail comes before anything that is shown goes.
+    auto handler = std::make_unique<SampleWindow>(SampleDocument::Open(file));
+    auto description = GUI::GUIDescriptionReader::GetGUIDescriptionTree("ColourDesk");
+    if (noParent_.IsNull())
+        noParent_ = Utilities::ResolveComponent<GUI::PlatformIndependentWindowID>("PlatformIndependentWindowID");
+    Close();
+    handler_ = std::move(handler);
+    description_ = description;
+    window_ = Utilities::ResolveComponent<GUI::GUIElement>("Window");
+    SetMainWindow(window_.Get());
+    window_->Initialize(*noParent_, description_, handler_.get());
+    window_->OnUpdate({});
+    handler_->Start();
+}
+
+long Application::OpenFile(String const& fileName) {
+    try {
+        Show(fileName);
+        return 1;
+    } catch (ResourceException const& failure) {
+        ReportError(failure.what());
+        return 0;
+    }
+}
+
+int Application::Execute() {
+    GUI::ApplicationImplementation const& platform = GetImplementation();
+    Show(options_.file.empty() ? BundledFile() : options_.file);
+    if (options_.exitAfterFirstPaint) {
+        QuitAfterFirstPaint();
+        return Run();
+    }
+    if (!options_.screenshot.empty()) return WritePicture(options_.screenshot);
+    if (platform.IsOffscreen()) {
+        std::string const picture = std::filesystem::absolute("colourdesk.png").string();
+        int const result = WritePicture(picture);
+        if (result == 0) std::printf("There is no display; the window's picture is in %s\n", picture.c_str());
+        return result;
+    }
+    return Run();
+}
+
+int Application::WritePicture(std::string const& fileName) {
+    if (GetImplementation().SaveWindowPicture(*window_, fileName)) return 0;
+    ReportError(fileName + ": the picture can't be written");
+    return 1;
+}
+
+void Application::QuitAfterFirstPaint() {
+    handler_->SetFirstPaintHandler([this] {
+        std::fputs("painted\n", stdout);
+        std::fflush(stdout);
+        Quit(0);
+    });
+}
+
+} // namespace ColourDesk

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "gui/elements/Application.h"
+#include "hosts/colourdesk/SampleWindow.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ColourDesk {
+
+/// What the command line asks for.
+struct Options {
+    /// File of measured samples; empty for the one that comes with the program.
+    std::string file;
+    /// Where the window's picture goes instead of the screen; empty for the screen.
+    std::string screenshot;
+    bool exitAfterFirstPaint = false;
+    bool help = false;
+
+    /// Throws `InvalidArgumentException` that names the option.
+    static Options Parse(std::vector<std::string> const& arguments);
+    static char const* Usage();
+};
+
+/// The application: one window with the samples of one file.
+class Application : public GUI::Application {
+public:
+    explicit Application(Options options);
+    ~Application() override;
+
+    /// Opens the file and shows it; throws what reading throws.
+    void Show(std::string const& file);
+    /// The exit code. Shows the window and runs until it is closed, or writes its picture.
+    int Execute();
+    /// Drops the window.
+    void Close();
+
+    /// Opens another file; the one before stays if it can't be read.
+    long OpenFile(Utilities::String const& fileName) override;
+
+private:
+    int WritePicture(std::string const& fileName);
+    void QuitAfterFirstPaint();
+
+    Options options_;
+    std::unique_ptr<SampleWindow> handler_;
+    Utilities::SmartPointer<GUI::PlatformIndependentWindowID> noParent_;
+    GUI::DescriptionTree description_;
+    Utilities::SmartPointer<GUI::GUIElement> window_;
+};
+
+} // namespace ColourDesk

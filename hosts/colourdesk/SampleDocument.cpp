@@ -1,0 +1,68 @@
+#include "hosts/colourdesk/SampleDocument.h"
+
+#include "core/base/String.h"
+#include "cxf/ScreenTransform.h"
+#include "cxf/TristimService.h"
+
+#include <filesystem>
+
+namespace ColourDesk {
+
+namespace Cxf = Norvelian::ColorExchangeFormat;
+namespace Tristim = Norvelian::Tristim;
+
+namespace {
+
+/// The condition under which the desk shows its numbers; the vocabulary's terms.
+Tristim::NVMeasureConditions LabConditions() {
+    namespace Key = Tristim::Vocabulary::Key;
+    Tristim::NVMeasureConditions conditions;
+    conditions.SetMeasureCondition(Key::Illumination, "D50");
+    conditions.SetMeasureCondition(Key::Observer, "TwoDegree");
+    conditions.SetMeasureCondition(Key::ColorSpaceType, "CIELab");
+    return conditions;
+}
+
+GUI::RGBVector ToRGB(Cxf::ScreenColour const& colour) {
+    GUI::RGBVector result(colour.GetRed(), colour.GetGreen(), colour.GetBlue());
+    result.SetInGamut(colour.IsInGamut());
+    return result;
+}
+
+} // namespace
+
+SampleDocument SampleDocument::Open(std::string const& path) {
+    Cxf::ReadOptions options;
+    options.requireSpectra = true;
+    auto const set = Cxf::ReadSampleSet(path, options);
+
+    SampleDocument document;
+    document.path_ = path;
+    auto const conditions = LabConditions();
+    Cxf::ScreenTransform const screen;
+    for (auto const& sample : set->GetSamples()) {
+        auto const attribute = sample->GetSampleAttribute("CXFSpectrum", {}, false);
+        if (attribute.IsNull()) continue;
+        auto const spectrum = Cxf::Extensions::Cxf2NV(*attribute);
+        auto const lab = Tristim::TristimService::GetVector(spectrum, conditions);
+        ShownSample shown;
+        shown.sample = sample;
+        shown.name = sample->GetName();
+        shown.spectrum = spectrum.GetValues();
+        shown.lab = {lab.GetExact(0), lab.GetExact(1), lab.GetExact(2)};
+        shown.color = ToRGB(screen.Convert(spectrum));
+        document.samples_.push_back(std::move(shown));
+    }
+    return document;
+}
+
+std::string SampleDocument::GetFileName() const { return std::filesystem::path(path_).filename().string(); }
+
+std::string SampleDocument::GetCondition() { return "D50, 2\u00B0"; }
+
+std::string SampleDocument::FormatLab(std::array<double, 3> const& lab) {
+    auto const number = [](double value) { return Utilities::String(value, 2, '.').GetStdString(); };
+    return "L* " + number(lab[0]) + "   a* " + number(lab[1]) + "   b* " + number(lab[2]);
+}
+
+} // namespace ColourDesk

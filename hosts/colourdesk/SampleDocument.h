@@ -1,0 +1,45 @@
+#pragma once
+
+#include "cxf/SampleFile.h"
+#include "gui/elements/RGBVector.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace ColourDesk {
+
+/// One sample of a document, with everything the window shows of it.
+struct ShownSample {
+    Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample> sample;
+    std::string name;
+    /// Reflectance factor at 380, 390 ... 730 nm.
+    std::vector<float> spectrum;
+    /// L*, a*, b* under the document's conditions.
+    std::array<double, 3> lab{};
+    GUI::RGBVector color;
+};
+
+/// An opened file of measured samples. It is read as a whole: a document either has all samples of its
+/// file or doesn't exist.
+class SampleDocument {
+public:
+    SampleDocument() = default;
+    /// Throws `Norvelian::ColorExchangeFormat::FileException` with file, line, column and reason.
+    static SampleDocument Open(std::string const& path);
+
+    std::string const& GetPath() const { return path_; }
+    std::string GetFileName() const;
+    std::vector<ShownSample> const& GetSamples() const { return samples_; }
+    /// The condition of all numbers, in words: "D50, 2°".
+    static std::string GetCondition();
+
+    /// "L* 61.03  a* 19.71  b* 12.20".
+    static std::string FormatLab(std::array<double, 3> const& lab);
+
+private:
+    std::string path_;
+    std::vector<ShownSample> samples_;
+};
+
+} // namespace ColourDesk

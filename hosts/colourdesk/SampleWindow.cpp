@@ -1,0 +1,227 @@
+#include "hosts/colourdesk/SampleWindow.h"
+
+#include "cxf/Sample.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ColourDesk {
+
+using Utilities::Anything;
+using Utilities::Callback;
+using Utilities::String;
+
+namespace {
+
+constexpr char const* curves = "XYGraph";
+constexpr char const* labChart = "LabChart";
+constexpr char const* patch = "Patch";
+constexpr char const* patchRow = "PatchRow";
+constexpr int bands = 36;
+/// The a*b* plane is shown at least this far out.
+constexpr double smallestRange = 60;
+
+bool StartsWith(String const& text, char const* beginning) { return text.FindSubstring(beginning, 0) == 0; }
+
+/// The number behind a prefix.
+long NumberBehind(String const& text, char const* prefix) {
+    return text.Mid(String(prefix).Length(), text.Length()).GetLong();
+}
+
+/// Patches stand in rows about four times as long as the rows are many.
+long ColumnsFor(long samples) {
+    constexpr double shape = 8.0;
+    return std::max(1L, std::min(samples, static_cast<long>(std::ceil(std::sqrt(shape * static_cast<double>(samples))))));
+}
+
+} // namespace
+
+SampleWindow::SampleWindow(SampleDocument document)
+    : document_(std::move(document)), columns_(ColumnsFor(Count())), rows_((Count() + columns_ - 1) / columns_) {}
+
+void SampleWindow::Start() {
+    std::string const range = "1;1-" + std::to_string(Count()) + "|NoRepaint";
+    ExecuteCallback("Spectra", "OnUpdate", ("1-" + std::to_string(bands) + ";1-" + std::to_string(Count())).c_str());
+    ExecuteCallback(labChart, "OnUpdate", {});
+    Select(0);
+}
+
+Anything SampleWindow::GetValue(String const& element, String const& key) {
+    if (element == curves) return GetCurveValue(key);
+    if (element == labChart) {
+        if (key == "SelectedSample" && firstPaint_) std::exchange(firstPaint_, nullptr)();
+        return GetLabChartValue(key);
+    }
+    if (element == "PatchRows") return key == "Repetitions" ? Anything(rows_) : Anything();
+    if (StartsWith(element, patchRow)) return key == "Repetitions" ? Anything(columns_) : Anything();
+    if (StartsWith(element, patch) && key == "Data") return GetSpot(NumberBehind(element, patch));
+    if (StartsWith(element, patch)) return GetPatchValue(element, key);
+    return GetDetail(element, key);
+}
+
+Anything SampleWindow::GetPatchValue(String const& element, String const& key) const {
+    long const sample = SampleOfPatch(element);
+    if (key == "IsSelectable") return sample >= 0;
+    if (sample < 0) return {};
+    if (key == "ColorValue") return document_.GetSamples()[static_cast<std::size_t>(sample)].color.GetAnything();
+    if (key == "IsActive") return sample == selected_;
+    if (key == "ToolTipText") return ToolTip(sample).c_str();
+    return {};
+}
+
+Anything SampleWindow::GetCurveValue(String const& key) const {
+    if (key == "XScaleBegin") return 380.0;
+    if (key == "XScaleEnd") return 730.0;
+    if (key == "YScaleBegin") return 0.0;
+    if (key == "YScaleEnd") return 1.0;
+    if (key == "XScaleDrawLines") return 50.0;
+    if (key == "YScaleDrawLines") return 0.2;
+    if (key == "XValueBegin" || key == "ValueBegin") return "380";
+    if (key == "DeltaXValue" || key == "ValueStep") return "10";
+    if (key == "ActiveCurve") return static_cast<short>(selected_);
+    if (key == "") {
+        Anything::VectorOfAnythings names(static_cast<std::uint32_t>(Count()));
+        for (std::uint32_t i = 0; i < names.GetSize(); ++i) names[i] = document_.GetSamples()[i].name.c_str();
+        return {names};
+    }
+    if (StartsWith(key, "CurveColor ")) {
+        auto const& color = document_.GetSamples().at(static_cast<std::size_t>(NumberBehind(key, "CurveColor "))).color;
+        return (std::to_string(color.GetRed()) + ";" + std::to_string(color.GetGreen()) + ";" +
+                std::to_string(color.GetBlue()))
+            .c_str();
+    }
+    if (StartsWith(key, "LineWidth ")) return NumberBehind(key, "LineWidth ") == selected_ ? 3L : 1L;
+    if (StartsWith(key, "ToolTipText ")) {
+        long const band = NumberBehind(key, "ToolTipText ");
+        String const name = key.Mid(key.FindSubstring(" Curve ", 0) + 7, key.Length());
+        String const wavelength(370 + 10 * band);
+        return name + ", " + wavelength + " nm";
+    }
+    if (key.Length() != 0 && key.GetStdString().find_first_not_of("0123456789") == std::string::npos)
+        return GetCurve(key.GetLong() - 1);
+    return {};
+}
+
+Anything SampleWindow::GetCurve(long sample) const {
+    if (sample < 0 || sample >= Count()) return {};
+    ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
+    Anything::VectorOfAnythings column(1 + bands);
+    column[0] = shown.name.c_str();
+    for (std::uint32_t i = 0; i < bands; ++i) column[1 + i] = String(static_cast<double>(shown.spectrum[i]), 6, '.');
+    return {column};
+}
+
+Anything SampleWindow::GetLabChartValue(String const& key) const {
+    if (key == "NrOfPatches") return Count();
+    if (key == "SelectedSample") return selected_;
+    if (StartsWith(key, "ToolTipText ")) return ToolTip(NumberBehind(key, "ToolTipText ")).c_str();
+    bool const begin = key == "XValueBegin" || key == "YValueBegin";
+    if (!begin && !(key == "XValueEnd") && !(key == "YValueEnd")) return {};
+    double range = smallestRange;
+    for (ShownSample const& shown : document_.GetSamples())
+        range = std::max({range, std::abs(shown.lab[1]), std::abs(shown.lab[2])});
+    auto const rounded = static_cast<short>(std::min(std::ceil(range / 10) * 10 + 10, 1000.0));
+    return static_cast<short>(begin ? -rounded : rounded);
+}
+
+Anything SampleWindow::GetSpot(long sample) const {
+    if (sample < 0 || sample >= Count()) return {};
+    ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
+    Anything::MapOfAnythings spot;
+    spot["Color"] = shown.color.GetAnything();
+    spot["XValue"] = shown.lab[1];
+    spot["YValue"] = shown.lab[2];
+    return {spot};
+}
+
+Anything SampleWindow::GetDetail(String const& element, String const& key) const {
+    if (element == "ColourDesk" && key == "Caption") return ("Colour Desk \u2013 " + document_.GetFileName()).c_str();
+    if (selected_ < 0) return {};
+    ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(selected_)];
+    if (element == "SelectedColour") return key == "ColorValue" ? shown.color.GetAnything() : Anything();
+    if (!(key == "Caption")) return {};
+    if (element == "SampleName") return shown.name.c_str();
+    if (element == "SampleLab") return SampleDocument::FormatLab(shown.lab).c_str();
+    if (element == "SampleCondition") return SampleDocument::GetCondition().c_str();
+    if (element == "SampleGamut") return shown.color.IsInGamut() ? "" : "outside the screen's gamut";
+    return {};
+}
+
+void SampleWindow::SetValue(String const& element, String const& key, Anything const& value) {
+    if (element == labChart && key == "Click") {
+        auto const& place = value.GetMapOfAnythings();
+        SelectNearest(place["x"].GetDouble(), place["y"].GetDouble());
+    }
+}
+
+Callback SampleWindow::GetCallback(String const& element, String const& event) {
+    if (event == "OnLeftButtonDown" && SampleOfPatch(element) >= 0)
+        return Utilities::MakeCallback(this, &SampleWindow::OnPatchClicked);
+    return DialogHandler::GetCallback(element, event);
+}
+
+long SampleWindow::OnPatchClicked(Anything const& element) {
+    Select(SampleOfPatch(element.GetString()));
+    return 0;
+}
+
+void SampleWindow::SelectNearest(double a, double b) {
+    // A click that is farther from every spot than this changes nothing.
+    constexpr double reach = 5;
+    long nearest = -1;
+    double smallest = reach;
+    for (long i = 0; i < Count(); ++i) {
+        auto const& lab = document_.GetSamples()[static_cast<std::size_t>(i)].lab;
+        // Later spots lie on top, so they win a tie.
+        if (double const distance = std::hypot(lab[1] - a, lab[2] - b); distance <= smallest) {
+            smallest = distance;
+            nearest = i;
+        }
+    }
+    if (nearest >= 0) Select(nearest);
+}
+
+void SampleWindow::Select(long sample) {
+    long const former = std::exchange(selected_, sample);
+    if (former == sample) return;
+    for (long const changed : {former, sample})
+        if (changed >= 0) ExecuteCallback(PatchName(changed).c_str(), "OnUpdate", {});
+    for (char const* const element : {"SampleName", "SampleLab", "SampleCondition", "SampleGamut", "SelectedColour"})
+        ExecuteCallback(element, "OnUpdate", {});
+    ExecuteCallback("Spectra", "OnUpdate", "Properties");
+    ExecuteCallback("ColorChart", "SelectSample", {});
+}
+
+long SampleWindow::SampleOfPatch(String const& element) const {
+    if (!StartsWith(element, patch) || element.FindSubstring("_", 0) < 0) return -1;
+    String const place = element.Mid(String(patch).Length(), element.Length());
+    try {
+        long const column = place.GetToken(1, '_').GetLong();
+        long const sample = place.GetToken(0, '_').GetLong() * columns_ + column;
+        return column < columns_ && sample < Count() ? sample : -1;
+    } catch (Norvelian::Utilities::Exceptions::OutOfRangeException const&) {
+        return -1;
+    }
+}
+
+std::string SampleWindow::PatchName(long sample) const {
+    return patch + std::to_string(sample / columns_) + "_" + std::to_string(sample % columns_);
+}
+
+std::string SampleWindow::ToolTip(long sample) const {
+    if (sample < 0 || sample >= Count()) return {};
+    ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
+    return shown.name + "\n" + SampleDocument::FormatLab(shown.lab) + "\n" + SampleDocument::GetCondition();
+}
+
+Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample> SampleWindow::GetSample(Anything const& sampleKey) {
+    String const name = sampleKey.GetMapOfAnythings()["ElementName"].GetString();
+    long const sample = name == "SelectedColour" ? selected_ : SampleOfPatch(name);
+    if (sample < 0) return {};
+    return document_.GetSamples()[static_cast<std::size_t>(sample)].sample;
+}
+
+void SampleWindow::DataChanged(Anything const& /*sampleKey*/, Anything const& /*what*/) {}
+bool SampleWindow::IsLocked(Anything const& /*sampleKey*/, Anything const& /*what*/) { return true; }
+
+} // namespace ColourDesk

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "gui/elements/DataAccess.h"
+#include "gui/elements/DialogHandler.h"
+#include "hosts/colourdesk/SampleDocument.h"
+
+#include <functional>
+
+namespace ColourDesk {
+
+/// The logic behind the window: answers what the elements of `descriptions/ColourDesk.xml` ask, and
+/// keeps one sample selected in all of them.
+///
+/// Patches stand in rows and are named "Patch<row>_<column>"; the loops that make them ask how often.
+class SampleWindow : public GUI::DialogHandler, public GUI::CXFAccess {
+public:
+    /// Shows another document, of which nothing is selected. The patches are not made anew here: that takes
+    /// a new window.
+    explicit SampleWindow(SampleDocument document);
+
+    Diagnostics::String GetValueString() override { return "SampleWindow"; }
+    Utilities::Anything GetValue(Utilities::String const& element, Utilities::String const& key) override;
+    void SetValue(Utilities::String const& element, Utilities::String const& key,
+                  Utilities::Anything const& value) override;
+    Utilities::Callback GetCallback(Utilities::String const& element, Utilities::String const& event) override;
+
+    Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample>
+    GetSample(Utilities::Anything const& sampleKey) override;
+    void DataChanged(Utilities::Anything const& sampleKey, Utilities::Anything const& what) override;
+    bool IsLocked(Utilities::Anything const& sampleKey, Utilities::Anything const& what) override;
+
+    /// To be called once the elements exist: gives the charts their data.
+    void Start();
+    /// -1 for none.
+    void Select(long sample);
+    long GetSelected() const { return selected_; }
+    SampleDocument const& GetDocument() const { return document_; }
+
+    /// Called when the charts are painted for the first time.
+    void SetFirstPaintHandler(std::function<void()> handler) { firstPaint_ = std::move(handler); }
+
+private:
+    Utilities::Anything GetPatchValue(Utilities::String const& element, Utilities::String const& key) const;
+    Utilities::Anything GetCurveValue(Utilities::String const& key) const;
+    Utilities::Anything GetLabChartValue(Utilities::String const& key) const;
+    Utilities::Anything GetDetail(Utilities::String const& element, Utilities::String const& key) const;
+    Utilities::Anything GetSpot(long sample) const;
+    Utilities::Anything GetCurve(long sample) const;
+    long OnPatchClicked(Utilities::Anything const& element);
+    void SelectNearest(double a, double b);
+
+    /// Index of a patch's sample, -1 for a name of another form or beyond the samples.
+    long SampleOfPatch(Utilities::String const& element) const;
+    std::string PatchName(long sample) const;
+    std::string ToolTip(long sample) const;
+    long Count() const { return static_cast<long>(document_.GetSamples().size()); }
+
+    SampleDocument document_;
+    long columns_;
+    long rows_;
+    long selected_ = -1;
+    std::function<void()> firstPaint_;
+};
+
+} // namespace ColourDesk

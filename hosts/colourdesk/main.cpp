@@ -1,0 +1,48 @@
+#include "Diagnostics/Sink.h"
+#include "Utilities/Plugin.h"
+#include "Utilities/ProgramDirectory.h"
+#include "hosts/colourdesk/ColourDesk.h"
+
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+/// Nothing is dropped in silence here: what goes wrong while a window is built stands on standard error.
+void PrintDropped(Diagnostics::String const& where, Diagnostics::String const& what) {
+    std::fprintf(stderr, "colourdesk: %s: %s\n", where.GetCharPointer(), what.GetCharPointer());
+}
+
+int RunColourDesk(ColourDesk::Options const& options) {
+    Utilities::Plugin plugin(Utilities::GetModulePath("NorvelianGui"));
+    int result = 1;
+    {
+        ColourDesk::Application application(options);
+        try {
+            result = application.Execute();
+        } catch (std::exception const& failure) {
+            application.ReportError(failure.what());
+        }
+        application.Close();
+        application.ReleaseImplementation();
+    }
+    plugin.PrepareForUnload();
+    return result;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        Diagnostics::SetSink(PrintDropped);
+        auto const options = ColourDesk::Options::Parse({argv + 1, argv + argc});
+        if (options.help) {
+            std::fputs(ColourDesk::Options::Usage(), stdout);
+            return 0;
+        }
+        return RunColourDesk(options);
+    } catch (std::exception const& failure) {
+        std::fprintf(stderr, "colourdesk: %s\n", failure.what());
+        return 1;
+    }
+}

@@ -1,0 +1,147 @@
+#include "services/ThreadKiller_PC.h"
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <ctime>
+#include <link.h>
+#include <mutex>
+#include <sys/auxv.h>
+#include <sys/syscall.h>
+#include <ucontext.h>
+#include <unistd.h>
+
+namespace Utilities {
+
+namespace {
+
+using Address = std::uintptr_t;
+
+struct Range {
+    Address begin = 0;
+    Address end = 0;
+    bool Holds(Address address) const { return address >= begin && address < end; }
+};
+
+/// The libraries whose own locks a dead thread must not hold. With a sanitizer, or an allocator that is
+/// linked in, `malloc` lies in another one than `read`.
+struct GuardedCode {
+    std::array<Range, 3> ranges;
+    bool Holds(Address address) const {
+        for (Range const& range : ranges)
+            if (range.Holds(address)) return true;
+        return false;
+    }
+};
+
+Range RangeOfLibraryAround(Address address) {
+    struct Search {
+        Address address;
+        Range found;
+    } search{address, {}};
+    ::dl_iterate_phdr(
+        [](dl_phdr_info* library, std::size_t, void* data) {
+            auto& wanted = *static_cast<Search*>(data);
+            for (int i = 0; i < library->dlpi_phnum; ++i) {
+                auto const& segment = library->dlpi_phdr[i];
+                Address const begin = library->dlpi_addr + segment.p_vaddr;
+                Range const range{begin, begin + segment.p_memsz};
+                if (segment.p_type != PT_LOAD || !range.Holds(wanted.address)) continue;
+                wanted.found = range;
+                return 1;
+            }
+            return 0;
+        },
+        &search);
+    return search.found;
+}
+
+/// Filled before the first signal is sent; the handler only reads it.
+GuardedCode& Guarded() {
+    static GuardedCode code;
+    return code;
+}
+
+/// The one thread that the handler may end, 0 if there is none.
+std::atomic<pthread_t> condemned{};
+
+int Signal() { return SIGRTMAX - 4; }
+
+struct Interrupted {
+    Address instruction;
+    bool waitingInKernel;
+};
+
+Interrupted WhereInterrupted(ucontext_t const& context) {
+    // A system call that a signal breaks off without restarting it returns -EINTR, and only those that
+    // wait do so; the program counter stands behind the call instruction.
+#if defined(__x86_64__)
+    auto const instruction = static_cast<Address>(context.uc_mcontext.gregs[REG_RIP]);
+    auto const* const before = reinterpret_cast<std::uint8_t const*>(instruction) - 2;
+    bool const behindCall =
+        context.uc_mcontext.gregs[REG_RAX] == -EINTR && before[0] == 0x0F && before[1] == 0x05;
+    return {instruction, behindCall};
+#elif defined(__aarch64__)
+    auto const instruction = static_cast<Address>(context.uc_mcontext.pc);
+    auto const* const before = reinterpret_cast<std::uint32_t const*>(instruction) - 1;
+    bool const behindCall =
+        static_cast<std::int64_t>(context.uc_mcontext.regs[0]) == -EINTR && *before == 0xD4000001;
+    return {instruction, behindCall};
+#else
+#error "Say here where a thread was interrupted on this processor"
+#endif
+}
+
+void EndIfSound(int, siginfo_t*, void* context) {
+    if (condemned.load() != ::pthread_self()) return;
+    auto const place = WhereInterrupted(*static_cast<ucontext_t const*>(context));
+    if (!place.waitingInKernel && Guarded().Holds(place.instruction)) return;
+    // Ends this thread alone, and without a word to the C library: nothing is unwound. The kernel frees
+    // the robust mutexes of the thread and wakes who joins it.
+    ::syscall(SYS_exit, 0);
+}
+
+void Prepare() {
+    Guarded().ranges = {RangeOfLibraryAround(reinterpret_cast<Address>(&std::malloc)),
+                        RangeOfLibraryAround(reinterpret_cast<Address>(&::pthread_create)),
+                        RangeOfLibraryAround(static_cast<Address>(::getauxval(AT_BASE)))};
+    struct sigaction action {};
+    action.sa_sigaction = EndIfSound;
+    action.sa_flags = SA_SIGINFO;
+    ::sigemptyset(&action.sa_mask);
+    ::sigaction(Signal(), &action, nullptr);
+}
+
+bool JoinWithin(pthread_t thread, std::chrono::nanoseconds time) {
+    timespec deadline{};
+    ::clock_gettime(CLOCK_MONOTONIC, &deadline);
+    deadline.tv_nsec += time.count();
+    if (deadline.tv_nsec >= 1000000000) {
+        deadline.tv_nsec -= 1000000000;
+        ++deadline.tv_sec;
+    }
+    return ::pthread_clockjoin_np(thread, nullptr, CLOCK_MONOTONIC, &deadline) == 0;
+}
+
+} // namespace
+
+bool KillThread(pthread_t thread, std::chrono::milliseconds patience) {
+    static std::mutex oneAtATime;
+    std::lock_guard const lock(oneAtATime);
+    Prepare();
+    condemned = thread;
+    bool ended = false;
+    for (auto const end = std::chrono::steady_clock::now() + patience;
+         !ended && std::chrono::steady_clock::now() < end;) {
+        ::pthread_kill(thread, Signal());
+        ended = JoinWithin(thread, std::chrono::milliseconds(1));
+    }
+    condemned = pthread_t{};
+    return ended;
+}
+
+} // namespace Utilities

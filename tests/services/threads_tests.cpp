@@ -1,0 +1,257 @@
+#include "Diagnostics/Sink.h"
+#include "Utilities/Mutex.h"
+#include "Utilities/NamingService.h"
+#include "Utilities/Thread.h"
+#include "services/ThreadImplementation_PC.h"
+
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <malloc.h>
+#include <memory>
+#include <mutex>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Utilities::Mutex;
+using Utilities::String;
+using Utilities::ThreadImplementation_PC;
+
+/// A name of this process alone, so that runs beside each other don't meet.
+String Named(char const* purpose) { return ("test " + std::to_string(::getpid()) + purpose).c_str(); }
+
+/// Named mutexes outlive their processes; those of this test are of no use to anybody.
+class RemovesNames : public testing::Environment {
+    void TearDown() override {
+        std::string const mine = "-test_" + std::to_string(::getpid());
+        for (auto const& entry : std::filesystem::directory_iterator("/dev/shm"))
+            if (entry.path().string().find(mine) != std::string::npos) std::filesystem::remove(entry.path());
+    }
+};
+auto* const removesNames = testing::AddGlobalTestEnvironment(std::make_unique<RemovesNames>().release());
+
+bool LockElsewhere(Mutex& mutex, long timeout) {
+    bool gained = false;
+    std::thread([&] {
+        gained = mutex.Lock(timeout);
+        if (gained) mutex.Unlock();
+    }).join();
+    return gained;
+}
+
+TEST(Mutex, ExcludesOtherThreadsAndCountsItsHolders) {
+    String const name = Named("count");
+    Mutex first(name);
+    Mutex second(name);
+    Mutex other(Named("other"));
+    Mutex unnamed;
+    ASSERT_TRUE(first.Lock(0));
+    ASSERT_TRUE(second.Lock(0)) << "the holder may lock again, also through another object";
+    EXPECT_FALSE(LockElsewhere(first, 0));
+    EXPECT_TRUE(LockElsewhere(other, 0));
+    EXPECT_TRUE(LockElsewhere(unnamed, -1));
+
+    auto const start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(LockElsewhere(second, 50));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 50ms);
+
+    first.Unlock();
+    EXPECT_FALSE(LockElsewhere(first, 0));
+    second.Unlock();
+    EXPECT_TRUE(LockElsewhere(first, 0));
+}
+
+TEST(Mutex, AnUnlockThatFailsIsADiagnosticText) {
+    std::string seen;
+    auto const former =
+        Diagnostics::SetSink([&](auto const&, auto const& what) { seen = what.GetCharPointer(); });
+    Mutex().Unlock();
+    Diagnostics::SetSink(former);
+    EXPECT_EQ(seen, "Could not unlock CMutex. Error number: 1");
+}
+
+TEST(Mutex, IsFreeAgainWhenItsObjectThreadOrProcessDies) {
+    String const name = Named("death");
+    Mutex mutex(name);
+    { // the object
+        Mutex dying(name);
+        ASSERT_TRUE(dying.Lock(0));
+    }
+    EXPECT_TRUE(LockElsewhere(mutex, 0));
+
+    Mutex unnamed;
+    std::thread([&] { ASSERT_TRUE(mutex.Lock(0) && unnamed.Lock(0)); }).join();
+    EXPECT_TRUE(LockElsewhere(mutex, 1000));
+    EXPECT_TRUE(LockElsewhere(unnamed, 1000));
+
+    for (int round = 0; round < 20; ++round) {
+        int ready[2];
+        ASSERT_EQ(::pipe(ready), 0);
+        pid_t const child = ::fork();
+        if (child == 0) {
+            Mutex held(name);
+            bool const locked = held.Lock(1000);
+            if (::write(ready[1], &locked, 1) == 1)
+                for (;;) ::pause();
+        }
+        bool locked = false;
+        ASSERT_EQ(::read(ready[0], &locked, 1), 1);
+        ASSERT_TRUE(locked);
+        EXPECT_FALSE(mutex.Lock(0)) << "another process holds it";
+        ::kill(child, SIGKILL);
+        ASSERT_TRUE(mutex.Lock(10000));
+        mutex.Unlock();
+        ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+        ::close(ready[0]);
+        ::close(ready[1]);
+    }
+}
+
+TEST(Mutex, KeepsProcessesApartFromTheFirstUseOfAName) {
+    // Each round all children make the mutex at once; the count is a plain variable in shared memory
+    // that only the mutex protects. It lives in a pipe: read, add, write back.
+    for (int round = 0; round < 10; ++round) {
+        String const name = Named(("race" + std::to_string(round)).c_str());
+        int count[2];
+        ASSERT_EQ(::pipe(count), 0);
+        int value = 0;
+        ASSERT_EQ(::write(count[1], &value, sizeof value), static_cast<ssize_t>(sizeof value));
+        std::vector<pid_t> children;
+        for (int c = 0; c < 4; ++c) {
+            children.push_back(::fork());
+            if (children.back() != 0) continue;
+            int failures = 0;
+            for (int i = 0; i < 50; ++i) {
+                Mutex mutex(name);
+                int here = 0;
+                failures += !mutex.Lock(10000);
+                // Never empty while the mutex keeps the others out.
+                failures += ::read(count[0], &here, sizeof here) != sizeof here;
+                ++here;
+                failures += ::write(count[1], &here, sizeof here) != sizeof here;
+                mutex.Unlock();
+            }
+            ::_exit(failures == 0 ? 0 : 1);
+        }
+        for (pid_t const child : children) {
+            int status = -1;
+            ASSERT_EQ(::waitpid(child, &status, 0), child);
+            EXPECT_EQ(status, 0);
+        }
+        ASSERT_EQ(::read(count[0], &value, sizeof value), static_cast<ssize_t>(sizeof value));
+        EXPECT_EQ(value, 200);
+        ::close(count[0]);
+        ::close(count[1]);
+    }
+}
+
+/// Runs a function as the object of a thread.
+template <class Body> class Job : public Utilities::Runnable {
+public:
+    explicit Job(Body body) : body_(body) {}
+    long Run() override { return body_(); }
+
+private:
+    Body body_;
+};
+
+void WaitForEnd(ThreadImplementation_PC const& thread) {
+    for (int i = 0; i < 5000 && thread.GetExitCode() == ThreadImplementation_PC::stillActive; ++i)
+        std::this_thread::sleep_for(1ms);
+}
+
+TEST(Thread, EndsWithTheResultOfItsObject) {
+    Job returning([]() -> long { return 7; });
+    Job throwing([]() -> long { throw std::runtime_error("in a thread"); });
+    Job throwingAnything([]() -> long { throw 1; });
+    struct {
+        Utilities::Runnable* object;
+        long code;
+    } const rows[] = {{&returning, 7}, {&throwing, -1}, {&throwingAnything, -1}};
+    for (auto const& row : rows) {
+        ThreadImplementation_PC thread;
+        thread.Stop(100000); // before Start nothing happens, and at once
+        thread.Start(row.object);
+        WaitForEnd(thread);
+        thread.Stop(100000); // and so it is after the end
+        EXPECT_EQ(thread.GetExitCode(), row.code);
+    }
+}
+
+TEST(Thread, StopGivesTheWholeTimeAndUsesNoForceIfItIsNotNeeded) {
+    Job job([]() -> long {
+        std::this_thread::sleep_for(20ms);
+        return 3;
+    });
+    ThreadImplementation_PC thread;
+    thread.Start(&job);
+    auto const start = std::chrono::steady_clock::now();
+    thread.Stop(200);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 200ms);
+    EXPECT_EQ(thread.GetExitCode(), 3);
+}
+
+#if !defined(__SANITIZE_THREAD__)
+// The thread sanitizer delays signals, so that a thread can't be met in the middle of its work.
+TEST(Thread, AForcedStopEndsAThreadWhereverItIsAndLeavesTheProcessSound) {
+    // All threads share one heap, so that a lock left behind in it stops the test.
+    ::mallopt(M_ARENA_MAX, 1);
+    Mutex held;
+    std::atomic<long> beats = 0;
+    Job computing([&]() -> long {
+        held.Lock(-1);
+        for (;;) ++beats;
+    });
+    Job allocating([&]() -> long {
+        held.Lock(-1);
+        for (;; ++beats) std::make_unique<std::vector<char>>(static_cast<std::size_t>(beats % 100000));
+    });
+    Job swallowing([&]() -> long {
+        held.Lock(-1);
+        for (;; ++beats) try {
+                throw std::runtime_error("caught by its own thread");
+            } catch (...) {
+                std::this_thread::sleep_for(10us);
+            }
+    });
+    Job sleeping([&]() -> long {
+        held.Lock(-1);
+        ++beats;
+        for (;;) std::this_thread::sleep_for(1h);
+    });
+    Utilities::Runnable* const objects[] = {&computing, &allocating, &swallowing, &sleeping};
+    for (int round = 0; round < 200; ++round) {
+        ThreadImplementation_PC thread;
+        beats = 0;
+        thread.Start(objects[round % 4]);
+        while (beats == 0) std::this_thread::yield();
+        thread.Stop(0);
+        ASSERT_EQ(thread.GetExitCode(), 99999) << round;
+        long const last = beats;
+        EXPECT_TRUE(held.Lock(5000)) << "the dead thread's mutex is free";
+        held.Unlock();
+        std::thread([] { std::vector<std::string> used(1000, std::string(100, 'x')); }).join();
+        EXPECT_EQ(beats, last) << "not one instruction more";
+    }
+}
+#endif
+
+TEST(Thread, TheFrontRunsTheComponent) {
+    std::atomic<int> runs = 0;
+    Job job([&]() -> long { return ++runs; });
+    Utilities::Thread thread;
+    thread.Start(&job);
+    for (int i = 0; i < 5000 && runs == 0; ++i) std::this_thread::sleep_for(1ms);
+    thread.Stop(50);
+    EXPECT_EQ(runs, 1);
+}
+
+} // namespace
