@@ -5,6 +5,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/AdvancedControlImpl_PC.cpp
   core/plugin/BaseElements.cpp
   gui/shell/ApplicationImplementation_PC.cpp
+  gui/colour/CirclePatch.cpp
   services/ColorLibraryTextAdapter.cpp
   gui/shell/Dialog_PC.cpp
   gui/controls/FixedText_PC.cpp
@@ -15,17 +16,26 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/layout/LoopBox.cpp
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
+  gui/colour/Patch.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
   services/SelectionService.cpp
+  gui/colour/SmallPatch.cpp
+  gui/colour/SquarePatch.cpp
   services/TextAdapter.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/VBox.cpp
   gui/shell/Window_PC.cpp
+  gui/charts/XYChart.cpp
+  gui/charts/XYColorChart.cpp
+  gui/charts/XYGraph.cpp
 )
 
 # Units without a creator, and last the exports.
 set(NORVELIAN_SUPPORT_SOURCES
+  gui/charts/Chart.cpp
+  gui/charts/CurvePainter.cpp
+  gui/charts/Graph.cpp
   gui/controls/CNorvelianFixedText.cpp
   gui/controls/FixedText.cpp
   gui/controls/TextAdaption.cpp

@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QThread>
 #include <QTimer>
 #include <array>
 
@@ -110,7 +111,7 @@ bool ApplicationImplementation_PC::eventFilter(QObject* receiver, QEvent* event)
         return false;
     }
     if (auto* const service = dynamic_cast<MessageService_PC*>(messageService_.Get());
-        service && event->type() == static_cast<QEvent::Type>(service->GetMessageID())) {
+        service && receiver == qApp && service->IsWakeUp(event)) {
         RunGuarded([service] {
             service->DeliverPosted();
             return true;
@@ -158,7 +159,7 @@ int ApplicationImplementation_PC::Run() {
         shellCommands_ = std::make_unique<ShellCommandListener>(
             Application::Instance().GetName(), [this](String const& text) { return OnShellCommand(text); });
     });
-    return QApplication::exec();
+    return earlyExit_ ? *std::exchange(earlyExit_, std::nullopt) : QApplication::exec();
 }
 
 void ApplicationImplementation_PC::OpenArguments() {
@@ -166,7 +167,13 @@ void ApplicationImplementation_PC::OpenArguments() {
         if (!argument.empty() && argument.front() != '-') Application::Instance().OpenFile(argument);
 }
 
-void ApplicationImplementation_PC::Quit(int exitCode) { QApplication::exit(exitCode); }
+void ApplicationImplementation_PC::Quit(int exitCode) {
+    // The platform would remember it, and end the first loop that a dialog runs.
+    if (QThread::currentThread()->loopLevel() == 0)
+        earlyExit_ = exitCode;
+    else
+        QApplication::exit(exitCode);
+}
 
 void ApplicationImplementation_PC::ShowMessage(String const& title, String const& text) {
     if (IsOffscreen()) return;

@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <memory>
+#include <optional>
 
 class QApplication;
 
@@ -53,6 +54,8 @@ private:
     AcceleratorTable accelerators_;
     bool waitCursor_ = false;
     bool dragCursor_ = false;
+    /// What was asked to end before there was a loop to end.
+    std::optional<int> earlyExit_;
     Utilities::SmartPointer<MessageService> messageService_;
     std::unique_ptr<ShellCommandListener> shellCommands_;
 };

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "gui/elements/CallbackTable.h"
+#include "gui/elements/Pane.h"
+
+namespace GUI {
+
+/// The outer element of a chart: a pane that owns the margins, with their numbers and captions, and is
+/// the data source of the private children in it. Base class; a concrete chart fills the children's
+/// description and calls `CreateChildren`.
+///
+/// `GetValue` passes on to the chart's own data source. Callbacks that children register stay here, for
+/// `FireCallback`; the other operations of a data source do nothing. The chart's `OnUpdate` is registered
+/// with its own data source.
+class Chart : public Pane, public DialogDataSource {
+public:
+    Chart() = default;
+    /// Children know the chart as their data source and must not outlive this part of it.
+    ~Chart() override { ReleaseChildren(); }
+
+    void Invariant() const override {}
+    Diagnostics::String GetValueString() override { return "Chart"; }
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                    DialogDataSource* dataSource) override;
+
+    /// Builds the children from the chart's description of them, with the chart as data source.
+    virtual void CreateChildren();
+    /// Executes what a child registered. Without such a callback throws `RuntimeException` with the
+    /// element's name, " - ", the event's name and " - Callback undefined ".
+    virtual void FireCallback(Utilities::String const& element, Utilities::String const& event,
+                              Utilities::Anything const& argument);
+
+    void SetValue(Utilities::String const& /*element*/, Utilities::String const& /*name*/,
+                  Utilities::Anything const& /*value*/) override {}
+    Utilities::Anything GetValue(Utilities::String const& element, Utilities::String const& name) override;
+    void SetCallback(Utilities::String const& element, Utilities::String const& name,
+                     Utilities::Callback const& callback) override;
+    /// Always invalid.
+    Utilities::Callback GetCallback(Utilities::String const& element, Utilities::String const& name) override;
+    /// A child that dies takes its callbacks out.
+    void RemoveAllCallbacks(Utilities::String const& element) override { callbacks_.Remove(element); }
+
+protected:
+    using Pane::GetValue;
+    DescriptionTree& GetGraphDescription() { return graphDescription_; }
+    /// Of scale marks in the margins; no attribute sets it.
+    RGBVector const& GetLineColor() const { return lineColor_; }
+
+private:
+    DescriptionTree graphDescription_;
+    CallbackTable callbacks_;
+    RGBVector lineColor_;
+};
+
+} // namespace GUI

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "gui/charts/ScaleMap.h"
+#include "gui/elements/PlatformIndependentDeviceContext.h"
+
+#include <span>
+
+namespace GUI {
+
+/// Draws values at equidistant positions on the X scale as one line, with the context's pen: `MoveTo`
+/// the first, `LineTo` each later one.
+///
+/// Where many values fall on one column of pixels (one row, if the X scale runs downward), that column
+/// is drawn through its first, lowest, highest and last value alone. The picture is the same: the lines
+/// between values of one column cover all pixels between its lowest and its highest, whatever lies
+/// between, and since a map is monotone the extreme values have the extreme pixels. The last column is
+/// drawn whole, as nothing follows it that would set the pixel that a line leaves out.
+void DrawCurve(PlatformIndependentDeviceContext& context, ScaleMap const& map, double xBegin, double xStep,
+               std::span<double const> values);
+
+} // namespace GUI

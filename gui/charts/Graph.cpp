@@ -1,0 +1,241 @@
+#include "gui/charts/Graph.h"
+
+#include "gui/charts/GraphAttributes.h"
+
+namespace GUI {
+
+using Utilities::Anything;
+using Utilities::String;
+
+namespace {
+
+namespace Keys = GraphAttributes;
+
+constexpr Attribute attributeList[] = {Keys::lineColor,
+                                       Keys::xScaleDrawLines,
+                                       Keys::xScaleGraduation,
+                                       Keys::yScaleDrawLines,
+                                       Keys::yScaleGraduation,
+                                       Keys::justificationOnX,
+                                       Keys::left,
+                                       Keys::top,
+                                       Keys::right,
+                                       Keys::bottom,
+                                       Keys::drawAxis};
+AttributeTable const table("Graph", "Pane", attributeList);
+
+/// A text that holds a number; an empty one leaves the field.
+void TakeText(Anything const& value, double& field) {
+    if (!value.IsValid()) return;
+    if (value.IsOfTypeString() && value.GetString().Length() == 0) return;
+    field = value.GetDouble();
+}
+
+/// Walks by repeated addition of the step, as long as `isInside` holds.
+template <class Inside, class Visit> void Walk(double first, double step, Inside isInside, Visit visit) {
+    int lines = 0;
+    for (double value = first; isInside(value) && lines < Graph::maximalLines; value += step, ++lines)
+        visit(value);
+}
+
+} // namespace
+
+void Graph::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                       DialogDataSource* dataSource) {
+    Pane::Initialize(parent, description, dataSource);
+    if (GetBackgroundBitmap().Length() == 0) SetFrame(true);
+    ReadAttributes(description);
+    xValueBegin_ = 0;
+    deltaXValue_ = 1;
+    TakeText(GetValue("XValueBegin"), xValueBegin_);
+    TakeText(GetValue("DeltaXValue"), deltaXValue_);
+    RegisterOnUpdate();
+    OnUpdate("Properties");
+}
+
+void Graph::ReadAttributes(DescriptionTree const& description) {
+    AttributeReader const attributes(description);
+    lineColor_ = attributes.Colour(Keys::lineColor);
+    xScaleDrawLines_ = attributes.Number(Keys::xScaleDrawLines);
+    xScaleGraduation_ = attributes.Number(Keys::xScaleGraduation);
+    yScaleDrawLines_ = attributes.Number(Keys::yScaleDrawLines);
+    yScaleGraduation_ = attributes.Number(Keys::yScaleGraduation);
+    justificationOnX_ = attributes.FlagUnlessNo(Keys::justificationOnX);
+    left_ = attributes.Number(Keys::left);
+    top_ = attributes.Number(Keys::top);
+    right_ = attributes.Number(Keys::right);
+    bottom_ = attributes.Number(Keys::bottom);
+    drawAxis_ = attributes.FlagUnlessNo(Keys::drawAxis);
+}
+
+long Graph::OnUpdate(Anything const& command) {
+    Pane::OnUpdate(command);
+    bool repaint = true;
+    if (command.IsOfTypeString()) {
+        String const& message = command.GetString();
+        if (HasNoRepaint(message)) repaint = false;
+        if (GetCommand(message) == "Properties") {
+            repaint = false;
+            ReadProperties();
+        }
+    }
+    if (repaint) Repaint();
+    return 0;
+}
+
+void Graph::ReadProperties() {
+    auto const take = [this](char const* key, double& field) {
+        Anything const value = GetValue(key);
+        if (value.IsValid()) field = value.GetDouble();
+    };
+    take("XScaleBegin", xScaleBegin_);
+    take("XScaleEnd", xScaleEnd_);
+    take("YScaleBegin", yScaleBegin_);
+    take("YScaleEnd", yScaleEnd_);
+    take("XScaleDrawLines", xScaleDrawLines_);
+    take("YScaleDrawLines", yScaleDrawLines_);
+    take("XScaleGraduation", xScaleGraduation_);
+    take("YScaleGraduation", yScaleGraduation_);
+    Anything const justification = GetValue("JustificationOnX");
+    if (justification.IsValid()) justificationOnX_ = justification.GetBool();
+}
+
+void Graph::GetXScale(double& begin, double& end) {
+    begin = xScaleBegin_;
+    end = xScaleEnd_;
+}
+void Graph::GetYScale(double& begin, double& end) {
+    begin = yScaleBegin_;
+    end = yScaleEnd_;
+}
+void Graph::GetXDrawLines(double& begin, double& step) {
+    begin = xValueBegin_;
+    step = xScaleDrawLines_;
+}
+void Graph::GetYDrawLines(double& begin, double& step) {
+    begin = yScaleBegin_;
+    step = yScaleDrawLines_;
+}
+void Graph::GetXGraduation(double& begin, double& step) {
+    begin = xScaleBegin_;
+    step = xScaleGraduation_;
+}
+void Graph::GetYGraduation(double& begin, double& step) {
+    begin = yScaleBegin_;
+    step = yScaleGraduation_;
+}
+
+void Graph::ValueToPixel(double x, double y, short& px, short& py) { GetScaleMap().ToPixel(x, y, px, py); }
+void Graph::PixelToValue(short px, short py, double& x, double& y) { GetScaleMap().ToValue(px, py, x, y); }
+
+ScaleMap Graph::GetScaleMap() const {
+    unsigned long width = 0;
+    unsigned long height = 0;
+    GetSize(width, height);
+    ScaleMap map;
+    map.xBegin = xScaleBegin_;
+    map.xEnd = xScaleEnd_;
+    map.yBegin = yScaleBegin_;
+    map.yEnd = yScaleEnd_;
+    map.left = left_;
+    map.top = top_;
+    map.width = static_cast<double>(width) - left_ - right_;
+    map.height = static_cast<double>(height) - top_ - bottom_;
+    map.xIsHorizontal = justificationOnX_;
+    return map;
+}
+
+namespace {
+
+/// A line between two points of the scale.
+void DrawValueLine(PlatformIndependentDeviceContext& context, ScaleMap const& map, double x1, double y1,
+                   double x2, double y2) {
+    short left = 0;
+    short top = 0;
+    short right = 0;
+    short bottom = 0;
+    map.ToPixel(x1, y1, left, top);
+    map.ToPixel(x2, y2, right, bottom);
+    context.DrawLine(left, top, right, bottom);
+}
+
+} // namespace
+
+void Graph::OnPaint(PlatformIndependentDeviceContext& context) {
+    Pane::OnPaint(context);
+    ScaleMap const map = GetScaleMap();
+    context.SetPen(lineColor_, 5, PlatformIndependentDeviceContext::solid);
+    if (drawAxis_) DrawAxes(context, map);
+    context.SetPen(lineColor_, 1, PlatformIndependentDeviceContext::dotted);
+    DrawGrid(context, map);
+    context.SetPen(lineColor_, 1, PlatformIndependentDeviceContext::solid);
+    if (xScaleGraduation_ > 0) DrawXTicks(context, map);
+    if (yScaleGraduation_ > 0) DrawYTicks(context, map);
+}
+
+void Graph::DrawAxes(PlatformIndependentDeviceContext& context, ScaleMap const& map) const {
+    if (yScaleBegin_ <= 0 && 0 < yScaleEnd_) DrawValueLine(context, map, xScaleBegin_, 0, xScaleEnd_, 0);
+    if (xScaleBegin_ <= 0 && 0 < xScaleEnd_) DrawValueLine(context, map, 0, yScaleBegin_, 0, yScaleEnd_);
+}
+
+void Graph::DrawGrid(PlatformIndependentDeviceContext& context, ScaleMap const& map) const {
+    // The axes lie at zero, so the walks leave it out. On X the positive side comes first, on Y the other.
+    auto const vertical = [&](double x) { DrawValueLine(context, map, x, yScaleBegin_, x, yScaleEnd_); };
+    auto const horizontal = [&](double y) { DrawValueLine(context, map, xScaleBegin_, y, xScaleEnd_, y); };
+    double const xStep = xScaleDrawLines_;
+    double const yStep = yScaleDrawLines_;
+    if (xStep > 0) {
+        Walk(
+            xStep, xStep, [this](double x) { return x < xScaleEnd_; }, vertical);
+        Walk(
+            -xStep, -xStep, [this](double x) { return x > xScaleBegin_; }, vertical);
+    }
+    if (yStep > 0) {
+        Walk(
+            -yStep, -yStep, [this](double y) { return y > yScaleBegin_; }, horizontal);
+        Walk(
+            yStep, yStep, [this](double y) { return y < yScaleEnd_; }, horizontal);
+    }
+}
+
+void Graph::DrawXTicks(PlatformIndependentDeviceContext& context, ScaleMap const& map) const {
+    double const step = xScaleGraduation_;
+    double const half = yScaleDrawLines_ > 0 ? yScaleDrawLines_ / 10 : (yScaleEnd_ - yScaleBegin_) / 50;
+    Walk(
+        step, step, [this](double x) { return x < xScaleEnd_; },
+        [&](double x) {
+            short x1 = 0;
+            short y1 = 0;
+            short x2 = 0;
+            short y2 = 0;
+            map.ToPixel(x, half, x1, y1);
+            map.ToPixel(x, -half, x2, y2);
+            // Short ticks on the positive side alone are lengthened at both ends.
+            constexpr short shortest = 4;
+            constexpr short extension = 3;
+            if (map.xIsHorizontal && y2 - y1 <= shortest) {
+                y1 = ScaleMap::ToShort(y1 - extension);
+                y2 = ScaleMap::ToShort(y2 + extension);
+            } else if (!map.xIsHorizontal && x1 - x2 <= shortest) {
+                x1 = ScaleMap::ToShort(x1 + extension);
+                x2 = ScaleMap::ToShort(x2 - extension);
+            }
+            context.DrawLine(x1, y1, x2, y2);
+        });
+    // This walk begins on the positive side once more and goes over zero.
+    Walk(
+        step, -step, [this](double x) { return x > xScaleBegin_; },
+        [&](double x) { DrawValueLine(context, map, x, half, x, -half); });
+}
+
+void Graph::DrawYTicks(PlatformIndependentDeviceContext& context, ScaleMap const& map) const {
+    double const step = yScaleGraduation_;
+    double const half = xScaleDrawLines_ > 0 ? xScaleDrawLines_ / 10 : (xScaleEnd_ - xScaleBegin_) / 50;
+    auto const tick = [&](double y) { DrawValueLine(context, map, half, y, -half, y); };
+    Walk(
+        step, -step, [this](double y) { return y > yScaleBegin_; }, tick);
+    Walk(
+        step, step, [this](double y) { return y < yScaleEnd_; }, tick);
+}
+
+} // namespace GUI

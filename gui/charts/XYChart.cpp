@@ -1,0 +1,144 @@
+#include "gui/charts/XYChart.h"
+
+#include "core/creators/ComponentCreator.h"
+#include "gui/charts/Graph.h"
+#include "gui/charts/GraphAttributes.h"
+
+namespace GUI {
+
+using Utilities::Anything;
+using Utilities::String;
+
+namespace {
+
+namespace Keys = GraphAttributes;
+
+constexpr Attribute graphColor{"GraphColor", AttributeType::Colour, "255,255,255", "Background of the graph"};
+constexpr Attribute attributeList[] = {Keys::lineColor,       Keys::xScaleDrawLines,  Keys::xScaleGraduation,
+                                       Keys::yScaleDrawLines, Keys::yScaleGraduation, graphColor};
+
+Utilities::ComponentCreatorNormal<XYChart> const creator({"XYChart", "$Revision: 1.13 $", "GUI"});
+AttributeTable const table("XYChart", "Pane", attributeList);
+
+constexpr char const* graphName = "XYGraph";
+/// The margins of the graph, which the numbers' places rest on.
+constexpr char const* topMargin = "10";
+constexpr char const* bottomMargin = "20";
+constexpr char const* leftMargin = "35";
+constexpr char const* rightMargin = "5";
+constexpr double topPixels = 10;
+constexpr double leftPixels = 35;
+constexpr long xNumbersAboveBottom = 12;
+constexpr short yNumbersLeft = 5;
+
+} // namespace
+
+void XYChart::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                         DialogDataSource* dataSource) {
+    Chart::Initialize(parent, description, dataSource);
+    BuildGraphDescription(description);
+    OnUpdate("Properties");
+}
+
+void XYChart::BuildGraphDescription(AttributeMap const& attributes) {
+    auto const graph = Utilities::MakeSmart<DescriptionTree>();
+    (*graph)["GUIElementType"] = "XYGraph";
+    (*graph)["ElementName"] = graphName;
+    (*graph)["Register"] = "No";
+    (*graph)["MinimalWidth"] = "10";
+    (*graph)["MaximalWidth"] = "10000";
+    (*graph)["MinimalHeight"] = "10";
+    (*graph)["MaximalHeight"] = "10000";
+    (*graph)["JustificationOnX"] = "Yes";
+    AttributeReader const reader(attributes);
+    for (Attribute const& key : {Keys::lineColor, Keys::xScaleDrawLines, Keys::xScaleGraduation,
+                                 Keys::yScaleDrawLines, Keys::yScaleGraduation})
+        if (reader.Has(key)) (*graph)[key.key] = reader.Text(key);
+    (*graph)["BackgroundColor"] = reader.Text(graphColor);
+
+    auto const frame = Utilities::MakeSmart<DescriptionTree>();
+    (*frame)["GUIElementType"] = "FrameBox";
+    // This exact text is what hosts know.
+    (*frame)["ElementName"] = "abGraphFrameBox";
+    (*frame)["Top"] = topMargin;
+    (*frame)["Bottom"] = bottomMargin;
+    (*frame)["Left"] = leftMargin;
+    (*frame)["Right"] = rightMargin;
+    frame->AddChild(graph);
+
+    GetGraphDescription() = DescriptionTree();
+    GetGraphDescription().AddChild(frame);
+    CreateChildren();
+}
+
+long XYChart::OnUpdate(Anything const& command) {
+    FireCallback(graphName, "OnUpdate", command);
+    Chart::OnUpdate(command);
+    Repaint();
+    return 0;
+}
+
+void XYChart::OnPaint(PlatformIndependentDeviceContext& context) {
+    Chart::OnPaint(context);
+    static RGBVector const black;
+    context.SetBrush(black);
+    context.SetPen(black, 2, PlatformIndependentDeviceContext::solid);
+    context.SetFont(8, 0, 0, "Arial", 0);
+    GUIElement const* const frame = GetFirstChild();
+    if (!frame) return;
+    auto const first = frame->GetChildrenList().Begin();
+    auto* const graph = first.IsValid() ? dynamic_cast<Graph*>(first.Current().Get()) : nullptr;
+    if (!graph) return;
+    DrawXNumbers(context, *graph);
+    DrawYNumbers(context, *graph);
+}
+
+void XYChart::DrawXNumbers(PlatformIndependentDeviceContext& context, Graph& graph) const {
+    unsigned long width = 0;
+    unsigned long height = 0;
+    GetSize(width, height);
+    auto const y = static_cast<short>(static_cast<long>(height) - xNumbersAboveBottom);
+    graph.GetSize(width, height);
+    double low = 0;
+    double high = 0;
+    graph.GetXScale(low, high);
+    double value = 0;
+    double step = 0;
+    graph.GetXDrawLines(value, step);
+    for (int count = 0; value < high && step > 0 && count < Graph::maximalLines; value += step, ++count) {
+        double const place = static_cast<double>(width) * (value - low) / (high - low) + leftPixels;
+        // The comparison isn't on the absolute value: negative numbers keep their decimal.
+        String const text(value, value >= 100 ? 0 : 1, '.');
+        long textWidth = 0;
+        long textHeight = 0;
+        context.GetTextExtent(text, textWidth, textHeight);
+        context.DrawText(ScaleMap::ToShort(static_cast<double>(ScaleMap::ToShort(place) - textWidth / 2)), y,
+                         text);
+    }
+}
+
+void XYChart::DrawYNumbers(PlatformIndependentDeviceContext& context, Graph& graph) const {
+    unsigned long width = 0;
+    unsigned long height = 0;
+    graph.GetSize(width, height);
+    auto const graphHeight = static_cast<double>(height);
+    double low = 0;
+    double high = 0;
+    graph.GetYScale(low, high);
+    double value = 0;
+    double step = 0;
+    graph.GetYDrawLines(value, step);
+    for (int count = 0; value < high && step > 0 && count < Graph::maximalLines; value += step, ++count) {
+        // Of the value, not of its distance from the begin: right for scales that begin at 0.
+        double const place = graphHeight + topPixels - graphHeight * value / (high - low);
+        String const text(value, 1, '.');
+        long textWidth = 0;
+        long textHeight = 0;
+        context.GetTextExtent(text, textWidth, textHeight);
+        context.DrawText(yNumbersLeft,
+                         ScaleMap::ToShort(static_cast<double>(ScaleMap::ToShort(place) - textHeight / 2)),
+                         text);
+    }
+}
+
+} // namespace GUI

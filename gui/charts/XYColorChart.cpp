@@ -1,0 +1,194 @@
+#include "gui/charts/XYColorChart.h"
+
+#include "core/creators/ComponentCreator.h"
+#include "gui/charts/ScaleMap.h"
+#include "gui/elements/Attributes.h"
+
+#include <algorithm>
+
+namespace GUI {
+
+using Utilities::Anything;
+using Utilities::String;
+
+namespace {
+
+constexpr Attribute spotSizeKey{"SpotSize", AttributeType::Number, "4", "Radius of a spot in pixels"};
+constexpr Attribute backgroundBitmapKey{"BackgroundBitmap", AttributeType::Text, "",
+                                        "Stem of the background picture's name"};
+constexpr Attribute attributeList[] = {spotSizeKey, backgroundBitmapKey};
+
+Utilities::ComponentCreatorNormal<XYColorChart> const creator({"XYColorChart", "$Revision: 1.9 $", "GUI"});
+AttributeTable const table("XYColorChart", "Pane", attributeList);
+
+/// The source of commands to select a spot, whatever the chart's own name is.
+constexpr char const* selectionElement = "ColorChart";
+
+} // namespace
+
+/// It is registered under a name that isn't the chart's, where others may follow it: it stays in the data
+/// source when the chart dies, and does nothing from then on.
+class XYColorChart::SelectionCallback : public Utilities::CallbackImplementation {
+public:
+    explicit SelectionCallback(XYColorChart* chart) : chart_(chart) {}
+
+    Diagnostics::String GetValueString() override { return "XYColorChart::SelectionCallback"; }
+    long Execute(Anything const& /*argument*/) override {
+        if (chart_) chart_->Repaint();
+        return 0;
+    }
+    bool IsValid() override { return chart_ != nullptr; }
+    void Forget() { chart_ = nullptr; }
+
+private:
+    XYColorChart* chart_;
+};
+
+XYColorChart::XYColorChart() : selectionCallback_(Utilities::MakeSmart<SelectionCallback>(this)) {}
+XYColorChart::~XYColorChart() { selectionCallback_->Forget(); }
+
+void XYColorChart::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                              DialogDataSource* dataSource) {
+    Pane::Initialize(parent, description, dataSource);
+    AttributeReader const attributes(description);
+    spotSize_ = attributes.Text(spotSizeKey).GetUnsignedShort();
+    if (dataSource)
+        dataSource->SetCallback(selectionElement, "SelectSample", Utilities::Callback(selectionCallback_));
+    backgroundBitmap_ = attributes.Text(backgroundBitmapKey);
+    RegisterOnUpdate();
+}
+
+long XYColorChart::OnUpdate(Anything const& /*command*/) {
+    Anything const extension = GetValue("BackgroundBitmapExtension");
+    if (extension.IsValid()) SetBackgroundBitmap(backgroundBitmap_ + extension.GetString());
+    ReadSpots();
+    auto const take = [this](char const* key, double& field) {
+        Anything const value = GetValue(key);
+        if (value.IsValid()) field = value.GetShort();
+    };
+    take("XValueBegin", xValueBegin_);
+    take("XValueEnd", xValueEnd_);
+    take("YValueBegin", yValueBegin_);
+    take("YValueEnd", yValueEnd_);
+    Repaint();
+    return 0;
+}
+
+void XYColorChart::ReadSpots() {
+    spots_.clear();
+    Anything const count = GetValue("NrOfPatches");
+    if (!count.IsValid()) return;
+    for (long i = 0; i < count.GetLong(); ++i) {
+        Anything const data = GetDataSource()->GetValue(String("Patch") + String(i), "Data");
+        Spot spot{RGBVector(100, 100, 100), 0, 0};
+        if (data.IsValid()) {
+            auto const& record = data.GetMapOfAnythings();
+            auto const color = record.Find("Color");
+            if (color.IsValid()) spot.color = RGBVector(color.GetValue());
+            auto const x = record.Find("XValue");
+            if (x.IsValid()) spot.x = x.GetValue().GetDouble();
+            auto const y = record.Find("YValue");
+            if (y.IsValid()) spot.y = y.GetValue().GetDouble();
+        }
+        spots_.push_back(spot);
+    }
+}
+
+XYColorChart::Places XYColorChart::GetPlaces() const {
+    unsigned long width = 0;
+    unsigned long height = 0;
+    GetSize(width, height);
+    Places places;
+    places.width = static_cast<double>(width);
+    places.height = static_cast<double>(height);
+    places.xRange = xValueEnd_ - xValueBegin_;
+    places.yRange = yValueEnd_ - yValueBegin_;
+    places.originX = (-xValueBegin_ / places.xRange) * places.width;
+    places.originY = (yValueEnd_ / places.yRange) * places.height;
+    return places;
+}
+
+XYColorChart::Pixel XYColorChart::Places::Of(Spot const& spot) const {
+    return {ScaleMap::ToShort(originX + spot.x * width / xRange),
+            ScaleMap::ToShort(originY - spot.y * height / yRange)};
+}
+
+void XYColorChart::FindVisible(Places const& places, long selected) {
+    auto const width = static_cast<std::size_t>(std::clamp(places.width, 0.0, 32767.0));
+    auto const height = static_cast<std::size_t>(std::clamp(places.height, 0.0, 32767.0));
+    std::size_t const wordsInRow = width / 64 + 1;
+    taken_.assign(wordsInRow * height, 0);
+    visible_.clear();
+    // From the last one, which lies on top. The selected one has another pen and covers more than
+    // another one there would.
+    for (std::size_t i = spots_.size(); i-- > 0;) {
+        Pixel const place = places.Of(spots_[i]);
+        bool const isSelected = static_cast<long>(i) == selected;
+        auto const x = static_cast<std::size_t>(place.x);
+        auto const y = static_cast<std::size_t>(place.y);
+        if (place.x >= 0 && place.y >= 0 && x < width && y < height) {
+            std::uint64_t& word = taken_[y * wordsInRow + x / 64];
+            std::uint64_t const bit = std::uint64_t{1} << (x % 64);
+            if ((word & bit) != 0 && !isSelected) continue;
+            word |= bit;
+        }
+        visible_.push_back({static_cast<std::uint32_t>(i), place});
+    }
+}
+
+void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
+    static RGBVector const mark(255, 255, 255);
+    static RGBVector const outline(50, 50, 50);
+    Pane::OnPaint(context);
+    Anything const selection = GetValue("SelectedSample");
+    long const selected = selection.IsValid() ? selection.GetLong() : -1;
+    FindVisible(GetPlaces(), selected);
+    bool isPlainPen = false;
+    int const radius = spotSize_;
+    for (auto it = visible_.rbegin(); it != visible_.rend(); ++it) {
+        if (static_cast<long>(it->number) == selected) {
+            context.SetPen(mark, 3, PlatformIndependentDeviceContext::solid);
+            isPlainPen = false;
+        } else if (!isPlainPen) {
+            context.SetPen(outline, 1, PlatformIndependentDeviceContext::solid);
+            isPlainPen = true;
+        }
+        context.SetBrush(spots_[it->number].color);
+        context.FillEllipse(ScaleMap::ToShort(it->place.x - radius), ScaleMap::ToShort(it->place.y - radius),
+                            ScaleMap::ToShort(it->place.x + radius), ScaleMap::ToShort(it->place.y + radius));
+    }
+}
+
+bool XYColorChart::OnLeftButtonDown(KeyState /*keyState*/, long x, long y) {
+    Places const places = GetPlaces();
+    AttributeMap click;
+    click["x"] = (static_cast<double>(x) - places.originX) * places.xRange / places.width;
+    click["y"] = (places.originY - static_cast<double>(y)) * places.yRange / places.height;
+    if (GetDataSource()) GetDataSource()->SetValue(GetElementName(), "Click", click);
+    OnSelectionChanged("PropertyInspector", true);
+    return false;
+}
+
+String XYColorChart::GetToolTipText(unsigned short x, unsigned short y) {
+    Places const places = GetPlaces();
+    double const radius = spotSize_;
+    for (std::size_t i = spots_.size(); i-- > 0;) {
+        Pixel const place = places.Of(spots_[i]);
+        // A pixel is under the spot if its centre is.
+        double const dx = x + 0.5 - place.x;
+        double const dy = y + 0.5 - place.y;
+        if (dx * dx + dy * dy > radius * radius) continue;
+        Anything const text = GetValue(String("ToolTipText ") + String(static_cast<unsigned long>(i)));
+        return text.IsOfTypeString() ? text.GetString() : String();
+    }
+    return {};
+}
+
+Anything XYColorChart::GetPropertyInspectorData() {
+    AttributeMap key;
+    key["ElementName"] = GetElementName();
+    key["CurrentRegion"] = GetCurrentRegion();
+    return {key};
+}
+
+} // namespace GUI

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "gui/elements/Pane.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace GUI {
+
+/// A pane of coloured spots at free (x, y) positions over a background picture, one of them selected.
+/// It is neither a `Chart` nor a `Graph`.
+///
+/// Attributes: "SpotSize" (4, a spot's radius in pixels), "BackgroundBitmap" (stem of the picture's name).
+///
+/// Values asked of the data source under the element's name: "BackgroundBitmapExtension" (appended to the
+/// stem), "NrOfPatches", "XValueBegin", "XValueEnd", "YValueBegin", "YValueEnd" (the ranges, as short), at
+/// each paint "SelectedSample", and for a tool tip "ToolTipText " with the number, counted from 0, of the
+/// topmost spot under the point. Under the element name "Patch" with a spot's number: "Data", a map of
+/// "Color", "XValue" and "YValue".
+///
+/// A click is told to the data source as "Click", a map of "x" and "y" in values, and passed on. The
+/// event "SelectSample" of the element "ColorChart" repaints; "OnUpdate" reads everything anew.
+class XYColorChart : public Pane {
+public:
+    XYColorChart();
+    ~XYColorChart() override;
+    Diagnostics::String GetValueString() override { return "XYColorChart"; }
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                    DialogDataSource* dataSource) override;
+    long OnUpdate(Utilities::Anything const& command) override;
+    void OnPaint(PlatformIndependentDeviceContext& context) override;
+    bool OnLeftButtonDown(KeyState keyState, long x, long y) override;
+    Utilities::String GetToolTipText(unsigned short x, unsigned short y) override;
+    /// A map of "ElementName" and "CurrentRegion".
+    Utilities::Anything GetPropertyInspectorData() override;
+
+private:
+    struct Spot {
+        RGBVector color;
+        double x = 0;
+        double y = 0;
+    };
+    struct Pixel {
+        short x = 0;
+        short y = 0;
+    };
+    /// The ranges at the pane's present size.
+    struct Places {
+        double originX = 0;
+        double originY = 0;
+        double xRange = 0;
+        double yRange = 0;
+        double width = 0;
+        double height = 0;
+
+        Pixel Of(Spot const& spot) const;
+    };
+
+    class SelectionCallback;
+
+    Places GetPlaces() const;
+    void ReadSpots();
+    /// Leaves out spots that a later one at the same pixel covers; fills `visible_`.
+    void FindVisible(Places const& places, long selected);
+
+    Utilities::SmartPointer<SelectionCallback> selectionCallback_;
+    double xValueBegin_ = -100;
+    double xValueEnd_ = 100;
+    double yValueBegin_ = -100;
+    double yValueEnd_ = 100;
+    std::vector<Spot> spots_;
+    std::uint16_t spotSize_ = 4;
+    Utilities::String backgroundBitmap_;
+
+    /// Kept from paint to paint, so that painting allocates nothing.
+    struct VisibleSpot {
+        std::uint32_t number;
+        Pixel place;
+    };
+    std::vector<VisibleSpot> visible_;
+    std::vector<std::uint64_t> taken_;
+};
+
+} // namespace GUI

@@ -1,0 +1,90 @@
+#include "gui/colour/Patch.h"
+
+#include "Diagnostics/Sink.h"
+#include "core/creators/ComponentCreator.h"
+#include "gui/elements/Attributes.h"
+#include "gui/elements/DataAccess.h"
+
+namespace GUI {
+
+using Utilities::Anything;
+using Utilities::String;
+
+namespace {
+
+Utilities::ComponentCreatorNormal<Patch> const creator({"Patch", "$Revision: 1.34 $", "GUI"});
+AttributeTable const table("Patch", "Pane", {});
+
+constexpr char const* clickEvent = "OnLeftButtonDown";
+constexpr int darkBelow = 300;
+
+} // namespace
+
+void Patch::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                       DialogDataSource* dataSource) {
+    Pane::Initialize(parent, description, dataSource);
+    SetBackgroundColor(RGBVector(0, 0, 0));
+    OnUpdate({});
+    RegisterOnUpdate();
+}
+
+void Patch::OnSelectionChanged(String const& elementName, bool selected) {
+    if (selected) {
+        bool selectable = true;
+        try {
+            Anything const value = GetValue("IsSelectable");
+            if (value.IsValid()) selectable = value.GetBool();
+        } catch (...) {
+            Diagnostics::DropException("Patch::OnSelectionChanged: IsSelectable");
+        }
+        if (!selectable) return;
+    }
+    Pane::OnSelectionChanged(elementName, selected);
+}
+
+void Patch::OnPaint(PlatformIndependentDeviceContext& context) {
+    SetBackgroundColor(GetShownColor());
+    Pane::OnPaint(context);
+}
+
+bool Patch::OnLeftButtonDown(KeyState keyState, long x, long y) {
+    if (GetDataSource()) {
+        auto const callback = GetDataSource()->GetCallback(GetElementName(), clickEvent);
+        if (callback.IsValid()) {
+            callback.Execute(GetElementName());
+            return true;
+        }
+    }
+    return Pane::OnLeftButtonDown(keyState, x, y);
+}
+
+String Patch::GetPropertyInspectorName() {
+    return dynamic_cast<CXFAccess*>(GetDataSource()) ? "PropertyInspectorSample" : "PropertyInspectorDefault";
+}
+
+DataAccess* Patch::GetPropertyInspectorHandler() { return dynamic_cast<DataAccess*>(GetDataSource()); }
+
+Anything Patch::GetPropertyInspectorData() {
+    AttributeMap key;
+    key["ElementName"] = GetElementName();
+    key["CurrentRegion"] = GetCurrentRegion();
+    return {key};
+}
+
+RGBVector Patch::GetShownColor() {
+    Anything const color = GetValue("ColorValue");
+    return color.IsValid() ? RGBVector(color) : GetBackgroundColor();
+}
+
+bool Patch::IsMarked() {
+    if (IsSelected()) return true;
+    Anything const active = GetValue("IsActive");
+    return active.IsValid() && active.GetBool();
+}
+
+RGBVector Patch::GetMarkColor(RGBVector const& shown) {
+    bool const isDark = shown.GetRed() + shown.GetGreen() + shown.GetBlue() < darkBelow;
+    return isDark ? RGBVector(255, 255, 255) : RGBVector(0, 0, 0);
+}
+
+} // namespace GUI

@@ -1,0 +1,45 @@
+#include "gui/colour/SmallPatch.h"
+
+#include "core/creators/ComponentCreator.h"
+#include "gui/elements/Attributes.h"
+
+namespace GUI {
+
+namespace {
+
+Utilities::ComponentCreatorNormal<SmallPatch> const creator({"SmallPatch", "$Revision: 1.2 $", "GUI"});
+AttributeTable const table("SmallPatch", "Pane", {});
+
+} // namespace
+
+void SmallPatch::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                            DialogDataSource* dataSource) {
+    Pane::Initialize(parent, description, dataSource);
+}
+
+void SmallPatch::OnPaint(PlatformIndependentDeviceContext& context) {
+    static RGBVector const frameColor(222, 251, 255);
+    static RGBVector const white(255, 255, 255);
+    unsigned long paneWidth = 0;
+    unsigned long paneHeight = 0;
+    GetSize(paneWidth, paneHeight);
+    auto const width = static_cast<short>(paneWidth);
+    auto const height = static_cast<short>(paneHeight);
+    if (GetBackgroundBitmap().Length() != 0) context.DrawImage(0, 0, GetBackgroundBitmap());
+    if (GetFrame()) {
+        context.SetBrush(frameColor);
+        context.SetPen(frameColor, 3, PlatformIndependentDeviceContext::solid);
+        context.DrawRectangle(0, 0, width, height);
+    }
+    RGBVector const color = GetShownColor();
+    context.SetPen(color, 0, PlatformIndependentDeviceContext::solid);
+    context.SetBrush(color);
+    context.SetBackgroundColor(color);
+    context.FillRectangle(2, 2, static_cast<short>(width - 2), static_cast<short>(height - 2));
+    if (IsMarked()) {
+        context.SetPen(white, 2, PlatformIndependentDeviceContext::solid);
+        context.DrawRectangle(1, 1, width, height);
+    }
+}
+
+} // namespace GUI

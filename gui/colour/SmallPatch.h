@@ -1,0 +1,18 @@
+#pragma once
+
+#include "gui/colour/Patch.h"
+
+namespace GUI {
+
+/// A patch that shows its colour as a rectangle two pixels inside the pane; the mark of the selected or
+/// active state is a rectangle around it. It keeps the background of its description and
+/// registers no callback.
+class SmallPatch : public Patch {
+public:
+    Diagnostics::String GetValueString() override { return "SmallPatch"; }
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                    DialogDataSource* dataSource) override;
+    void OnPaint(PlatformIndependentDeviceContext& context) override;
+};
+
+} // namespace GUI
