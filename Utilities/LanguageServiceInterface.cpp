@@ -1,5 +1,6 @@
 #include "Utilities/LanguageServiceInterface.h"
 
+#include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/TranslationService.h"
 
@@ -24,10 +25,15 @@ TranslationService::~TranslationService() {
 TranslationService* TranslationService::FindLiving() { return Living(); }
 
 String LanguageServiceInterface::GetTranslation(String const& key) {
-    if (TranslationService* const service = Living()) return service->GetTranslation(key);
-    if (!NamingService::Instance()->IsRegistered("LanguageService")) return key;
-    auto const service = ResolveComponent<TranslationService>("LanguageService");
-    return service.IsNull() ? key : service->GetTranslation(key);
+    try {
+        if (TranslationService* const service = Living()) return service->GetTranslation(key);
+        if (!NamingService::Instance()->IsRegistered("LanguageService")) return key;
+        auto const service = ResolveComponent<TranslationService>("LanguageService");
+        return service.IsNull() ? key : service->GetTranslation(key);
+    } catch (...) {
+        Diagnostics::DropException("LanguageServiceInterface::GetTranslation");
+        return key;
+    }
 }
 
 } // namespace Utilities

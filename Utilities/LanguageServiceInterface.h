@@ -8,7 +8,9 @@ namespace Utilities {
 class LanguageServiceInterface {
 public:
     /// What the singleton component "LanguageService" gives for the key (see `TranslationService`); the
-    /// key itself where there is no such component.
+    /// key itself where there is no such component. That the languages can't be loaded is no reason for
+    /// an element not to appear: it goes to the diagnostics sink, and a host that wants to tell its user
+    /// calls the service's `Load` at its start.
     static String GetTranslation(String const& key);
 };
 

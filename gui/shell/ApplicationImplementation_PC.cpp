@@ -1,7 +1,7 @@
 #include "gui/shell/ApplicationImplementation_PC.h"
 
 #include "Diagnostics/Sink.h"
-#include "Utilities/Preferences.h"
+#include "Utilities/TranslationService.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
 #include "gui/platform/KeyCodes_PC.h"
@@ -57,11 +57,22 @@ ApplicationImplementation_PC::ApplicationImplementation_PC() {
     }
     if (Utilities::NamingService::Instance()->IsRegistered("MessageService"))
         messageService_ = Utilities::ResolveComponent<MessageService>("MessageService");
+    if (!messageService_.IsNull())
+        messageService_->SetCallback(
+            Utilities::TranslationService::changedMessage,
+            Utilities::MakeCallback(this, &ApplicationImplementation_PC::OnLanguageChanged));
     qApp->installEventFilter(this);
 }
 
 ApplicationImplementation_PC::~ApplicationImplementation_PC() {
+    if (!messageService_.IsNull())
+        messageService_->RemoveCallback(Utilities::TranslationService::changedMessage);
     if (qApp) qApp->removeEventFilter(this);
+}
+
+long ApplicationImplementation_PC::OnLanguageChanged(Utilities::Anything const& /*language*/) {
+    Application::Instance().OnLanguageChanged();
+    return 0;
 }
 
 void ApplicationImplementation_PC::SetMainWindow(GUIElement* /*window*/) {}
@@ -127,11 +138,8 @@ bool ApplicationImplementation_PC::eventFilter(QObject* receiver, QEvent* event)
 }
 
 bool ApplicationImplementation_PC::ShowHelp(String const& name, unsigned long topic, unsigned long command) {
-    String language = "English";
-    if (Utilities::NamingService::Instance()->IsRegistered("Preferences"))
-        language = Utilities::ResolveComponent<Utilities::Preferences>("Preferences")
-                       ->GetValue("LanguageService", "Language", language);
-    String const file = FindHelpFile(name, language);
+    auto const language = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");
+    String const file = FindHelpFile(name, language->GetLanguage());
     Application::Instance().OpenHelpFile(file, topic, command);
     return true;
 }

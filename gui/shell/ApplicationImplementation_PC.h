@@ -49,6 +49,7 @@ private:
     bool eventFilter(QObject* receiver, QEvent* event) override;
     bool ExecuteAccelerator(long command);
     void OpenArguments();
+    long OnLanguageChanged(Utilities::Anything const& language);
 
     std::unique_ptr<QApplication> owned_;
     AcceleratorTable accelerators_;
