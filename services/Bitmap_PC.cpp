@@ -8,9 +8,8 @@
 #include "services/JpegReader_PC.h"
 #include "services/PictureReader_PC.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QPainter>
+#include <filesystem>
 #include <utility>
 
 namespace GUI {
@@ -23,18 +22,17 @@ namespace {
 
 Utilities::ComponentCreatorNormal<Bitmap_PC> const creator({"Bitmap", "$Revision: 1.21 $", "GUI"});
 
-QString PathOf(File const& file) {
-    return QFile::decodeName(
-        Utilities::Directory_PC::ConvSeperatorDependend(file.GetPath()).GetCharPointer());
+std::string PathOf(File const& file) {
+    return Utilities::Directory_PC::ConvSeperatorDependend(file.GetPath());
 }
 
 bool NameHolds(File const& file, char const* letters) {
     return file.GetName().GetAsUpper().FindSubstring(letters, 0) >= 0;
 }
 
-QString DensePathOf(QString const& path) {
-    QFileInfo const file(path);
-    return file.path() + '/' + file.completeBaseName() + "@2x." + file.suffix();
+std::string DensePathOf(std::filesystem::path path) {
+    std::string const name = path.stem().string() + "@2x" + path.extension().string();
+    return path.replace_filename(name).string();
 }
 
 } // namespace
@@ -53,7 +51,7 @@ bool Bitmap_PC::Create(unsigned long width, unsigned long height) {
 }
 
 bool Bitmap_PC::Load(File const& file) {
-    QString const path = PathOf(file);
+    std::string const path = PathOf(file);
     bool const namedBmp = NameHolds(file, "BMP");
     bool good = false;
     if (PictureReader::IsAvailable() && !namedBmp)
@@ -62,7 +60,7 @@ bool Bitmap_PC::Load(File const& file) {
         good = LoadJpeg(file);
     else
         good = Attach(PictureReader::ReadBmp(path));
-    if (good) densePath_ = DensePathOf(path);
+    if (good) path_ = path;
     return good;
 }
 
@@ -82,7 +80,7 @@ bool Bitmap_PC::LoadJpeg(File const& file) {
 bool Bitmap_PC::Attach(QImage image) {
     if (image.isNull() || context_) return false;
     image_ = std::move(image);
-    densePath_.clear();
+    path_.clear();
     dense_ = {};
     return true;
 }
@@ -92,7 +90,7 @@ PlatformIndependentDeviceContext& Bitmap_PC::BeginDraw() {
         throw RuntimeException("Bitmap_PC::BeginDraw() called twice, without calling EndDraw between.");
     if (image_.isNull()) throw RuntimeException("Bitmap_PC::BeginDraw(): Can't select bitmap object.");
     // What is drawn now isn't in the other file.
-    densePath_.clear();
+    path_.clear();
     dense_ = {};
     context_ = std::make_unique<PlatformIndependentDeviceContext_PC>(image_);
     return *context_;
@@ -136,7 +134,7 @@ Bitmap::FileFormats Bitmap_PC::GetFileFormats() const {
 
 QImage const& Bitmap_PC::ForDensity(double density) {
     if (density <= 1.0) return image_;
-    if (!densePath_.isEmpty()) dense_ = PictureReader::Read(std::exchange(densePath_, {}));
+    if (!path_.empty()) dense_ = PictureReader::Read(DensePathOf(std::exchange(path_, {})));
     return dense_.isNull() ? image_ : dense_;
 }
 

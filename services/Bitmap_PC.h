@@ -4,8 +4,8 @@
 #include "gui/platform/Picture_PC.h"
 
 #include <QImage>
-#include <QString>
 #include <memory>
+#include <string>
 
 namespace GUI {
 
@@ -49,8 +49,8 @@ private:
 
     QImage image_;
     std::unique_ptr<PlatformIndependentDeviceContext_PC> context_;
-    /// Where the picture for screens of high density may lie; read when it is first needed.
-    QString densePath_;
+    /// The file that is shown; the one for screens of high density is looked for when it is first needed.
+    std::string path_;
     QImage dense_;
 };
 

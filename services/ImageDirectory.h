@@ -20,19 +20,22 @@ class ImageDirectory {
 public:
     explicit ImageDirectory(std::string path) : path_(std::move(path)) {}
 
-    /// The first file of that name.
-    std::optional<Utilities::File> Find(Utilities::String const& name);
-    bool Exists() const;
-    std::string const& GetPath() const { return path_; }
+    /// Lists the directory if that is needed; false if there is none.
+    bool Refresh();
+    /// The first file of that name, in the state of the last `Refresh`.
+    std::optional<Utilities::File> Find(Utilities::String const& name) const;
 
 private:
-    void Refresh();
+    struct Entry {
+        std::string name;
+        std::string path;
+    };
 
     std::string path_;
     std::filesystem::file_time_type changed_;
     bool listed_ = false;
     /// By the name in lower case, in the order of the directory.
-    std::map<std::string, std::vector<Utilities::String>> files_;
+    std::map<std::string, std::vector<Entry>> files_;
 };
 
 } // namespace GUI

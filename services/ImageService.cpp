@@ -106,11 +106,12 @@ std::optional<ImageService::Found> ImageService::Find(String const& name) {
 
 ImageDirectory& ImageService::ImagesDirectory() {
     auto known = directories_.find(imagesPath_);
-    if (known == directories_.end() || !known->second.Exists()) {
+    if (known == directories_.end() || !known->second.Refresh()) {
         auto const found =
             Directory::NewInstance(Directory::programDirectory, "")->GetSubDirectories("images");
         imagesPath_ = found[0]->GetPath();
         known = directories_.try_emplace(imagesPath_, imagesPath_).first;
+        known->second.Refresh();
     }
     return known->second;
 }
@@ -120,7 +121,8 @@ ImageDirectory* ImageService::LanguageDirectory(String const& language) {
         Directory::NewInstance(Directory::anyDirectory, imagesPath_)->GetSubDirectories(language);
     if (language == "" || found.GetSize() == 0) return nullptr;
     std::string const path = found[0]->GetPath();
-    return &directories_.try_emplace(path, path).first->second;
+    auto& directory = directories_.try_emplace(path, path).first->second;
+    return directory.Refresh() ? &directory : nullptr;
 }
 
 SmartPointer<Bitmap> ImageService::LoadFound(Found const& found) const {

@@ -49,11 +49,10 @@ void SpreadRow(std::uint8_t* row, JDIMENSION width) {
 }
 #endif
 
-bool Decode(jpeg_decompress_struct& decoder, ErrorHandler& errors, QByteArray const& file, Target& target) {
+bool Decode(jpeg_decompress_struct& decoder, ErrorHandler& errors, std::string_view file, Target& target) {
     if (setjmp(errors.escape) != 0) return false; // NOLINT(cert-err52-cpp): libjpeg knows no other way
     jpeg_create_decompress(&decoder);
-    jpeg_mem_src(&decoder, reinterpret_cast<unsigned char const*>(file.constData()),
-                 static_cast<unsigned long>(file.size()));
+    jpeg_mem_src(&decoder, reinterpret_cast<unsigned char const*>(file.data()), file.size());
     jpeg_read_header(&decoder, TRUE);
     if (decoder.num_components != 3 || !target.Make(decoder.image_width, decoder.image_height)) return false;
 #ifdef JCS_EXTENSIONS
@@ -75,7 +74,7 @@ bool Decode(jpeg_decompress_struct& decoder, ErrorHandler& errors, QByteArray co
 
 } // namespace
 
-QImage ReadJpeg(QByteArray const& file) {
+QImage ReadJpeg(std::string_view file) {
     ErrorHandler errors{};
     jpeg_decompress_struct decoder{};
     decoder.err = jpeg_std_error(&errors.manager);

@@ -1,12 +1,13 @@
 #include "services/PictureReader_PC.h"
 
+#include "Utilities/WholeFile.h"
 #include "services/JpegReader_PC.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include <QBuffer>
 #include <QImageReader>
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace GUI::PictureReader {
 
@@ -18,9 +19,6 @@ bool IsAllowed(QSize size) {
                largestPicture / bytesPerPixel;
 }
 
-/// A pipe would wait for whoever writes into it.
-bool IsFile(QString const& path) { return QFileInfo(path).isFile(); }
-
 QImage AsShown(QImage image) {
     if (image.isNull()) return image;
     bool const transparent = image.hasAlphaChannel();
@@ -28,9 +26,44 @@ QImage AsShown(QImage image) {
                                                         : QImage::Format_RGB32);
 }
 
-QImage ReadWith(QImageReader& reader) {
+/// The format by the file's first bytes: names often lie, and the platform would ask each of its readers.
+/// Empty for one that isn't told here.
+char const* FormatOf(std::string_view file) {
+    struct Signature {
+        std::string_view bytes;
+        char const* format;
+    };
+    using namespace std::string_view_literals;
+    static constexpr std::array<Signature, 6> signatures{{{"\x89PNG\r\n\x1A\n"sv, "png"},
+                                                          {"\xFF\xD8\xFF"sv, "jpeg"},
+                                                          {"GIF8"sv, "gif"},
+                                                          {"BM"sv, "bmp"},
+                                                          {"II*\0"sv, "tiff"},
+                                                          {"MM\0*"sv, "tiff"}}};
+    auto const found = std::find_if(signatures.begin(), signatures.end(), [&](Signature const& signature) {
+        return file.starts_with(signature.bytes);
+    });
+    return found == signatures.end() ? "" : found->format;
+}
+
+QImage ReadAs(char const* format, std::string_view file) {
+    auto bytes = QByteArray::fromRawData(file.data(), static_cast<qsizetype>(file.size()));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, format);
+    if (*format) reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
     return IsAllowed(reader.size()) ? AsShown(reader.read()) : QImage();
+}
+
+/// Where a JPEG says how it is to be turned; one that doesn't has no such block among its first.
+bool MayBeTurned(std::string_view file) {
+    constexpr std::size_t firstBlocks = 65536;
+    return file.substr(0, firstBlocks).find("Exif") != std::string_view::npos;
+}
+
+std::string ReadFile(std::string const& path) {
+    return Utilities::ReadWholeFile(path, largestPicture).contents;
 }
 
 } // namespace
@@ -45,16 +78,17 @@ bool IsAvailable() {
     return available;
 }
 
-QImage Read(QString const& path) {
-    if (!IsFile(path)) return {};
-    QImageReader reader(path);
+QImage Read(std::string const& path) {
+    std::string const file = ReadFile(path);
+    if (file.empty()) return {};
+    char const* const format = FormatOf(file);
     // Our own way to libjpeg is the faster one; it can't turn pictures and knows three components only.
-    if (reader.format() == "jpeg" && reader.transformation() == QImageIOHandler::TransformationNone)
-        if (QImage image = ReadJpegFile(path); !image.isNull()) return image;
-    return ReadWith(reader);
+    if (std::string_view(format) == "jpeg" && !MayBeTurned(file))
+        if (QImage image = ReadJpeg(file); !image.isNull()) return image;
+    return ReadAs(format, file);
 }
 
-QImage ReadScaled(QString const& path, unsigned long width, unsigned long height) {
+QImage ReadScaled(std::string const& path, unsigned long width, unsigned long height) {
     constexpr unsigned long longestSide = 32767;
     if (width == 0 || height == 0 || width > longestSide || height > longestSide) return {};
     QSize const size(static_cast<int>(width), static_cast<int>(height));
@@ -63,19 +97,11 @@ QImage ReadScaled(QString const& path, unsigned long width, unsigned long height
     return image.isNull() ? image : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-QImage ReadBmp(QString const& path) {
-    if (!IsFile(path)) return {};
-    QImageReader reader(path, "bmp");
-    reader.setAutoDetectImageFormat(false);
-    return ReadWith(reader);
+QImage ReadBmp(std::string const& path) {
+    std::string const file = ReadFile(path);
+    return file.empty() ? QImage() : ReadAs("bmp", file);
 }
 
-QImage ReadJpegFile(QString const& path) {
-    QFile file(path);
-    if (!IsFile(path) || !file.open(QIODevice::ReadOnly) ||
-        static_cast<unsigned long>(file.size()) > largestPicture)
-        return {};
-    return ReadJpeg(file.readAll());
-}
+QImage ReadJpegFile(std::string const& path) { return ReadJpeg(ReadFile(path)); }
 
 } // namespace GUI::PictureReader

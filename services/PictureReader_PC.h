@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QImage>
-#include <QString>
+#include <string>
 
 namespace GUI::PictureReader {
 
@@ -13,13 +13,13 @@ namespace GUI::PictureReader {
 /// Whether `Read` reads all the formats that programs may name: JPEG, BMP, GIF, TIFF and PNG.
 bool IsAvailable();
 /// Whatever format the file has.
-QImage Read(QString const& path);
+QImage Read(std::string const& path);
 /// The same, smoothly scaled to that very size.
-QImage ReadScaled(QString const& path, unsigned long width, unsigned long height);
+QImage ReadScaled(std::string const& path, unsigned long width, unsigned long height);
 /// BMP alone.
-QImage ReadBmp(QString const& path);
+QImage ReadBmp(std::string const& path);
 /// JPEG of 3 components alone, through libjpeg.
-QImage ReadJpegFile(QString const& path);
+QImage ReadJpegFile(std::string const& path);
 /// @}
 
 } // namespace GUI::PictureReader
