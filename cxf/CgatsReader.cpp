@@ -41,6 +41,7 @@ public:
 
 private:
     SampleSetPointer ReadTable();
+    void TakeKeyword(CgatsToken const& keyword, SampleSet& set, Stated& stated);
     void ReadHeader(SampleSet& set, Stated& stated);
     void ReadFormat();
     void ReadData(SampleSet& set, Stated const& stated);
@@ -72,11 +73,30 @@ std::optional<double> Reader::HeaderNumber(CgatsToken const& keyword, std::strin
     scanner_.Fail(keyword, std::string(keyword.text) + " is \"" + value + "\"; expected a number");
 }
 
+void Reader::TakeKeyword(CgatsToken const& keyword, SampleSet& set, Stated& stated) {
+    std::string const key = keyword.Unquoted();
+    std::string const value = scanner_.RestOfLine();
+    if (key == "NUMBER_OF_FIELDS") {
+        stated.fields = HeaderNumber(keyword, value);
+        stated.fieldsAt = keyword;
+    } else if (key == "NUMBER_OF_SETS") {
+        stated.sets = HeaderNumber(keyword, value);
+        stated.setsAt = keyword;
+    } else {
+        if (key == "SPECTRAL_START_NM") start_ = HeaderNumber(keyword, value);
+        if (key == "SPECTRAL_END_NM") end_ = HeaderNumber(keyword, value);
+        if (key == "SPECTRAL_NORM") norm_ = HeaderNumber(keyword, value);
+        if (key == "SPECTRAL_NORM" && !(*norm_ > 0))
+            scanner_.Fail(keyword, "SPECTRAL_NORM is " + value + "; expected a positive number");
+        set.AddProperty(key, value);
+    }
+}
+
 void Reader::ReadHeader(SampleSet& set, Stated& stated) {
     bool first = true;
     while (true) {
         CgatsToken const keyword = scanner_.Next();
-        if (std::string_view const comment = scanner_.TakeComment(); !comment.empty())
+        for (std::string_view const comment : scanner_.TakeComments())
             set.AddProperty("#", std::string(comment));
         if (keyword.atEnd || keyword.Is("BEGIN_DATA_FORMAT")) {
             if (!keyword.atEnd) return;
@@ -87,24 +107,10 @@ void Reader::ReadHeader(SampleSet& set, Stated& stated) {
                           std::string(keyword.text) + " stands in the header; expected BEGIN_DATA_FORMAT");
         CgatsToken const next = scanner_.Peek();
         bool const alone = next.startsLine || next.atEnd;
-        std::string const key = keyword.Unquoted();
-        std::string const value = scanner_.RestOfLine();
-        if (first && alone) {
-            set.AddProperty(kCgatsIdentifier, key);
-        } else if (key == "NUMBER_OF_FIELDS") {
-            stated.fields = HeaderNumber(keyword, value);
-            stated.fieldsAt = keyword;
-        } else if (key == "NUMBER_OF_SETS") {
-            stated.sets = HeaderNumber(keyword, value);
-            stated.setsAt = keyword;
-        } else {
-            if (key == "SPECTRAL_START_NM") start_ = HeaderNumber(keyword, value);
-            if (key == "SPECTRAL_END_NM") end_ = HeaderNumber(keyword, value);
-            if (key == "SPECTRAL_NORM") norm_ = HeaderNumber(keyword, value);
-            if (key == "SPECTRAL_NORM" && !(*norm_ > 0))
-                scanner_.Fail(keyword, "SPECTRAL_NORM is " + value + "; expected a positive number");
-            set.AddProperty(key, value);
-        }
+        if (first && alone)
+            set.AddProperty(kCgatsIdentifier, keyword.Unquoted());
+        else
+            TakeKeyword(keyword, set, stated);
         first = false;
     }
 }
@@ -142,7 +148,8 @@ void Reader::ReadData(SampleSet& set, Stated const& stated) {
     };
     CgatsToken token = scanner_.Next();
     for (; !token.Is("END_DATA"); token = scanner_.Next()) {
-        if (token.startsLine) {
+        // The first set may stand behind BEGIN_DATA on its line.
+        if (token.startsLine || data_.empty()) {
             endLine();
             lineStart = token;
             inLine = 0;
@@ -253,24 +260,17 @@ SampleSetPointer Reader::ReadTable() {
     norm_.reset();
     ReadHeader(*set, stated);
     ReadFormat();
-    if (stated.fields && *stated.fields != static_cast<double>(format_.size()))
-        scanner_.Fail(stated.fieldsAt, "NUMBER_OF_FIELDS is " + Tristim::Numbers::Shortest(*stated.fields) +
-                                           ", but the data format has " + std::to_string(format_.size()) +
-                                           " fields");
     CheckCoverage();
     CgatsToken token = scanner_.Next();
     for (; !token.Is("BEGIN_DATA"); token = scanner_.Next()) {
         // Keywords may stand between format and data.
         if (token.atEnd) scanner_.Fail(token, "the file ends before the data; expected BEGIN_DATA");
-        std::string const key = token.Unquoted();
-        std::string const value = scanner_.RestOfLine();
-        if (key == "NUMBER_OF_SETS") {
-            stated.sets = HeaderNumber(token, value);
-            stated.setsAt = token;
-        } else {
-            set->AddProperty(key, value);
-        }
+        TakeKeyword(token, *set, stated);
     }
+    if (stated.fields && *stated.fields != static_cast<double>(format_.size()))
+        scanner_.Fail(stated.fieldsAt, "NUMBER_OF_FIELDS is " + Tristim::Numbers::Shortest(*stated.fields) +
+                                           ", but the data format has " + std::to_string(format_.size()) +
+                                           " fields");
     try {
         ReadData(*set, stated);
     } catch (Tristim::TristimException const& failure) {

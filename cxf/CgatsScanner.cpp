@@ -45,7 +45,7 @@ CgatsToken CgatsScanner::Next() {
         } else if (c == '#') {
             char const* const begin = position_ + 1;
             position_ = std::find_if(begin, end_, IsLineEnd);
-            comment_ = {begin, position_};
+            comments_.emplace_back(begin, position_);
         } else if (EndsWord(c)) {
             ++position_;
         } else {
@@ -83,11 +83,13 @@ CgatsToken CgatsScanner::Quoted(CgatsToken token) {
 }
 
 CgatsToken CgatsScanner::Peek() {
-    CgatsScanner const before = *this;
+    char const* const position = position_;
+    bool const newLine = newLine_;
+    std::size_t const comments = comments_.size();
     CgatsToken const token = Next();
-    position_ = before.position_;
-    newLine_ = before.newLine_;
-    comment_ = before.comment_;
+    position_ = position;
+    newLine_ = newLine;
+    comments_.resize(comments);
     return token;
 }
 
@@ -103,7 +105,7 @@ std::string CgatsScanner::RestOfLine() {
     return {begin, end};
 }
 
-std::string_view CgatsScanner::TakeComment() { return std::exchange(comment_, {}); }
+std::vector<std::string_view> CgatsScanner::TakeComments() { return std::exchange(comments_, {}); }
 
 void CgatsScanner::Fail(CgatsToken const& where, std::string const& reason) const {
     FailAt(where.text.data() - (where.quoted ? 1 : 0), reason);

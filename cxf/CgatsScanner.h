@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Norvelian::ColorExchangeFormat {
 
@@ -29,8 +30,8 @@ public:
     CgatsToken Peek();
     /// The words up to the end of the line: one word without its quotes, several as they stand.
     std::string RestOfLine();
-    /// A comment that the last word followed, without "#"; taking it clears it. Only the newest is kept.
-    std::string_view TakeComment();
+    /// The comments since they were last taken, without "#".
+    std::vector<std::string_view> TakeComments();
 
     /// Throws `FileException` at a word, which must come from this text; for the end of the text, there.
     [[noreturn]] void Fail(CgatsToken const& where, std::string const& reason) const;
@@ -44,7 +45,7 @@ private:
     char const* position_;
     char const* end_;
     bool newLine_ = true;
-    std::string_view comment_;
+    std::vector<std::string_view> comments_;
 };
 
 } // namespace Norvelian::ColorExchangeFormat

@@ -57,7 +57,7 @@ struct HunterScale {
     double b;
 };
 HunterScale HunterScaleOf(XYZ const& white) {
-    return {175 / 198.04 * (white.x + white.y), 70 / 218.11 * (white.y + white.z)};
+    return {175 * std::sqrt(white.x / 98.043), 70 * std::sqrt(white.z / 118.115)};
 }
 Lab HunterOf(XYZ const& xyz, XYZ const& white) {
     HunterScale const scale = HunterScaleOf(white);

@@ -30,7 +30,9 @@
 ///  - CMYK: from that RGB by full black generation, in percent: K = 1 - max(R, G, B),
 ///    C = (max - R) / max, and so on; C, M, Y are zero where max is. A press's own CMYK is a measured or
 ///    profiled thing and not this.
-///  - HunterLab: K_a = 175 (Xn + Yn) / 198.04, K_b = 70 (Yn + Zn) / 218.11 (ASTM E308's general form).
+///  - HunterLab: K_a = 175 sqrt(Xn / 98.043), K_b = 70 sqrt(Zn / 118.115) (Hunter 1966), which gives the
+///    published factors 172.30, 67.20 of D65 and 185.20, 38.40 of A; the other published form, linear in Xn
+///    and Zn, doesn't give those of A.
 namespace Norvelian::Tristim {
 
 /// In the order of the vocabulary's table.

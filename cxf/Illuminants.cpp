@@ -1,6 +1,5 @@
 #include "cxf/Illuminants.h"
 
-#include "cxf/Tables.h"
 #include "cxf/TristimException.h"
 
 #include <algorithm>
@@ -9,27 +8,6 @@
 namespace Norvelian::Tristim {
 
 namespace {
-
-/// A table's column on the grid, zero outside: Lagrange's cubic through the four nearest rows. On a row
-/// its value is exact, so a table by 1 nm is taken as it is.
-GridSpectrum Interpolate(Tables::NumberTable const& table, std::size_t column) {
-    GridSpectrum grid{};
-    for (std::size_t i = 0; i < kGridSize; ++i) {
-        double const position = (kGridFirst + static_cast<double>(i) - table.First()) / table.Step();
-        if (position < 0 || position > static_cast<double>(table.rows - 1)) continue;
-        auto const row = static_cast<std::size_t>(position);
-        std::size_t const first = std::clamp<std::size_t>(row, 1, table.rows - 3) - 1;
-        for (std::size_t k = first; k < first + 4; ++k) {
-            double share = 1;
-            for (std::size_t j = first; j < first + 4; ++j)
-                if (j != k)
-                    share *= (position - static_cast<double>(j)) /
-                             (static_cast<double>(k) - static_cast<double>(j));
-            grid[i] += share * table.At(k, column);
-        }
-    }
-    return grid;
-}
 
 double RoundedTo3(double value) { return std::round(value * 1000) / 1000; }
 
@@ -42,9 +20,9 @@ GridSpectrum Daylight(double kelvin) {
     double const m = 0.0241 + 0.2562 * x - 0.7341 * y;
     double const m1 = RoundedTo3((-1.3515 - 1.7703 * x + 5.9114 * y) / m);
     double const m2 = RoundedTo3((0.0300 - 31.4424 * x + 30.0717 * y) / m);
-    GridSpectrum grid = Interpolate(Tables::CieDaylight, 1);
-    GridSpectrum const s1 = Interpolate(Tables::CieDaylight, 2);
-    GridSpectrum const s2 = Interpolate(Tables::CieDaylight, 3);
+    GridSpectrum grid = OnGrid(Tables::CieDaylight, 1);
+    GridSpectrum const s1 = OnGrid(Tables::CieDaylight, 2);
+    GridSpectrum const s2 = OnGrid(Tables::CieDaylight, 3);
     for (std::size_t i = 0; i < kGridSize; ++i) grid[i] += m1 * s1[i] + m2 * s2[i];
     return grid;
 }
@@ -67,26 +45,46 @@ GridSpectrum UserDefined(Bands const& bands) {
 
 } // namespace
 
+// On a row its value is exact, so a table by 1 nm is taken as it is.
+GridSpectrum OnGrid(Tables::NumberTable const& table, std::size_t column) {
+    GridSpectrum grid{};
+    for (std::size_t i = 0; i < kGridSize; ++i) {
+        double const position = (kGridFirst + static_cast<double>(i) - table.First()) / table.Step();
+        if (position < 0 || position > static_cast<double>(table.rows - 1)) continue;
+        auto const row = static_cast<std::size_t>(position);
+        std::size_t const first = std::clamp<std::size_t>(row, 1, table.rows - 3) - 1;
+        for (std::size_t k = first; k < first + 4; ++k) {
+            double share = 1;
+            for (std::size_t j = first; j < first + 4; ++j)
+                if (j != k)
+                    share *= (position - static_cast<double>(j)) /
+                             (static_cast<double>(k) - static_cast<double>(j));
+            grid[i] += share * table.At(k, column);
+        }
+    }
+    return grid;
+}
+
 GridSpectrum IlluminantPower(Viewing const& viewing) {
     switch (viewing.illumination) {
     case Illumination::A:
-        return Interpolate(Tables::CieA, 1);
+        return OnGrid(Tables::CieA, 1);
     case Illumination::B:
-        return Interpolate(Tables::CieB, 1);
+        return OnGrid(Tables::CieB, 1);
     case Illumination::C:
-        return Interpolate(Tables::CieC, 1);
+        return OnGrid(Tables::CieC, 1);
     case Illumination::D50:
-        return Interpolate(Tables::CieD50, 1);
+        return OnGrid(Tables::CieD50, 1);
     case Illumination::D55:
-        return Interpolate(Tables::CieD55, 1);
+        return OnGrid(Tables::CieD55, 1);
     case Illumination::D65:
-        return Interpolate(Tables::CieD65, 1);
+        return OnGrid(Tables::CieD65, 1);
     case Illumination::D75:
-        return Interpolate(Tables::CieD75, 1);
+        return OnGrid(Tables::CieD75, 1);
     case Illumination::Dxx:
         return Daylight(viewing.temperature);
     case Illumination::F:
-        return Interpolate(Tables::CieFluorescent, static_cast<std::size_t>(viewing.fluorescent));
+        return OnGrid(Tables::CieFluorescent, static_cast<std::size_t>(viewing.fluorescent));
     case Illumination::Userdefined:
         if (viewing.user) return UserDefined(*viewing.user);
         break;
@@ -101,11 +99,22 @@ GridSpectrum IlluminantPower(Viewing const& viewing) {
 
 std::array<GridSpectrum, 3> const& ColourMatching(Observer observer) {
     auto const load = [](Tables::NumberTable const& table) {
-        return std::array{Interpolate(table, 1), Interpolate(table, 2), Interpolate(table, 3)};
+        return std::array{OnGrid(table, 1), OnGrid(table, 2), OnGrid(table, 3)};
     };
     static std::array<GridSpectrum, 3> const two = load(Tables::CieObserver2);
     static std::array<GridSpectrum, 3> const ten = load(Tables::CieObserver10);
     return observer == Observer::TwoDegree ? two : ten;
+}
+
+XYZ WhiteOf(GridSpectrum const& power, Observer observer) {
+    auto const& matching = ColourMatching(observer);
+    XYZ sum;
+    for (std::size_t i = 0; i < kGridSize; ++i) {
+        sum.x += power[i] * matching[0][i];
+        sum.y += power[i] * matching[1][i];
+        sum.z += power[i] * matching[2][i];
+    }
+    return {100 * sum.x / sum.y, 100, 100 * sum.z / sum.y};
 }
 
 } // namespace Norvelian::Tristim

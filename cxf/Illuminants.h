@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cxf/Tables.h"
 #include "cxf/Viewing.h"
 
 #include <array>
@@ -21,7 +22,13 @@ using GridSpectrum = std::array<double, kGridSize>;
 /// own light.
 GridSpectrum IlluminantPower(Viewing const& viewing);
 
+/// A table's column on the grid: Lagrange's cubic through the four nearest rows, zero outside.
+GridSpectrum OnGrid(Tables::NumberTable const& table, std::size_t column);
+
 /// Colour-matching functions on the 1 nm grid: x, y, z bar.
 std::array<GridSpectrum, 3> const& ColourMatching(Observer observer);
+
+/// Tristimulus values of a spectral power by summing over 1 nm, Y = 100.
+XYZ WhiteOf(GridSpectrum const& power, Observer observer);
 
 } // namespace Norvelian::Tristim

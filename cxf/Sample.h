@@ -56,6 +56,9 @@ public:
     std::string const& GetId() const { return id_; }
     void SetId(std::string id) { id_ = std::move(id); }
 
+    ForeignParts const& GetForeign() const { return foreign_; }
+    void SetForeign(ForeignParts foreign) { foreign_ = std::move(foreign); }
+
     /// Null if the sample belongs to no set.
     SampleSet* GetSet() const { return set_; }
 
@@ -65,6 +68,7 @@ private:
     std::string description_;
     std::string id_;
     std::vector<AttributePointer> attributes_;
+    ForeignParts foreign_;
     SampleSet* set_ = nullptr;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cxf/Conditions.h"
+#include "cxf/ForeignParts.h"
 #include "cxf/NVColorVector.h"
 #include "cxf/NVSpectrum.h"
 
@@ -24,12 +25,16 @@ public:
     Conditions const& GetConditions() const { return conditions_; }
     void SetConditions(Conditions conditions) { conditions_ = std::move(conditions); }
 
+    ForeignParts const& GetForeign() const { return foreign_; }
+    void SetForeign(ForeignParts foreign) { foreign_ = std::move(foreign); }
+
 protected:
     SampleAttribute() = default;
     explicit SampleAttribute(Conditions conditions) : conditions_(std::move(conditions)) {}
 
 private:
     Conditions conditions_;
+    ForeignParts foreign_;
 };
 
 /// A spectrum as it was read: any range, any even step. Reflectances are fractions.
@@ -90,17 +95,19 @@ private:
 /// What a file holds beyond the vocabulary; kept so that it is there again when the file is written.
 class UnknownSampleAttribute : public SampleAttribute {
 public:
-    /// `text` is the value of a CGATS field of that name, or an XML element as text.
-    UnknownSampleAttribute(std::string name, std::string text)
-        : name_(std::move(name)), text_(std::move(text)) {}
+    /// The value of a field, or with `isMarkup` an XML element of that name as text.
+    UnknownSampleAttribute(std::string name, std::string text, bool isMarkup = false)
+        : name_(std::move(name)), text_(std::move(text)), isMarkup_(isMarkup) {}
 
     std::string GetType() const override { return Tristim::Vocabulary::Format::UnknownSampleAttribute; }
     std::string const& GetName() const { return name_; }
     std::string const& GetText() const { return text_; }
+    bool IsMarkup() const { return isMarkup_; }
 
 private:
     std::string name_;
     std::string text_;
+    bool isMarkup_;
 };
 
 namespace Extensions {

@@ -1,6 +1,10 @@
 #include "cxf/SampleFile.h"
 
+#include "Utilities/AtomicFile.h"
 #include "cxf/CgatsReader.h"
+#include "cxf/CgatsWriter.h"
+#include "cxf/XmlReader.h"
+#include "cxf/XmlWriter.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -40,13 +44,35 @@ std::string ReadFileBytes(std::string const& path) {
 
 std::vector<SampleSetPointer> ParseSampleSets(std::string_view text, std::string const& name,
                                               ReadOptions const& options) {
-    std::vector<SampleSetPointer> sets = ReadCgats(text, name, options);
+    auto const begin = text.find_first_not_of(" \t\r\n\xEF\xBB\xBF");
+    bool const xml = begin != std::string_view::npos && text[begin] == '<';
+    std::vector<SampleSetPointer> sets = xml ? ReadXml(text, name, options) : ReadCgats(text, name, options);
     if (sets.empty()) throw FileException(name, 1, 1, "the file holds no samples");
     bool const spectra =
         std::any_of(sets.begin(), sets.end(), [](SampleSetPointer const& set) { return HasSpectra(*set); });
     if (options.requireSpectra && !spectra)
         throw FileException(name, 1, 1, "the file holds no spectra; expected fields such as SPECTRAL_NM380");
     return sets;
+}
+
+SampleFormat FormatOf(std::string const& path) {
+    for (std::string_view const ending : {".xml", ".cxf", ".XML", ".CXF"})
+        if (path.ends_with(ending)) return SampleFormat::Xml;
+    return SampleFormat::Cgats;
+}
+
+std::string FormatSampleSets(std::vector<SampleSetPointer> const& sets, SampleFormat format) {
+    return format == SampleFormat::Xml ? WriteXml(sets) : WriteCgats(sets);
+}
+
+void WriteSampleSets(std::string const& path, std::vector<SampleSetPointer> const& sets,
+                     SampleFormat format) {
+    std::string const text = FormatSampleSets(sets, format);
+    try {
+        ::Utilities::WriteFileAtomically(path, text);
+    } catch (Utilities::Exceptions::ResourceException const& failure) {
+        throw FileException(path, 0, 0, failure.what());
+    }
 }
 
 std::vector<SampleSetPointer> ReadSampleSets(std::string const& path, ReadOptions const& options) {

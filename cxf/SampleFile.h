@@ -29,6 +29,16 @@ SampleSetPointer ReadSampleSet(std::string const& path, ReadOptions const& optio
 std::vector<SampleSetPointer> ParseSampleSets(std::string_view text, std::string const& name,
                                               ReadOptions const& options = {});
 
+enum class SampleFormat { Cgats, Xml };
+/// XML for names that end in ".xml" or ".cxf", CGATS text for all others.
+SampleFormat FormatOf(std::string const& path);
+
+/// The sets as text. Throws `TristimException` for what the format can't hold: CGATS has one shape for all
+/// samples of a table, and neither recipes nor XML parts (`CgatsWriter.h`).
+std::string FormatSampleSets(std::vector<SampleSetPointer> const& sets, SampleFormat format);
+/// Writes a file as a whole or not at all. Throws `TristimException` as above and `FileException`.
+void WriteSampleSets(std::string const& path, std::vector<SampleSetPointer> const& sets, SampleFormat format);
+
 /// The bytes of a file, at most 256 MiB. Throws `FileException`.
 std::string ReadFileBytes(std::string const& path);
 

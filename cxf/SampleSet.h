@@ -52,6 +52,12 @@ public:
         properties_.emplace_back(std::move(key), std::move(value));
     }
 
+    /// Foreign parts of this set, and of the file around it (with the file's first set).
+    ForeignParts const& GetForeign() const { return foreign_; }
+    void SetForeign(ForeignParts foreign) { foreign_ = std::move(foreign); }
+    ForeignParts const& GetFileForeign() const { return fileForeign_; }
+    void SetFileForeign(ForeignParts foreign) { fileForeign_ = std::move(foreign); }
+
     /// The number by which the observer is removed again.
     std::size_t AddObserver(Observer observer);
     void RemoveObserver(std::size_t number);
@@ -64,6 +70,8 @@ private:
     std::string description_;
     std::vector<SamplePointer> samples_;
     std::vector<Property> properties_;
+    ForeignParts foreign_;
+    ForeignParts fileForeign_;
     std::vector<std::pair<std::size_t, Observer>> observers_;
     std::size_t nextObserver_ = 0;
 };

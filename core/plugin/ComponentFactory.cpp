@@ -6,6 +6,7 @@
 
 namespace {
 
+/// Made after the static creators and so dead before the first of them, when the module goes.
 std::unique_ptr<ComponentFactory>& Factory() {
     static std::unique_ptr<ComponentFactory> factory;
     return factory;

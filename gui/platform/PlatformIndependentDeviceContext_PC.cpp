@@ -122,7 +122,7 @@ void PlatformIndependentDeviceContext_PC::UseBrush(bool filled) {
 
 void PlatformIndependentDeviceContext_PC::MoveTo(short x, short y) {
     FlushLines();
-    lines_.emplace_back(x, y);
+    lines_.assign(1, QPoint(x, y));
 }
 
 void PlatformIndependentDeviceContext_PC::LineTo(short x, short y) {
@@ -189,6 +189,14 @@ void PlatformIndependentDeviceContext_PC::Ellipse(short left, short top, short r
                                                   bool filled) {
     FlushLines();
     if (left >= right || top >= bottom || (!filled && !HasPen())) return;
+    // There is nothing round about so few pixels, and the platform's painter leaves the box.
+    if (right - left <= 2 || bottom - top <= 2) {
+        if (filled)
+            FillRectangle(left, top, right, bottom);
+        else
+            DrawRectangle(left, top, right, bottom);
+        return;
+    }
     if (raster_ && (penStyle_ == solid || !HasPen())) {
         auto const* const figure =
             EllipseFigure(right - left, bottom - top, HasPen() ? static_cast<int>(penWidth_) : 0, filled);

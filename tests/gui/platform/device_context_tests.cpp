@@ -1,0 +1,239 @@
+// The drawing conventions, pixel by pixel, of the direct path and of the platform's painter.
+#include "gui/platform/PlatformIndependentDeviceContext_PC.h"
+#include "tests/support/QtApplication.h"
+
+#include <QImage>
+#include <QPicture>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+using GUI::PlatformIndependentDeviceContext;
+using GUI::PlatformIndependentDeviceContext_PC;
+using GUI::RGBVector;
+using Drawing = std::function<void(PlatformIndependentDeviceContext&)>;
+using Rows = std::vector<std::string>;
+
+testing::Environment* const application = testing::AddGlobalTestEnvironment(new Tests::QtApplication);
+
+RGBVector const penColor(200, 0, 0);
+RGBVector const brushColor(0, 0, 200);
+
+/// '#' is the pen, '+' the brush, '.' what was there before, '?' anything else.
+Rows ToRows(QImage const& image) {
+    Rows rows;
+    for (int y = 0; y < image.height(); ++y) {
+        std::string row;
+        for (int x = 0; x < image.width(); ++x) {
+            QRgb const pixel = image.pixel(x, y);
+            row += pixel == 0xffffffff           ? '.'
+                   : pixel == qRgb(200, 0, 0)    ? '#'
+                   : pixel == qRgb(0, 0, 200)    ? '+'
+                                                 : '?';
+        }
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+enum class Path { Direct, Painter };
+
+QImage Draw(int width, int height, Path path, Drawing const& drawing) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    auto const run = [&drawing](PlatformIndependentDeviceContext& context) {
+        context.SetPen(penColor, 1, PlatformIndependentDeviceContext::solid);
+        context.SetBrush(brushColor);
+        drawing(context);
+    };
+    if (path == Path::Direct) {
+        PlatformIndependentDeviceContext_PC context(image);
+        run(context);
+    } else {
+        PlatformIndependentDeviceContext_PC context(static_cast<QPaintDevice&>(image));
+        run(context);
+    }
+    return image;
+}
+
+struct Figure {
+    char const* name;
+    Drawing draw;
+    Rows expected;
+};
+
+std::vector<Figure> Figures() {
+    using Context = PlatformIndependentDeviceContext;
+    auto const points = [](std::initializer_list<std::pair<long, long>> list) {
+        Context::Points result(static_cast<std::uint32_t>(list.size()));
+        std::uint32_t i = 0;
+        for (auto const& [x, y] : list) result[i++] = {x, y};
+        return result;
+    };
+    return {
+        {"a line leaves out its last point", [](Context& dc) { dc.DrawLine(1, 1, 5, 1); },
+         {".......", ".####..", "......."}},
+        {"in each direction", [](Context& dc) { dc.DrawLine(5, 1, 1, 1); }, {".......", "..####.", "......."}},
+        {"a line without length draws nothing", [](Context& dc) { dc.DrawLine(2, 1, 2, 1); },
+         {".......", ".......", "......."}},
+        {"lines in a row leave out the last point alone",
+         [](Context& dc) {
+             dc.MoveTo(1, 0);
+             dc.LineTo(4, 0);
+             dc.LineTo(4, 2);
+             dc.SetBrush(brushColor);
+             dc.LineTo(1, 2);
+         },
+         {".####..", "....#..", "..###.."}},
+        {"nothing is drawn to where the next lines begin",
+         [](Context& dc) {
+             for (short const y : {short{0}, short{2}}) {
+                 dc.SetPen(penColor, 1, Context::solid);
+                 dc.MoveTo(1, y);
+                 dc.LineTo(5, y);
+             }
+         },
+         {".####..", ".......", ".####.."}},
+        {"a rectangle's outline lies inside its box", [](Context& dc) { dc.DrawRectangle(1, 0, 6, 3); },
+         {".#####.", ".#...#.", ".#####."}},
+        {"filled", [](Context& dc) { dc.FillRectangle(1, 0, 6, 3); }, {".#####.", ".#+++#.", ".#####."}},
+        {"without a pen",
+         [](Context& dc) {
+             dc.SetPen(penColor, 1, Context::noPen);
+             dc.FillRectangle(1, 0, 6, 3);
+         },
+         {".+++++.", ".+++++.", ".+++++."}},
+        {"an empty box draws nothing", [](Context& dc) { dc.FillRectangle(3, 1, 3, 3); },
+         {".......", ".......", "......."}},
+        {"an ellipse fits its box", [](Context& dc) { dc.FillEllipse(0, 0, 7, 5); },
+         {"..###..", ".#+++#.", "#+++++#", ".#+++#.", "..###.."}},
+        {"a pen of 2 has its odd pixel above and to the left",
+         [](Context& dc) {
+             dc.SetPen(penColor, 2, Context::solid);
+             dc.DrawRectangle(2, 2, 7, 7);
+         },
+         {"........", ".######.", ".######.", ".##..##.", ".##..##.", ".######.", ".######.", "........"}},
+        {"a polygon is closed and has all its points",
+         [points](Context& dc) { dc.DrawPolygon(points({{1, 0}, {5, 0}, {5, 3}, {1, 3}})); },
+         {".#####.", ".#...#.", ".#...#.", ".#####."}},
+    };
+}
+
+} // namespace
+
+TEST(DeviceContext, DrawsFiguresToThePixel) {
+    for (Figure const& figure : Figures()) {
+        SCOPED_TRACE(figure.name);
+        int const width = static_cast<int>(figure.expected.front().size());
+        int const height = static_cast<int>(figure.expected.size());
+        EXPECT_EQ(ToRows(Draw(width, height, Path::Direct, figure.draw)), figure.expected);
+    }
+}
+
+TEST(DeviceContext, BothPathsDrawTheSameClosedFigures) {
+    for (long const width : {0L, 1L, 2L, 3L, 5L})
+        for (short const size : {short{3}, short{8}, short{13}, short{40}, short{90}})
+            for (long const style : {PlatformIndependentDeviceContext::solid, PlatformIndependentDeviceContext::noPen}) {
+                SCOPED_TRACE(testing::Message() << "pen " << width << " style " << style << " size " << size);
+                Drawing const draw = [=](PlatformIndependentDeviceContext& dc) {
+                    dc.SetPen(penColor, width, style);
+                    dc.FillEllipse(6, 6, static_cast<short>(6 + size), static_cast<short>(4 + size));
+                    dc.DrawEllipse(9, 6, static_cast<short>(9 + size), static_cast<short>(6 + size));
+                    dc.FillRectangle(20, 20, 45, 31);
+                };
+                EXPECT_EQ(ToRows(Draw(110, 110, Path::Direct, draw)), ToRows(Draw(110, 110, Path::Painter, draw)));
+            }
+}
+
+TEST(DeviceContext, DrawsNothingOutsideTheClip) {
+    QImage image(40, 40, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    {
+        PlatformIndependentDeviceContext_PC context(
+            static_cast<QPaintDevice&>(image),
+            PlatformIndependentDeviceContext_PC::DirectPixels{&image, QPoint(10, 10), QRect(0, 0, 20, 20)});
+        context.SetPen(penColor, 1, PlatformIndependentDeviceContext::solid);
+        context.SetBrush(brushColor);
+        context.FillRectangle(-30000, -30000, 30000, 30000);
+        context.FillEllipse(-4, -4, 8, 8);
+        context.FillEllipse(18, 18, 26, 26);
+        context.DrawLine(-32000, 5, 32000, 7);
+        context.DrawLine(5, -32000, 7, 32000);
+    }
+    for (int y = 0; y < 40; ++y)
+        for (int x = 0; x < 40; ++x) {
+            bool const inside = x >= 10 && x < 30 && y >= 10 && y < 30;
+            ASSERT_EQ(image.pixel(x, y) == 0xffffffff, !inside) << x << "," << y;
+        }
+}
+
+TEST(DeviceContext, BreaksLinesAndCarriesThePatternThroughCorners) {
+    auto const rows = ToRows(Draw(20, 4, Path::Direct, [](PlatformIndependentDeviceContext& dc) {
+        dc.SetPen(penColor, 1, PlatformIndependentDeviceContext::dotted);
+        dc.MoveTo(0, 0);
+        dc.LineTo(14, 0);
+        dc.LineTo(14, 4);
+    }));
+    EXPECT_EQ(rows, (Rows{"###...###...###.....", "....................", "....................",
+                          "...................."}));
+}
+
+TEST(DeviceContext, MeasuresAndPlacesText) {
+    long width = 1;
+    long height = 0;
+    QImage const image = Draw(80, 30, Path::Direct, [&](PlatformIndependentDeviceContext& dc) {
+        EXPECT_EQ(dc.SetTextColor(penColor), RGBVector(0, 0, 0));
+        EXPECT_EQ(dc.SetTextColor(penColor), penColor);
+        dc.SetFont(8, 0, 0, "Arial", 0);
+        dc.GetTextExtent("", width, height);
+        EXPECT_EQ(width, 0);
+        EXPECT_GE(height, 11);
+        dc.GetTextExtent("HHHH", width, height);
+        dc.DrawText(10, 5, "HHHH");
+    });
+    // Ink stands within the measured box and nowhere else.
+    int left = 80;
+    int right = 0;
+    for (int y = 0; y < 30; ++y)
+        for (int x = 0; x < 80; ++x)
+            if (image.pixel(x, y) != 0xffffffff) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+                ASSERT_GE(y, 5);
+                ASSERT_LT(y, 5 + height);
+            }
+    EXPECT_GE(left, 10);
+    EXPECT_LE(left, 13);
+    EXPECT_LE(right, 10 + width);
+    EXPECT_GE(right, 10 + width - 4);
+}
+
+TEST(DeviceContext, DrawsIntoARecordingToo) {
+    QPicture picture;
+    {
+        PlatformIndependentDeviceContext_PC context(picture);
+        context.SetPen(penColor, 1, PlatformIndependentDeviceContext::solid);
+        context.SetBrush(brushColor);
+        context.FillRectangle(1, 0, 6, 3);
+    }
+    QImage image(7, 3, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter(&image).drawPicture(0, 0, picture);
+    EXPECT_EQ(ToRows(image), (Rows{".#####.", ".#+++#.", ".#####."}));
+}
+
+TEST(DeviceContext, AFullPieIsADisc) {
+    auto const disc = Draw(30, 30, Path::Direct, [](PlatformIndependentDeviceContext& dc) {
+        dc.FillPie(15, 15, 10, 30, 360);
+    });
+    EXPECT_EQ(disc.pixel(15, 15), qRgb(0, 0, 200));
+    EXPECT_EQ(disc.pixel(20, 15), qRgb(0, 0, 200)) << "no radius is drawn";
+    auto const quarter = Draw(30, 30, Path::Direct, [](PlatformIndependentDeviceContext& dc) {
+        dc.FillPie(15, 15, 10, 0, 90);
+    });
+    EXPECT_EQ(quarter.pixel(19, 11), qRgb(0, 0, 200)) << "counter-clockwise from the x axis";
+    EXPECT_EQ(quarter.pixel(19, 19), 0xffffffff);
+}
