@@ -6,20 +6,23 @@ set(NORVELIAN_COMPONENT_SOURCES
   core/plugin/BaseElements.cpp
   gui/shell/ApplicationImplementation_PC.cpp
   gui/colour/CirclePatch.cpp
+  services/ColorLibraryTextAdapter.cpp
   gui/shell/Dialog_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
   gui/layout/HBox.cpp
+  services/LanguageService.cpp
   gui/layout/LoopBox.cpp
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
   gui/colour/Patch.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
+  services/SelectionService.cpp
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
-  services/SelectionService.cpp
+  services/TextAdapter.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/VBox.cpp
   gui/shell/Window_PC.cpp
@@ -57,6 +60,8 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
   services/IniText.cpp
+  services/LanguageFiles.cpp
+  services/LanguageTexts.cpp
   services/RobustMutex_PC.cpp
   services/ThreadKiller_PC.cpp
   core/plugin/ComponentFactory.cpp

@@ -1,21 +1,40 @@
 #include "gui/controls/FixedText.h"
 
+#include "Diagnostics/Sink.h"
+#include "Utilities/NamingService.h"
+#include "Utilities/TranslationService.h"
+
 namespace GUI {
 
 namespace {
 
-constexpr Attribute attributes[] = {FixedText::caption, FixedText::fontName,  FixedText::fontSize,
-                                    FixedText::bold,    FixedText::italic,    FixedText::underline,
-                                    FixedText::fontColor, FixedText::backgroundColor};
+constexpr Attribute attributes[] = {FixedText::caption,   FixedText::adaptText, FixedText::fontName,
+                                    FixedText::fontSize,  FixedText::bold,      FixedText::italic,
+                                    FixedText::underline, FixedText::fontColor, FixedText::backgroundColor};
 AttributeTable const table("FixedText", "GUIElement", attributes);
+
+/// None for a language that has no short forms, and where the component can't be had.
+Utilities::SmartPointer<Utilities::TextAdapter> MakeAdapter(Utilities::String const& component) {
+    if (component.Length() == 0) return {};
+    try {
+        auto const languages = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");
+        if (languages->GetLanguage().GetAsLower() == "japanese") return {};
+        return Utilities::ResolveComponent<Utilities::TextAdapter>(component);
+    } catch (...) {
+        Diagnostics::DropException("FixedText: text adapter");
+        return {};
+    }
+}
 
 } // namespace
 
 void FixedText::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                            DialogDataSource* dataSource) {
+    adapter_ = MakeAdapter(AttributeReader(description).Text(adaptText));
     GUIElement::Initialize(parent, description, dataSource);
     if (dataSource && GetElementName().Length() != 0)
-        dataSource->SetCallback(GetElementName(), "OnUpdate", Utilities::MakeCallback(this, &FixedText::OnUpdate));
+        dataSource->SetCallback(GetElementName(), "OnUpdate",
+                                Utilities::MakeCallback(this, &FixedText::OnUpdate));
 }
 
 Utilities::Anything FixedText::GetValue(char const* key) {

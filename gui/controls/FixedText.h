@@ -2,20 +2,27 @@
 
 #include "gui/elements/Attributes.h"
 #include "gui/elements/GUIElement.h"
+#include "services/TextAdapter.h"
 
 namespace GUI {
 
 /// A line or block of static text.
 ///
-/// Attributes: "Caption" (empty), "FontName" and "FontSize" (those of the window), "Bold", "Italic",
-/// "Underline" (No), "FontColor", "BackgroundColor" (those of the window). Of the data source at each
-/// update, under the element's name: "Caption", "Bold", "FontColor" or "TextColor", "BackgroundColor",
-/// "Visible"; invalid answers change nothing.
+/// The caption is a key of the language service. A text that doesn't fit its width is shortened by a text
+/// adapter, if one is named and the language isn't Japanese.
+///
+/// Attributes: "Caption" (empty), "AdaptText" (none; component of a text adapter), "FontName" and "FontSize"
+/// (those of the window), "Bold", "Italic", "Underline" (No), "FontColor", "BackgroundColor" (those of the
+/// window). Of the data source at each update, under the element's name: "Caption", "Bold", "FontColor" or
+/// "TextColor", "BackgroundColor", "Visible"; invalid answers change nothing.
 class FixedText : public GUIElement {
 public:
     static constexpr Attribute caption{"Caption", AttributeType::Text, "", "The text"};
-    static constexpr Attribute fontName{"FontName", AttributeType::Text, "", "Typeface; the window's if absent"};
-    static constexpr Attribute fontSize{"FontSize", AttributeType::Number, "0", "Height in points; 0: the window's"};
+    static constexpr Attribute adaptText{"AdaptText", AttributeType::Text, "", "Component of a text adapter"};
+    static constexpr Attribute fontName{"FontName", AttributeType::Text, "",
+                                        "Typeface; the window's if absent"};
+    static constexpr Attribute fontSize{"FontSize", AttributeType::Number, "0",
+                                        "Height in points; 0: the window's"};
     static constexpr Attribute bold{"Bold", AttributeType::Flag, "No", "Bold weight"};
     static constexpr Attribute italic{"Italic", AttributeType::Flag, "No", "Slanted"};
     static constexpr Attribute underline{"Underline", AttributeType::Flag, "No", "Underlined"};
@@ -28,8 +35,13 @@ public:
                     DialogDataSource* dataSource) override;
 
 protected:
+    /// Null where no adaption is wanted.
+    Utilities::SmartPointer<Utilities::TextAdapter> const& GetTextAdapter() const { return adapter_; }
     /// The data source's value under the element's own name.
     Utilities::Anything GetValue(char const* key);
+
+private:
+    Utilities::SmartPointer<Utilities::TextAdapter> adapter_;
 };
 
 } // namespace GUI

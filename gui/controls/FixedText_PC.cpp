@@ -1,9 +1,13 @@
 #include "gui/controls/FixedText_PC.h"
 
+#include "Utilities/LanguageServiceInterface.h"
 #include "core/creators/ComponentCreator.h"
+#include "gui/controls/TextAdaption.h"
 #include "gui/platform/Fonts_PC.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/TextConversion_PC.h"
+
+#include <QFontMetrics>
 
 namespace GUI {
 
@@ -23,10 +27,12 @@ FixedText_PC::~FixedText_PC() { delete control_.data(); }
 void FixedText_PC::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                               DialogDataSource* dataSource) {
     FixedText::Initialize(parent, description, dataSource);
-    control_ = std::make_unique<CNorvelianFixedText>(PlatformIndependentWindowID_PC::WindowOf(parent)).release();
+    control_ =
+        std::make_unique<CNorvelianFixedText>(PlatformIndependentWindowID_PC::WindowOf(parent)).release();
     SetFont(description);
     AttributeReader const reader(description);
-    control_->setText(ToPlatformText(reader.Text(caption)));
+    caption_ = reader.Text(caption);
+    ShowText();
     if (reader.Text(fontColor).Length() != 0) control_->SetTextColor(ToColor(reader.Colour(fontColor)));
     if (reader.Text(backgroundColor).Length() != 0)
         control_->SetBackgroundColor(ToColor(reader.Colour(backgroundColor)));
@@ -46,6 +52,25 @@ void FixedText_PC::SetFont(DescriptionTree const& description) {
     control_->setFont(font);
 }
 
+void FixedText_PC::ShowText() {
+    String text = Utilities::LanguageServiceInterface::GetTranslation(caption_);
+    if (auto const& adapter = GetTextAdapter(); !adapter.IsNull()) {
+        QFontMetrics const metrics(control_->font());
+        text = AdaptText(
+            text, control_->width(),
+            [&metrics](String const& candidate) {
+                return metrics.horizontalAdvance(ToPlatformText(candidate));
+            },
+            [&adapter](String const& whole, unsigned long length) { return adapter->Adapt(whole, length); });
+    }
+    control_->setText(ToPlatformText(text));
+}
+
+void FixedText_PC::OnLanguageChanged() {
+    FixedText::OnLanguageChanged();
+    if (control_) ShowText();
+}
+
 void FixedText_PC::SetPosition(unsigned long x, unsigned long y) {
     if (IfPositionEqual(x, y)) return;
     FixedText::SetPosition(x, y);
@@ -55,7 +80,9 @@ void FixedText_PC::SetPosition(unsigned long x, unsigned long y) {
 void FixedText_PC::SetSize(unsigned long width, unsigned long height) {
     if (IfSizeEqual(width, height)) return;
     FixedText::SetSize(width, height);
-    if (control_) control_->resize(static_cast<int>(width), static_cast<int>(height));
+    if (!control_) return;
+    control_->resize(static_cast<int>(width), static_cast<int>(height));
+    if (!GetTextAdapter().IsNull()) ShowText();
 }
 
 long FixedText_PC::OnUpdate(Anything const& command) {
@@ -65,13 +92,15 @@ long FixedText_PC::OnUpdate(Anything const& command) {
             font.setBold(value.GetBool());
             control_->setFont(font);
         }
-        if (Anything const value = GetValue("Caption"); value.IsOfTypeString())
-            control_->setText(ToPlatformText(value.GetString()));
+        if (Anything const value = GetValue("Caption"); value.IsOfTypeString()) caption_ = value.GetString();
         if (Anything const value = GetValue("BackgroundColor"); value.IsValid())
             control_->SetBackgroundColor(ToColor(RGBVector(value)));
         for (char const* const key : {"TextColor", "FontColor"})
-            if (Anything const value = GetValue(key); value.IsValid()) control_->SetTextColor(ToColor(RGBVector(value)));
-        if (Anything const value = GetValue("Visible"); value.IsValid()) control_->setVisible(value.GetBool());
+            if (Anything const value = GetValue(key); value.IsValid())
+                control_->SetTextColor(ToColor(RGBVector(value)));
+        if (Anything const value = GetValue("Visible"); value.IsValid())
+            control_->setVisible(value.GetBool());
+        ShowText();
     }
     return FixedText::OnUpdate(command);
 }

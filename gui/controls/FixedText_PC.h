@@ -18,10 +18,13 @@ public:
     void SetPosition(unsigned long x, unsigned long y) override;
     void SetSize(unsigned long width, unsigned long height) override;
     long OnUpdate(Utilities::Anything const& command) override;
+    void OnLanguageChanged() override;
 
 private:
+    void ShowText();
     void SetFont(DescriptionTree const& description);
 
+    Utilities::String caption_;
     QPointer<CNorvelianFixedText> control_;
 };
 

@@ -84,6 +84,13 @@ void Application::RemoveDialogFromList(GUIElement const& dialog) {
     if (mainWindow_ == &dialog) mainWindow_ = nullptr;
 }
 
+void Application::OnLanguageChanged() {
+    for (GUIElement* const dialog : std::vector<GUIElement*>(dialogs_)) {
+        dialog->OnLanguageChanged();
+        dialog->RecalculateSize();
+    }
+}
+
 void Application::RegisterComponent(String const& name, Utilities::Component* component) {
     components_[name] = component;
 }

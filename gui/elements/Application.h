@@ -71,6 +71,9 @@ public:
     GUIElement* GetFirstDialog() const { return dialogs_.empty() ? nullptr : dialogs_.front(); }
     GUIElement* GetLastDialog() const { return dialogs_.empty() ? nullptr : dialogs_.back(); }
 
+    /// Tells every window in the list that translations have changed, and lays it out anew.
+    void OnLanguageChanged();
+
     /// Components that others ask for by name; not owned, null if unknown.
     void RegisterComponent(Utilities::String const& name, Utilities::Component* component);
     void UnregisterComponent(Utilities::String const& name);

@@ -95,6 +95,10 @@ String GUIElement::GetCurrentRegion() { return {}; }
 void GUIElement::OnPaintWindowDecorators(PlatformIndependentDeviceContext& /*context*/,
                                          GUIElement const& /*element*/) const {}
 
+void GUIElement::OnLanguageChanged() {
+    for (auto it = children_.Begin(); it.IsValid(); ++it) it.Current()->OnLanguageChanged();
+}
+
 void GUIElement::PassOnPaintWindowDecorators(PlatformIndependentDeviceContext& context) const {
     for (auto it = children_.Begin(); it.IsValid(); ++it)
         it.Current()->OnPaintWindowDecorators(context, *this);

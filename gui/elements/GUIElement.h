@@ -53,6 +53,9 @@ public:
                                          GUIElement const& element) const;
     /// Reads the optional common attributes of a node.
     virtual void SetAttributes(DescriptionTree const& description);
+    /// Translations have changed. Containers pass it on; an element that keeps translated text translates
+    /// its key again. The windows are laid out anew and repainted afterwards.
+    virtual void OnLanguageChanged();
 
     bool PrepareForUnload() override { return true; }
 

@@ -89,6 +89,11 @@ void Pane::OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
     PassOnPaintWindowDecorators(context);
 }
 
+void Pane::OnLanguageChanged() {
+    GUIElement::OnLanguageChanged();
+    Repaint();
+}
+
 Pane const& Pane::operator=(Pane const& other) {
     backgroundColor_ = other.backgroundColor_;
     backgroundBitmap_ = other.backgroundBitmap_;

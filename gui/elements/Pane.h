@@ -33,6 +33,7 @@ public:
     long OnUpdate(Utilities::Anything const& command) override;
     void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                  GUIElement const& element) const override;
+    void OnLanguageChanged() override;
 
     /// Copies how the pane looks: background, frame.
     virtual Pane const& operator=(Pane const& other);

@@ -122,7 +122,7 @@ void PlatformIndependentDeviceContext_PC::UseBrush(bool filled) {
 
 void PlatformIndependentDeviceContext_PC::MoveTo(short x, short y) {
     FlushLines();
-    lines_.emplace_back(x, y);
+    lines_.assign(1, QPoint(x, y));
 }
 
 void PlatformIndependentDeviceContext_PC::LineTo(short x, short y) {

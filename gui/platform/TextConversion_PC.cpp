@@ -1,5 +1,7 @@
 #include "gui/platform/TextConversion_PC.h"
 
+#include "core/base/Utf8.h"
+
 #include <QByteArray>
 #include <QStringDecoder>
 #include <algorithm>
@@ -15,29 +17,6 @@ constexpr std::array<char16_t, 32> windows1252 = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-bool IsContinuation(unsigned char byte) { return (byte & 0xC0U) == 0x80U; }
-
-/// Length of the well-formed UTF-8 sequence at `bytes`, 0 if there is none.
-std::size_t SequenceLength(std::string_view bytes) {
-    auto const at = [bytes](std::size_t index) {
-        return index < bytes.size() ? static_cast<unsigned char>(bytes[index])
-                                    : static_cast<unsigned char>(0);
-    };
-    unsigned char const lead = at(0);
-    if (lead < 0x80) return 1;
-    if (lead >= 0xC2 && lead <= 0xDF) return IsContinuation(at(1)) ? 2 : 0;
-    if ((lead & 0xF0U) == 0xE0U) {
-        // No overlong form and no surrogate.
-        bool const secondFits = !(lead == 0xE0 && at(1) < 0xA0) && !(lead == 0xED && at(1) > 0x9F);
-        return secondFits && IsContinuation(at(1)) && IsContinuation(at(2)) ? 3 : 0;
-    }
-    if (lead >= 0xF0 && lead <= 0xF4) {
-        bool const secondFits = !(lead == 0xF0 && at(1) < 0x90) && !(lead == 0xF4 && at(1) > 0x8F);
-        return secondFits && IsContinuation(at(1)) && IsContinuation(at(2)) && IsContinuation(at(3)) ? 4 : 0;
-    }
-    return 0;
-}
-
 } // namespace
 
 QString ToPlatformText(Utilities::String const& text) {
@@ -47,7 +26,7 @@ QString ToPlatformText(Utilities::String const& text) {
     QString result;
     result.reserve(static_cast<qsizetype>(rest.size()));
     while (!rest.empty()) {
-        std::size_t length = SequenceLength(rest);
+        std::size_t length = Utilities::Utf8SequenceLength(rest);
         if (length == 0) {
             auto const byte = static_cast<unsigned char>(rest.front());
             result += QChar(byte < 0xA0 ? windows1252[byte - 0x80U] : static_cast<char16_t>(byte));

@@ -1,7 +1,7 @@
 #include "gui/shell/ApplicationImplementation_PC.h"
 
 #include "Diagnostics/Sink.h"
-#include "Utilities/Preferences.h"
+#include "Utilities/TranslationService.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
 #include "gui/platform/KeyCodes_PC.h"
@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QThread>
 #include <QTimer>
 #include <array>
 
@@ -56,11 +57,22 @@ ApplicationImplementation_PC::ApplicationImplementation_PC() {
     }
     if (Utilities::NamingService::Instance()->IsRegistered("MessageService"))
         messageService_ = Utilities::ResolveComponent<MessageService>("MessageService");
+    if (!messageService_.IsNull())
+        messageService_->SetCallback(
+            Utilities::TranslationService::changedMessage,
+            Utilities::MakeCallback(this, &ApplicationImplementation_PC::OnLanguageChanged));
     qApp->installEventFilter(this);
 }
 
 ApplicationImplementation_PC::~ApplicationImplementation_PC() {
+    if (!messageService_.IsNull())
+        messageService_->RemoveCallback(Utilities::TranslationService::changedMessage);
     if (qApp) qApp->removeEventFilter(this);
+}
+
+long ApplicationImplementation_PC::OnLanguageChanged(Utilities::Anything const& /*language*/) {
+    Application::Instance().OnLanguageChanged();
+    return 0;
 }
 
 void ApplicationImplementation_PC::SetMainWindow(GUIElement* /*window*/) {}
@@ -126,11 +138,8 @@ bool ApplicationImplementation_PC::eventFilter(QObject* receiver, QEvent* event)
 }
 
 bool ApplicationImplementation_PC::ShowHelp(String const& name, unsigned long topic, unsigned long command) {
-    String language = "English";
-    if (Utilities::NamingService::Instance()->IsRegistered("Preferences"))
-        language = Utilities::ResolveComponent<Utilities::Preferences>("Preferences")
-                       ->GetValue("LanguageService", "Language", language);
-    String const file = FindHelpFile(name, language);
+    auto const language = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");
+    String const file = FindHelpFile(name, language->GetLanguage());
     Application::Instance().OpenHelpFile(file, topic, command);
     return true;
 }
@@ -158,7 +167,7 @@ int ApplicationImplementation_PC::Run() {
         shellCommands_ = std::make_unique<ShellCommandListener>(
             Application::Instance().GetName(), [this](String const& text) { return OnShellCommand(text); });
     });
-    return QApplication::exec();
+    return earlyExit_ ? *std::exchange(earlyExit_, std::nullopt) : QApplication::exec();
 }
 
 void ApplicationImplementation_PC::OpenArguments() {
@@ -166,7 +175,13 @@ void ApplicationImplementation_PC::OpenArguments() {
         if (!argument.empty() && argument.front() != '-') Application::Instance().OpenFile(argument);
 }
 
-void ApplicationImplementation_PC::Quit(int exitCode) { QApplication::exit(exitCode); }
+void ApplicationImplementation_PC::Quit(int exitCode) {
+    // The platform would remember it, and end the first loop that a dialog runs.
+    if (QThread::currentThread()->loopLevel() == 0)
+        earlyExit_ = exitCode;
+    else
+        QApplication::exit(exitCode);
+}
 
 void ApplicationImplementation_PC::ShowMessage(String const& title, String const& text) {
     if (IsOffscreen()) return;

@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <memory>
+#include <optional>
 
 class QApplication;
 
@@ -48,11 +49,14 @@ private:
     bool eventFilter(QObject* receiver, QEvent* event) override;
     bool ExecuteAccelerator(long command);
     void OpenArguments();
+    long OnLanguageChanged(Utilities::Anything const& language);
 
     std::unique_ptr<QApplication> owned_;
     AcceleratorTable accelerators_;
     bool waitCursor_ = false;
     bool dragCursor_ = false;
+    /// What was asked to end before there was a loop to end.
+    std::optional<int> earlyExit_;
     Utilities::SmartPointer<MessageService> messageService_;
     std::unique_ptr<ShellCommandListener> shellCommands_;
 };

@@ -33,6 +33,8 @@ CNorvelianAdvancedControl::CNorvelianAdvancedControl(AdvancedControlImpl& impl, 
     : QWidget(parent), impl_(&impl) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
+    // What a pane doesn't consume is not its parent's.
+    setAttribute(Qt::WA_NoMousePropagation);
     setMouseTracking(true);
     setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus);
     setGeometry(0, 0, 0, 0);

@@ -1,5 +1,6 @@
 #include "gui/shell/Dialog_PC.h"
 
+#include "Utilities/LanguageServiceInterface.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
 #include "gui/elements/DialogObserver.h"
@@ -79,7 +80,7 @@ void Dialog_PC::Initialize(PlatformIndependentWindowID const& parent, Descriptio
 
 void Dialog_PC::ReadAttributes() {
     AttributeReader const reader(description_);
-    window_->setWindowTitle(ToPlatformText(reader.Text(WindowKeys::dialogCaption)));
+    ShowCaption();
     x_ = reader.Long(WindowKeys::dialogX);
     y_ = reader.Long(WindowKeys::dialogY);
     width_ = reader.Unsigned(WindowKeys::width);
@@ -92,6 +93,16 @@ void Dialog_PC::ReadAttributes() {
         palette.setColor(QPalette::Window, QColor(color.GetRed(), color.GetGreen(), color.GetBlue()));
         window_->setPalette(palette);
     }
+}
+
+void Dialog_PC::ShowCaption() {
+    String const caption = AttributeReader(description_).Text(WindowKeys::dialogCaption);
+    window_->setWindowTitle(ToPlatformText(Utilities::LanguageServiceInterface::GetTranslation(caption)));
+}
+
+void Dialog_PC::OnLanguageChanged() {
+    GUIElement::OnLanguageChanged();
+    if (window_) ShowCaption();
 }
 
 void Dialog_PC::OnInitDialog() {

@@ -38,6 +38,7 @@ public:
     void GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
                             unsigned long& minimalHeight, unsigned long& maximalHeight) override;
     void RecalculateSize() override;
+    void OnLanguageChanged() override;
     void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                  GUIElement const& element) const override;
     /// Switches resizing by the user on and off.
@@ -52,6 +53,7 @@ public:
 
 private:
     void ReadAttributes();
+    void ShowCaption();
     void CreateContents();
     void LayOut();
 

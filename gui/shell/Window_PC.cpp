@@ -1,5 +1,6 @@
 #include "gui/shell/Window_PC.h"
 
+#include "Utilities/LanguageServiceInterface.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
@@ -11,6 +12,7 @@
 namespace GUI {
 
 using Utilities::Anything;
+using Utilities::LanguageServiceInterface;
 using Utilities::String;
 
 namespace {
@@ -87,7 +89,8 @@ void Window_PC::CreatePlatformWindow(PlatformIndependentWindowID const& parent,
     identity->SetWindow(window_);
     SetWindowID(identity);
     window_->setObjectName(ToPlatformText(GetElementName()));
-    window_->setWindowTitle(ToPlatformText(reader.Text(WindowKeys::windowCaption)));
+    caption_ = reader.Text(WindowKeys::windowCaption);
+    window_->setWindowTitle(ToPlatformText(LanguageServiceInterface::GetTranslation(caption_)));
 }
 
 void Window_PC::ApplyPlace(DescriptionTree const& description) {
@@ -153,9 +156,17 @@ long Window_PC::OnUpdate(Anything const& command) {
         Anything const visible = GetDataSource()->GetValue(GetElementName(), "Visible");
         if (visible.IsValid()) window_->setVisible(visible.GetBool());
         Anything const caption = GetDataSource()->GetValue(GetElementName(), "Caption");
-        if (caption.IsOfTypeString()) window_->setWindowTitle(ToPlatformText(caption.GetString()));
+        if (caption.IsOfTypeString()) {
+            caption_ = caption.GetString();
+            window_->setWindowTitle(ToPlatformText(LanguageServiceInterface::GetTranslation(caption_)));
+        }
     }
     return GUIElement::OnUpdate(command);
+}
+
+void Window_PC::OnLanguageChanged() {
+    GUIElement::OnLanguageChanged();
+    if (window_) window_->setWindowTitle(ToPlatformText(LanguageServiceInterface::GetTranslation(caption_)));
 }
 
 void Window_PC::OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,

@@ -33,6 +33,8 @@ public:
     void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                  GUIElement const& element) const override;
 
+    void OnLanguageChanged() override;
+
     bool IsCloseable() const { return closeable_; }
     /// The user has moved the window; coordinates may be negative.
     void OnMoved(int x, int y);
@@ -43,6 +45,7 @@ private:
     void LayOut();
 
     QPointer<CNorvelianWnd> window_;
+    Utilities::String caption_;
     bool resizeable_ = true;
     bool closeable_ = true;
 };

@@ -28,20 +28,32 @@ long NumberBehind(String const& text, char const* prefix) {
     return text.Mid(String(prefix).Length(), text.Length()).GetLong();
 }
 
-/// Patches stand in rows about four times as long as the rows are many.
+/// Few samples stand in few rows of large patches, many in as many columns as stay legible.
 long ColumnsFor(long samples) {
-    constexpr double shape = 8.0;
-    return std::max(1L, std::min(samples, static_cast<long>(std::ceil(std::sqrt(shape * static_cast<double>(samples))))));
+    auto const columns = [samples](double shape) {
+        return static_cast<long>(std::ceil(std::sqrt(shape * static_cast<double>(samples))));
+    };
+    constexpr long most = 70;
+    return std::clamp(std::max(std::min(columns(8.0), most), columns(3.5)), 1L, std::max(samples, 1L));
+}
+
+/// The end of the scale of reflectance factors; fluorescent samples go beyond 1.
+double ReflectanceEnd(SampleDocument const& document) {
+    float largest = 1;
+    for (ShownSample const& shown : document.GetSamples())
+        largest = std::max(largest, *std::max_element(shown.spectrum.begin(), shown.spectrum.end()));
+    return std::min(std::ceil(largest * 5.0 - 0.05) / 5.0, 10.0);
 }
 
 } // namespace
 
 SampleWindow::SampleWindow(SampleDocument document)
-    : document_(std::move(document)), columns_(ColumnsFor(Count())), rows_((Count() + columns_ - 1) / columns_) {}
+    : document_(std::move(document)), columns_(ColumnsFor(Count())), rows_((Count() + columns_ - 1) / columns_),
+      labRange_(RangeOf(document_)), reflectanceEnd_(ReflectanceEnd(document_)) {}
 
 void SampleWindow::Start() {
-    std::string const range = "1;1-" + std::to_string(Count()) + "|NoRepaint";
-    ExecuteCallback("Spectra", "OnUpdate", ("1-" + std::to_string(bands) + ";1-" + std::to_string(Count())).c_str());
+    // All bands of the columns from the first sample to the last.
+    ExecuteCallback("Spectra", "OnUpdate", ("1;1-" + std::to_string(bands) + ";" + std::to_string(Count())).c_str());
     ExecuteCallback(labChart, "OnUpdate", {});
     Select(0);
 }
@@ -62,6 +74,8 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
 Anything SampleWindow::GetPatchValue(String const& element, String const& key) const {
     long const sample = SampleOfPatch(element);
     if (key == "IsSelectable") return sample >= 0;
+    // Places behind the last sample stay empty.
+    if (key == "BitmapOnly") return sample < 0;
     if (sample < 0) return {};
     if (key == "ColorValue") return document_.GetSamples()[static_cast<std::size_t>(sample)].color.GetAnything();
     if (key == "IsActive") return sample == selected_;
@@ -73,8 +87,8 @@ Anything SampleWindow::GetCurveValue(String const& key) const {
     if (key == "XScaleBegin") return 380.0;
     if (key == "XScaleEnd") return 730.0;
     if (key == "YScaleBegin") return 0.0;
-    if (key == "YScaleEnd") return 1.0;
-    if (key == "XScaleDrawLines") return 50.0;
+    if (key == "YScaleEnd") return reflectanceEnd_;
+    if (key == "XScaleDrawLines") return 20.0;
     if (key == "YScaleDrawLines") return 0.2;
     if (key == "XValueBegin" || key == "ValueBegin") return "380";
     if (key == "DeltaXValue" || key == "ValueStep") return "10";
@@ -115,13 +129,16 @@ Anything SampleWindow::GetLabChartValue(String const& key) const {
     if (key == "NrOfPatches") return Count();
     if (key == "SelectedSample") return selected_;
     if (StartsWith(key, "ToolTipText ")) return ToolTip(NumberBehind(key, "ToolTipText ")).c_str();
-    bool const begin = key == "XValueBegin" || key == "YValueBegin";
-    if (!begin && !(key == "XValueEnd") && !(key == "YValueEnd")) return {};
+    if (key == "XValueBegin" || key == "YValueBegin") return static_cast<short>(-labRange_);
+    if (key == "XValueEnd" || key == "YValueEnd") return labRange_;
+    return {};
+}
+
+short SampleWindow::RangeOf(SampleDocument const& document) {
     double range = smallestRange;
-    for (ShownSample const& shown : document_.GetSamples())
+    for (ShownSample const& shown : document.GetSamples())
         range = std::max({range, std::abs(shown.lab[1]), std::abs(shown.lab[2])});
-    auto const rounded = static_cast<short>(std::min(std::ceil(range / 10) * 10 + 10, 1000.0));
-    return static_cast<short>(begin ? -rounded : rounded);
+    return static_cast<short>(std::min(std::ceil(range / 10) * 10 + 10, 1000.0));
 }
 
 Anything SampleWindow::GetSpot(long sample) const {
@@ -136,6 +153,10 @@ Anything SampleWindow::GetSpot(long sample) const {
 
 Anything SampleWindow::GetDetail(String const& element, String const& key) const {
     if (element == "ColourDesk" && key == "Caption") return ("Colour Desk \u2013 " + document_.GetFileName()).c_str();
+    if (element == "LabTitle" && key == "Caption") {
+        std::string const range = std::to_string(labRange_);
+        return ("a* to the right and b* upward, -" + range + " to " + range).c_str();
+    }
     if (selected_ < 0) return {};
     ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(selected_)];
     if (element == "SelectedColour") return key == "ColorValue" ? shown.color.GetAnything() : Anything();

@@ -14,8 +14,6 @@ namespace ColourDesk {
 /// Patches stand in rows and are named "Patch<row>_<column>"; the loops that make them ask how often.
 class SampleWindow : public GUI::DialogHandler, public GUI::CXFAccess {
 public:
-    /// Shows another document, of which nothing is selected. The patches are not made anew here: that takes
-    /// a new window.
     explicit SampleWindow(SampleDocument document);
 
     Diagnostics::String GetValueString() override { return "SampleWindow"; }
@@ -53,11 +51,15 @@ private:
     long SampleOfPatch(Utilities::String const& element) const;
     std::string PatchName(long sample) const;
     std::string ToolTip(long sample) const;
+    /// How far out the a*b* plane is shown.
+    static short RangeOf(SampleDocument const& document);
     long Count() const { return static_cast<long>(document_.GetSamples().size()); }
 
     SampleDocument document_;
     long columns_;
     long rows_;
+    short labRange_;
+    double reflectanceEnd_;
     long selected_ = -1;
     std::function<void()> firstPaint_;
 };

@@ -88,6 +88,15 @@ std::vector<Figure> Figures() {
              dc.LineTo(1, 2);
          },
          {".####..", "....#..", "..###.."}},
+        {"nothing is drawn to where the next lines begin",
+         [](Context& dc) {
+             for (short const y : {short{0}, short{2}}) {
+                 dc.SetPen(penColor, 1, Context::solid);
+                 dc.MoveTo(1, y);
+                 dc.LineTo(5, y);
+             }
+         },
+         {".####..", ".......", ".####.."}},
         {"a rectangle's outline lies inside its box", [](Context& dc) { dc.DrawRectangle(1, 0, 6, 3); },
          {".#####.", ".#...#.", ".#####."}},
         {"filled", [](Context& dc) { dc.FillRectangle(1, 0, 6, 3); }, {".#####.", ".#+++#.", ".#####."}},

@@ -1,0 +1,39 @@
+#include "Utilities/LanguageServiceInterface.h"
+
+#include "Diagnostics/Sink.h"
+#include "Utilities/NamingService.h"
+#include "Utilities/TranslationService.h"
+
+namespace Utilities {
+
+namespace {
+
+/// Texts are asked for with every paint, so the service isn't looked up by name each time.
+TranslationService*& Living() {
+    static TranslationService* service = nullptr;
+    return service;
+}
+
+} // namespace
+
+TranslationService::TranslationService() { Living() = this; }
+
+TranslationService::~TranslationService() {
+    if (Living() == this) Living() = nullptr;
+}
+
+TranslationService* TranslationService::FindLiving() { return Living(); }
+
+String LanguageServiceInterface::GetTranslation(String const& key) {
+    try {
+        if (TranslationService* const service = Living()) return service->GetTranslation(key);
+        if (!NamingService::Instance()->IsRegistered("LanguageService")) return key;
+        auto const service = ResolveComponent<TranslationService>("LanguageService");
+        return service.IsNull() ? key : service->GetTranslation(key);
+    } catch (...) {
+        Diagnostics::DropException("LanguageServiceInterface::GetTranslation");
+        return key;
+    }
+}
+
+} // namespace Utilities

@@ -1,0 +1,230 @@
+// Windows and dialogs made from descriptions, on the offscreen platform.
+#include "Utilities/NamingService.h"
+#include "Utilities/Preferences.h"
+#include "core/creators/ComponentCreator.h"
+#include "gui/elements/Application.h"
+#include "gui/elements/DialogHandler.h"
+#include "gui/elements/Pane.h"
+#include "gui/platform/PlatformIndependentWindowID_PC.h"
+#include "gui/shell/ApplicationImplementation_PC.h"
+#include "gui/shell/Dialog_PC.h"
+#include "gui/shell/Window_PC.h"
+#include "tests/support/FakeWindowHost.h"
+#include "tests/support/FunctionCallback.h"
+#include "tests/support/TemporaryDirectory.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QTimer>
+#include <QWindow>
+#include <gtest/gtest.h>
+
+namespace {
+
+using GUI::DialogHandler;
+using TestSupport::Node;
+using Utilities::Anything;
+using Utilities::String;
+
+/// The test program's application, which notes what it is told.
+class TestApplication : public GUI::Application {
+public:
+    TestApplication() : Application("window-tests") {}
+    long OpenFile(String const& fileName) override {
+        opened.push_back(fileName.GetStdString());
+        return 1;
+    }
+    bool MayClose() override { return mayClose; }
+    void ReportError(String const& text) override { errors.push_back(text.GetStdString()); }
+
+    bool mayClose = true;
+    std::vector<std::string> opened;
+    std::vector<std::string> errors;
+};
+
+class Environment : public testing::Environment {
+public:
+    void SetUp() override {
+        setenv("XDG_CONFIG_HOME", directory.GetPath().c_str(), 1);
+        app = std::make_unique<TestApplication>();
+        app->GetImplementation();
+    }
+    void TearDown() override { app.reset(); }
+
+    Tests::TemporaryDirectory directory;
+    std::unique_ptr<TestApplication> app;
+};
+auto* const environment = new Environment;
+testing::Environment* const registered = testing::AddGlobalTestEnvironment(environment);
+
+class Handler : public DialogHandler {
+public:
+    Anything GetValue(String const& element, String const& name) override {
+        auto const found = values.find(element.GetStdString() + "." + name.GetStdString());
+        return found == values.end() ? Anything() : found->second;
+    }
+    std::map<std::string, Anything> values;
+};
+
+class Windows : public testing::Test {
+protected:
+    template <class T>
+    T& Make(Utilities::SmartPointer<GUI::DescriptionTree> const& node, char const* component) {
+        description_ = node;
+        element_ = Utilities::ResolveComponent<GUI::GUIElement>(component);
+        element_->Initialize(none_, *node, &handler_);
+        QApplication::processEvents();
+        return dynamic_cast<T&>(*element_);
+    }
+    static QWidget& WidgetOf(GUI::GUIElement& element) {
+        return *GUI::PlatformIndependentWindowID_PC::WindowOf(*element.GetWindowID());
+    }
+    static Utilities::SmartPointer<GUI::DescriptionTree> Content() {
+        return Node({{"GUIElementType", "VBox"}}, {Node({{"GUIElementType", "Pane"},
+                                                         {"ElementName", "Content"},
+                                                         {"MinimalWidth", "120"},
+                                                         {"MinimalHeight", "50"},
+                                                         {"MaximalHeight", "5000"}})});
+    }
+
+    Handler handler_;
+    GUI::PlatformIndependentWindowID_PC none_;
+    Utilities::SmartPointer<GUI::DescriptionTree> description_;
+    Utilities::SmartPointer<GUI::GUIElement> element_;
+};
+
+Utilities::Preferences& Settings() {
+    return *Utilities::ResolveComponent<Utilities::Preferences>("Preferences");
+}
+
+} // namespace
+
+TEST_F(Windows, TakesItsAttributesAndItsContentsLimits) {
+    auto& window = Make<GUI::Window_PC>(
+        Node({{"GUIElementType", "Window"}, {"ElementName", "Main"}, {"Width", "300"}, {"Height", "200"}},
+             {Content()}),
+        "Window");
+    QWidget& widget = WidgetOf(window);
+    EXPECT_EQ(widget.windowTitle(), "No caption in the window description");
+    EXPECT_EQ(widget.size(), QSize(300, 200));
+    EXPECT_EQ(widget.minimumSize(), QSize(120, 50));
+    EXPECT_TRUE(widget.isVisible());
+
+    widget.resize(500, 60);
+    QApplication::processEvents();
+    unsigned long width = 0;
+    unsigned long height = 0;
+    window.FindElement("Content").GetSize(width, height);
+    EXPECT_EQ(width, 500U);
+    EXPECT_EQ(height, 60U);
+
+    handler_.values = {{"Main.Visible", false}, {"Main.Caption", "caf\xE9"}};
+    handler_.ExecuteCallback("Main", "OnUpdate", {});
+    EXPECT_FALSE(widget.isVisible());
+    EXPECT_EQ(widget.windowTitle(), QString::fromUtf8("caf\u00E9"));
+}
+
+TEST_F(Windows, RemembersItsPlace) {
+    auto const node = Node({{"GUIElementType", "Window"},
+                            {"ElementName", "Place"},
+                            {"Width", "300"},
+                            {"Height", "200"},
+                            {"X", "70"},
+                            {"Y", "60"}});
+    struct Row {
+        char const* saved;
+        QPoint expected;
+    };
+    // "y,x"; what can't be read, and what no screen shows, leaves the description's place or the desktop's.
+    for (Row const& row :
+         {Row{"XXYY", {70, 60}}, Row{"33,44", {44, 33}}, Row{"three", {70, 60}}, Row{"3", {70, 60}}}) {
+        Settings().SetValue("Windows", "Place", row.saved);
+        EXPECT_EQ(WidgetOf(Make<GUI::Window_PC>(node, "Window")).pos(), row.expected) << row.saved;
+    }
+    auto& window = Make<GUI::Window_PC>(node, "Window");
+    window.SetPosition(static_cast<unsigned long>(-5L), 120);
+    EXPECT_EQ(Settings().GetValue("Windows", "Place", ""), "120,0");
+    WidgetOf(window).move(81, 91);
+    WidgetOf(window).close();
+    EXPECT_EQ(Settings().GetValue("Windows", "Place", ""), "91,81")
+        << "the place counts once the window is closed";
+}
+
+TEST_F(Windows, TheMainWindowAsksBeforeItCloses) {
+    auto& window = Make<GUI::Window_PC>(
+        Node({{"GUIElementType", "Window"}, {"ElementName", "Main"}, {"Width", "300"}, {"Height", "200"}}),
+        "Window");
+    environment->app->SetMainWindow(&window);
+    environment->app->mayClose = false;
+    EXPECT_FALSE(WidgetOf(window).close());
+    EXPECT_EQ(environment->app->GetMainWindow(), &window);
+    environment->app->mayClose = true;
+    EXPECT_TRUE(WidgetOf(window).close());
+    EXPECT_EQ(environment->app->GetMainWindow(), nullptr);
+}
+
+TEST_F(Windows, DialogClosesThroughItsDataSourceAndByTheEscElement) {
+    auto& dialog = Make<GUI::Dialog_PC>(Node({{"GUIElementType", "Dialog"},
+                                              {"ElementName", "Ask"},
+                                              {"Width", "200"},
+                                              {"Height", "100"},
+                                              {"EscKeyElementName", "Cancel"}},
+                                             {Content()}),
+                                        "Dialog");
+    int cancelled = 0;
+    handler_.SetCallback("Cancel", "OnClick", Tests::MakeCallback([&](Anything const& argument) {
+                             EXPECT_EQ(argument.GetString(), "Cancel");
+                             ++cancelled;
+                             return 0L;
+                         }));
+    QTimer::singleShot(0, [&] {
+        QWidget& widget = WidgetOf(dialog);
+        EXPECT_EQ(widget.size(), QSize(200, 100));
+        EXPECT_EQ(widget.minimumSize(), widget.maximumSize()) << "not resizeable unless it says so";
+        for (auto const key : {Qt::Key_Escape, Qt::Key_Return}) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+            QApplication::sendEvent(&widget, &press);
+        }
+        EXPECT_TRUE(widget.isVisible()) << "neither key closes it";
+        widget.close();
+    });
+    EXPECT_EQ(dialog.RunModal(), 0);
+    EXPECT_EQ(cancelled, 1);
+    EXPECT_FALSE(WidgetOf(dialog).isVisible());
+}
+
+TEST_F(Windows, WhatAHandlerLetsEscapeGoesToTheApplication) {
+    auto& dialog = Make<GUI::Dialog_PC>(
+        Node({{"GUIElementType", "Dialog"}, {"ElementName", "Ask"}, {"Width", "200"}, {"Height", "100"}}),
+        "Dialog");
+    handler_.SetCallback("Ask", "OnClose", Tests::MakeCallback([&](Anything const&) -> long {
+                             dialog.Close(7);
+                             throw std::runtime_error("from a callback");
+                         }));
+    QTimer::singleShot(0, [&] { WidgetOf(dialog).close(); });
+    environment->app->errors.clear();
+    EXPECT_EQ(dialog.RunModal(), 7);
+    EXPECT_EQ(environment->app->errors, std::vector<std::string>{"from a callback"});
+}
+
+TEST_F(Windows, KeysGoToAcceleratorsThenToTheMessageService) {
+    auto& platform = dynamic_cast<GUI::ApplicationImplementation_PC&>(environment->app->GetImplementation());
+    auto& window = Make<GUI::Window_PC>(
+        Node({{"GUIElementType", "Window"}, {"ElementName", "Keys"}, {"Width", "300"}, {"Height", "200"}}),
+        "Window");
+    auto const service = Utilities::ResolveComponent<GUI::MessageService>("MessageService");
+    std::vector<std::string> keys;
+    service->SetCallback("Key", Tests::MakeCallback([&](Anything const& value) {
+                             keys.push_back(value.GetString().GetStdString());
+                             return 0L;
+                         }));
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_A, Qt::ShiftModifier, "A");
+    QCoreApplication::sendEvent(WidgetOf(window).windowHandle(), &release);
+    EXPECT_EQ(keys, std::vector<std::string>{"65;1;0"});
+    service->RemoveCallback("Key");
+
+    EXPECT_EQ(platform.OnShellCommand("[OPEN(\"/tmp/a (1).txt\")]"), 1);
+    EXPECT_EQ(environment->app->opened.back(), "/tmp/a (1).txt");
+    EXPECT_EQ(platform.OnShellCommand("[PRINT(\"x\")]"), 0);
+}
