@@ -25,12 +25,17 @@ bool IsMade(std::string_view key) {
     return std::find(made.begin(), made.end(), key) != made.end() || key.starts_with(kConditionKeyword);
 }
 
-std::string Quote(std::string const& text) {
-    std::string quoted = "\"";
-    for (char const c : text) {
+void RequirePlain(std::string const& text) {
+    for (char const c : text)
         if (static_cast<unsigned char>(c) < ' ' && c != '\t')
             throw TristimException("the text \"" + text +
                                    "\" has a line break or control character, which CGATS can't hold");
+}
+
+std::string Quote(std::string const& text) {
+    RequirePlain(text);
+    std::string quoted = "\"";
+    for (char const c : text) {
         if (c == '"') quoted += '"';
         quoted += c;
     }
@@ -170,8 +175,8 @@ void Table::CheckConditions() const {
                 throw TristimException(
                     "CGATS can't hold colours and spectra whose conditions differ: " + key + " is \"" +
                     held.GetAttribute(key, "") + "\" and \"" + value + "\" in one table");
-        throw TristimException("CGATS can't hold all conditions of an attribute of type " +
-                               attribute->GetType());
+        throw TristimException(std::string("CGATS can't hold all conditions of an attribute of type ")
+                                   .append(attribute->GetType()));
     }
 }
 
@@ -182,7 +187,8 @@ void Table::WriteHeader() {
     for (auto const& [key, value] : set_.GetProperties()) {
         if (IsMade(key) || (key == "KEYWORD" && IsMade(value))) continue;
         if (key == "#") {
-            text_ += "#" + value + "\n";
+            RequirePlain(value);
+            text_.append("#").append(value).append("\n");
         } else if (!described && (key == "FILE_DESCRIPTOR" || key == "DESCRIPTOR")) {
             text_ += key + "\t" + Quote(set_.GetDescription()) + "\n";
             described = true;

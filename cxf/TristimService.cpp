@@ -36,14 +36,13 @@ Colour ColourOf(NVColorVector const& vector) {
 
 /// What `conditions` state beside the colour space must hold for the vector.
 void RequireStated(NVMeasureConditions const& conditions, NVMeasureConditions const& vector) {
-    for (Text const key :
-         {Key::Illumination, Key::Observer, Key::WhiteBase, Key::SpectrumType, Key::Filter}) {
-        std::string const stated = conditions.GetMeasureCondition(key);
-        std::string const held = vector.GetMeasureCondition(key);
-        if (!stated.empty() && stated != held && stated != "Automatic")
-            throw TristimException("condition " + std::string(key) + " is asked to be \"" + stated +
-                                   "\", but the colour was computed for \"" + held + "\"");
-    }
+    auto const require = [](std::string const& key, std::string const& stated, std::string const& held) {
+        if (stated.empty() || stated == held || stated == "Automatic") return;
+        throw TristimException("condition " + key + " is asked to be \"" + stated +
+                               "\", but the colour was computed for \"" + held + "\"");
+    };
+    for (Text const key : {Key::Illumination, Key::Observer, Key::WhiteBase, Key::SpectrumType, Key::Filter})
+        require(key, conditions.GetMeasureCondition(key), vector.GetMeasureCondition(key));
 }
 
 NVColorVector DeltaOf(XYZ const& reference, XYZ const& sample, Resolved const& resolved) {

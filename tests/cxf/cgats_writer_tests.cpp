@@ -97,6 +97,8 @@ TEST(CgatsWriter, RefusesWhatATableCantHold) {
     described->GetSamples()[0]->SetDescription("two\nlines");
     auto const foreign = SetWith({lab("D50")});
     foreign->GetSamples()[0]->SetForeign({{{"a", "b"}}, ""});
+    auto const commented = SetWith({lab("D50")});
+    commented->AddProperty("#", "one\nBEGIN_DATA");
     struct Case {
         Cxf::SampleSetPointer set;
         char const* message;
@@ -105,7 +107,7 @@ TEST(CgatsWriter, RefusesWhatATableCantHold) {
          {Case{two, "sample \"b\" has other attributes"},
           Case{SetWith({lab("D50"), lab("D65")}), "LAB_A twice"},
           Case{SetWith({MakeSmart<Cxf::Recipe>(std::vector<Cxf::Recipe::Ingredient>{})}), "CXFRecipe"},
-          Case{described, "line break"}, Case{foreign, "XML parts"},
+          Case{described, "line break"}, Case{commented, "line break"}, Case{foreign, "XML parts"},
           Case{SetWith({MakeSmart<Cxf::ColorVector>(
                    std::vector<double>{1, 2, 3}, Cxf::Conditions(With({{Key::ColorSpaceType, "LABmg"}})))}),
                "LABmg"},
