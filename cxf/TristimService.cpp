@@ -26,6 +26,12 @@ struct Colour {
     XYZ xyz;
 };
 Colour ColourOf(NVColorVector const& vector) {
+    // The amounts of ink or light that a device was sent don't say what came out; what this service computed
+    // itself names its illuminant.
+    std::string const space = vector.GetMeasureConditions().GetMeasureCondition(Key::ColorSpaceType);
+    bool const stated = !vector.GetMeasureConditions().GetMeasureCondition(Key::Illumination).empty();
+    if (!stated && (space == "RGB" || space == "CMYK"))
+        throw TristimException("device values of " + space + " have no colour without a viewing condition");
     Resolved resolved = Resolve(vector.GetMeasureConditions(), {});
     if (resolved.delta) throw TristimException("a difference of two colours isn't a colour");
     Elements4 elements{};

@@ -189,6 +189,22 @@ TEST(Convert, EverySpaceAgreesWithTheSpectrum) {
     }
 }
 
+TEST(Convert, DeviceValuesAreNoColour) {
+    Tristim::NVColorVector const ink({0, 100, 100, 0}, With({{Key::ColorSpaceType, "CMYK"}}));
+    EXPECT_THAT(MessageOf<TristimException>([&] { TristimService::Convert(ink, {}); }), HasSubstr("CMYK"));
+}
+
+TEST(Conditions, CopiesChangeApart) {
+    auto const first = With({{"a", "1"}});
+    auto second = first;
+    second.SetMeasureCondition("a", "2");
+    Tristim::NVMeasureConditions third;
+    third.SetMeasureCondition("b", "3");
+    EXPECT_EQ(first.GetMeasureCondition("a"), "1");
+    EXPECT_EQ(second.GetMeasureCondition("a"), "2");
+    EXPECT_TRUE(Tristim::NVMeasureConditions().GetAll().empty());
+}
+
 TEST(Spaces, EveryTristimulusValueHasADefinedResult) {
     Tristim::XYZ const white{96.42, 100, 82.51};
     std::array<double, 7> const values{-150, -1, -1e-6, 0, 1e-6, 1, 150};
