@@ -59,6 +59,12 @@ std::string HeaderValue(std::string const& value) {
     return Tristim::Numbers::Parse(value, number) ? value : Quote(value);
 }
 
+void FailIfMixed(std::string const& key, std::string const& one, std::string const& other) {
+    if (one == other) return;
+    throw TristimException("CGATS can't hold colours and spectra whose conditions differ: " + key + " is \"" +
+                           one + "\" and \"" + other + "\" in one table");
+}
+
 /// Writes one table.
 class Table {
 public:
@@ -170,11 +176,7 @@ void Table::CheckConditions() const {
             if (!device) read = CgatsColourConditions(header, space);
         }
         if (held == read) continue;
-        for (auto const& [key, value] : read.GetAll())
-            if (held.GetAttribute(key, "") != value)
-                throw TristimException(
-                    "CGATS can't hold colours and spectra whose conditions differ: " + key + " is \"" +
-                    held.GetAttribute(key, "") + "\" and \"" + value + "\" in one table");
+        for (auto const& [key, value] : read.GetAll()) FailIfMixed(key, held.GetAttribute(key, ""), value);
         throw TristimException(std::string("CGATS can't hold all conditions of an attribute of type ")
                                    .append(attribute->GetType()));
     }
@@ -203,7 +205,7 @@ void Table::WriteHeader() {
     added_.erase(std::unique(added_.begin(), added_.end()), added_.end());
     for (auto const& [key, value] : added_) {
         if (key.starts_with(kConditionKeyword)) text_ += "KEYWORD\t" + Quote(key) + "\n";
-        text_ += key + "\t" + HeaderValue(value) + "\n";
+        text_ += Word(key) + "\t" + HeaderValue(value) + "\n";
     }
 }
 

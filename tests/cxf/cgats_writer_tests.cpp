@@ -55,11 +55,12 @@ TEST(CgatsWriter, WhatWasReadComesBack) {
 }
 
 TEST(CgatsWriter, EditsConditionsAndOddTextsSurvive) {
-    auto const set = SetWith(
-        {MakeSmart<Cxf::Spectrum>(
-             380, 10.0 / 3, std::vector<double>(106, 0.1 / 3),
-             Cxf::Conditions(With({{Key::Filter, "Polarizer"}, {Key::SpectrumType, "Transmission"}}))),
-         MakeSmart<Cxf::UnknownSampleAttribute>("NOTE #", "5e3 \"x\"")});
+    auto const set =
+        SetWith({MakeSmart<Cxf::Spectrum>(380, 10.0 / 3, std::vector<double>(106, 0.1 / 3),
+                                          Cxf::Conditions(With({{Key::Filter, "Polarizer"},
+                                                                {Key::SpectrumType, "Transmission"},
+                                                                {"Physical.\tOdd key", "x"}}))),
+                 MakeSmart<Cxf::UnknownSampleAttribute>("NOTE #", "5e3 \"x\"")});
     set->SetDescription("dark \"blue\"");
     set->AddProperty("BEGIN_DATA", "1");
     auto const& sample = set->GetSamples()[0];
