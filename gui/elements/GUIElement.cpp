@@ -115,7 +115,7 @@ void GUIElement::CreateChildren(PlatformIndependentWindowID const& window, Descr
         element->parentElement_ = this;
         element->Initialize(window, child, dataSource);
         children_.Append(element);
-        AdvanceLayoutRevision();
+        OnChildrenChanged();
     }
 }
 
@@ -123,6 +123,11 @@ void GUIElement::ReleaseChildren() {
     // Somebody may hold a child longer than its parent lives.
     for (auto it = children_.Begin(); it.IsValid(); ++it) it.Current()->parentElement_ = nullptr;
     children_.Clear();
+    OnChildrenChanged();
+}
+
+void GUIElement::OnChildrenChanged() {
+    ++childrenRevision_;
     AdvanceLayoutRevision();
 }
 

@@ -96,9 +96,12 @@ protected:
     /// container worked out from size ranges stands only while the number does.
     static std::uint64_t GetLayoutRevision() { return layoutRevision; }
     static void AdvanceLayoutRevision() { ++layoutRevision; }
+    /// Grows whenever this element gets or loses children.
+    std::uint32_t GetChildrenRevision() const { return childrenRevision_; }
 
 private:
     GUIElement* FindRegistered(Utilities::String const& name) const;
+    void OnChildrenChanged();
 
     static std::uint64_t layoutRevision;
 
@@ -112,6 +115,7 @@ private:
     std::uint32_t y_ = 0;
     std::uint32_t width_ = 0;
     std::uint32_t height_ = 0;
+    std::uint32_t childrenRevision_ = 0;
     bool registered_ = true;
     Utilities::String name_;
     Utilities::String helpFile_;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 
 namespace GUI {
 
@@ -30,19 +31,56 @@ int GUILayoutElementBox::Pass::depth = 0;
 
 namespace {
 
-/// Room for the sizes of one box: on the stack for as many children as boxes have.
-class SizeBuffer {
+/// An array for one layout of one box: on the stack for as many children as boxes have.
+template <class T> class Scratch {
 public:
-    explicit SizeBuffer(std::size_t count) : count_(count) {
+    explicit Scratch(std::size_t count) : count_(count) {
         if (count > few_.size()) many_.resize(count);
     }
-    std::span<float> Get() { return {many_.empty() ? few_.data() : many_.data(), count_}; }
+    std::span<T> Get() { return {many_.empty() ? few_.data() : many_.data(), count_}; }
 
 private:
     std::size_t count_;
-    std::array<float, 48> few_;
-    std::vector<float> many_;
+    std::array<T, 32> few_;
+    std::vector<T> many_;
 };
+
+/// A minimum and a maximum of 32 bits each in one word, so that two answers are compared at once.
+std::uint64_t Pack(unsigned long minimum, unsigned long maximum) {
+    return static_cast<std::uint32_t>(minimum) | static_cast<std::uint64_t>(maximum) << 32U;
+}
+std::uint32_t Minimum(std::uint64_t packed) { return static_cast<std::uint32_t>(packed); }
+std::uint32_t Maximum(std::uint64_t packed) { return static_cast<std::uint32_t>(packed >> 32U); }
+
+/// Where a child begins along the axis, and how long it is. One word, since it is read as one: two
+/// stores that one load spans would have to reach the cache first.
+class Stretch {
+public:
+    Stretch() = default;
+    Stretch(std::uint32_t begin, std::uint32_t length) : word_(Pack(begin, length)) {}
+    std::uint32_t GetBegin() const { return Minimum(word_); }
+    std::uint32_t GetLength() const { return Maximum(word_); }
+
+private:
+    std::uint64_t word_;
+};
+
+/// Cuts both to whole pixels, each on its own, so that positions carry no error from child to child.
+void CutToPixels(float origin, std::span<float const> sizes, std::span<Stretch> stretches) {
+    float offset = 0;
+    // Neighbours mostly have one size.
+    std::uint32_t bits = 0;
+    std::uint32_t length = 0;
+    for (std::size_t i = 0; i < sizes.size(); ++i) {
+        auto const ownBits = std::bit_cast<std::uint32_t>(sizes[i]);
+        if (ownBits != bits) {
+            bits = ownBits;
+            length = TruncateToPixels(sizes[i]);
+        }
+        stretches[i] = {TruncateToPixels(origin + offset), length};
+        offset += sizes[i];
+    }
+}
 
 } // namespace
 
@@ -67,48 +105,77 @@ void GUILayoutElementBox::InitializeBox(PlatformIndependentWindowID const& paren
     }
 }
 
+void GUILayoutElementBox::CollectChildren() {
+    elements_.clear();
+    for (auto it = GetChildrenList().Begin(); it.IsValid() && !it.Current().IsNull(); ++it)
+        elements_.push_back(it.Current().Get());
+    ranges_.assign(elements_.size(), {});
+    isAddedUp_ = false;
+    collectedAt_ = GetChildrenRevision();
+}
+
 template <GUILayoutElementBox::Axis axis> void GUILayoutElementBox::AskChildren() {
-    range_ = {};
+    if (collectedAt_ != GetChildrenRevision()) CollectChildren();
+    // What follows from the answers is worked out again only if one of them is another than before.
+    std::uint64_t difference = 0;
+    unsigned long minimalWidth = 0;
+    unsigned long maximalWidth = 0;
+    unsigned long minimalHeight = 0;
+    unsigned long maximalHeight = 0;
+    PackedRange* range = ranges_.data();
+    PackedRange* const end = range + ranges_.size();
+    for (GUIElement* const* element = elements_.data(); range != end; ++element, ++range) {
+        (*element)->GetSizeInformation(minimalWidth, maximalWidth, minimalHeight, maximalHeight);
+        std::uint64_t const widths = Pack(minimalWidth, maximalWidth);
+        std::uint64_t const heights = Pack(minimalHeight, maximalHeight);
+        difference |= (widths ^ range->widths) | (heights ^ range->heights);
+        *range = {widths, heights};
+    }
+    if (difference != 0 || !isAddedUp_) AddUp<axis>();
+    askedAt_ = Pass::IsRunning() ? GetLayoutRevision() : 0;
+}
+
+template <GUILayoutElementBox::Axis axis> void GUILayoutElementBox::AddUp() {
     limits_.assign(GetChildrenList().GetSize(), {});
+    SizeRange sum;
+    std::uint64_t weights = 0;
     // The counter is 16 bits wide by contract: a box of more children begins again at its first entry.
     std::uint16_t child = 0;
-    for (auto it = GetChildrenList().Begin(); it.IsValid(); ++it, ++child) {
-        GUIElement* const element = it.Current().Get();
-        if (!element) break;
-        unsigned long minimalWidth = 0;
-        unsigned long maximalWidth = 0;
-        unsigned long minimalHeight = 0;
-        unsigned long maximalHeight = 0;
-        element->GetSizeInformation(minimalWidth, maximalWidth, minimalHeight, maximalHeight);
-        SizeRange const range{
-            static_cast<std::uint32_t>(minimalWidth), static_cast<std::uint32_t>(maximalWidth),
-            static_cast<std::uint32_t>(minimalHeight), static_cast<std::uint32_t>(maximalHeight)};
+    for (PackedRange const& packed : ranges_) {
+        SizeRange const range{Minimum(packed.widths), Maximum(packed.widths), Minimum(packed.heights),
+                              Maximum(packed.heights)};
         if constexpr (axis == Axis::Horizontal) {
-            range_.minimalWidth += range.minimalWidth;
-            range_.maximalWidth += range.maximalWidth;
-            range_.minimalHeight = std::max(range_.minimalHeight, range.minimalHeight);
-            range_.maximalHeight = std::max(range_.maximalHeight, range.maximalHeight);
+            sum.minimalWidth += range.minimalWidth;
+            sum.maximalWidth += range.maximalWidth;
+            sum.minimalHeight = std::max(sum.minimalHeight, range.minimalHeight);
+            sum.maximalHeight = std::max(sum.maximalHeight, range.maximalHeight);
             limits_[child] = {static_cast<float>(range.minimalWidth), static_cast<float>(range.maximalWidth)};
+            weights += std::min(range.maximalWidth, largestWeight);
         } else {
-            range_.minimalWidth = std::max(range_.minimalWidth, range.minimalWidth);
-            range_.maximalWidth = std::max(range_.maximalWidth, range.maximalWidth);
-            range_.minimalHeight += range.minimalHeight;
-            range_.maximalHeight += range.maximalHeight;
+            sum.minimalWidth = std::max(sum.minimalWidth, range.minimalWidth);
+            sum.maximalWidth = std::max(sum.maximalWidth, range.maximalWidth);
+            sum.minimalHeight += range.minimalHeight;
+            sum.maximalHeight += range.maximalHeight;
             limits_[child] = {static_cast<float>(range.minimalHeight),
                               static_cast<float>(range.maximalHeight)};
+            weights += std::min(range.maximalHeight, largestWeight);
         }
+        ++child;
     }
-    askedAt_ = Pass::IsRunning() ? GetLayoutRevision() : 0;
+    sum_ = sum;
+    bool const isExact = weights <= exactSum && limits_.size() <= 0xFFFF;
+    weightSum_ = isExact ? static_cast<float>(weights) : SumOfWeights(limits_);
+    isAddedUp_ = true;
 }
 
 template <GUILayoutElementBox::Axis axis>
 void GUILayoutElementBox::AddUpSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
                                                unsigned long& minimalHeight, unsigned long& maximalHeight) {
     if (!Pass::IsRunning() || askedAt_ != GetLayoutRevision()) AskChildren<axis>();
-    minimalWidth = range_.minimalWidth;
-    maximalWidth = range_.maximalWidth;
-    minimalHeight = range_.minimalHeight;
-    maximalHeight = range_.maximalHeight;
+    minimalWidth = sum_.minimalWidth;
+    maximalWidth = sum_.maximalWidth;
+    minimalHeight = sum_.minimalHeight;
+    maximalHeight = sum_.maximalHeight;
 }
 
 template <GUILayoutElementBox::Axis axis>
@@ -116,28 +183,32 @@ void GUILayoutElementBox::LayOutChildren(std::uint32_t width, std::uint32_t heig
     constexpr bool horizontal = axis == Axis::Horizontal;
     Pass const pass;
     if (askedAt_ != GetLayoutRevision()) AskChildren<axis>();
-    SizeBuffer buffer(limits_.size());
-    auto const sizes = buffer.Get();
-    ShareSpace(static_cast<float>(horizontal ? width : height), limits_, sizes);
+    Scratch<float> sizeScratch(limits_.size());
+    auto const sizes = sizeScratch.Get();
+    ShareSpace(static_cast<float>(horizontal ? width : height), limits_, weightSum_, sizes);
 
-    auto const origin = static_cast<float>(horizontal ? positionX_ : positionY_);
-    float offset = 0;
-    std::uint16_t child = 0;
-    for (auto it = GetChildrenList().Begin(); it.IsValid(); ++it) {
-        GUIElement* const element = it.Current().Get();
-        // A child that has changed the list during its own layout may have made it longer.
-        if (!element || child >= sizes.size()) break;
-        std::uint32_t const place = TruncateToPixels(origin + offset);
-        std::uint32_t const size = TruncateToPixels(sizes[child]);
+    Scratch<Stretch> stretchScratch(sizes.size());
+    auto const stretches = stretchScratch.Get();
+    CutToPixels(static_cast<float>(horizontal ? positionX_ : positionY_), sizes, stretches);
+
+    GUIElement* const* elements = elements_.data();
+    std::size_t count = std::min(elements_.size(), sizes.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        GUIElement* const element = elements[i];
+        Stretch const stretch = stretches[static_cast<std::uint16_t>(i)];
         if constexpr (horizontal) {
-            element->SetPosition(place, positionY_);
-            element->SetSize(size, height);
+            element->SetPosition(stretch.GetBegin(), positionY_);
+            element->SetSize(stretch.GetLength(), height);
         } else {
-            element->SetPosition(positionX_, place);
-            element->SetSize(width, size);
+            element->SetPosition(positionX_, stretch.GetBegin());
+            element->SetSize(width, stretch.GetLength());
         }
-        offset += sizes[child];
-        if (++child == 0) offset = 0;
+        // A child may change the list of its siblings while it is laid out.
+        if (collectedAt_ != GetChildrenRevision()) {
+            CollectChildren();
+            elements = elements_.data();
+            count = std::min(elements_.size(), sizes.size());
+        }
     }
 }
 
@@ -157,7 +228,7 @@ Vector<float> GUILayoutElementBox::DistributeSizes(float available, Vector<float
     std::vector<ChildLimits> limits(minima.GetSize());
     for (std::uint32_t i = 0; i < minima.GetSize(); ++i) limits[i] = {minima[i], maxima[i]};
     Vector<float> sizes(minima.GetSize());
-    ShareSpace(available, limits, {sizes.begin(), sizes.GetSize()});
+    ShareSpace(available, limits, SumOfWeights(limits), {sizes.begin(), sizes.GetSize()});
     return sizes;
 }
 

@@ -50,16 +50,30 @@ private:
         std::uint32_t minimalHeight = 0;
         std::uint32_t maximalHeight = 0;
     };
+    struct PackedRange {
+        std::uint64_t widths;
+        std::uint64_t heights;
+    };
     class Pass;
 
     template <Axis axis> void AskChildren();
+    template <Axis axis> void AddUp();
+    void CollectChildren();
 
     std::uint32_t positionX_ = 0;
     std::uint32_t positionY_ = 0;
-    /// What the children answered, and the layout revision at which they did; 0 for never.
-    SizeRange range_;
-    std::vector<ChildLimits> limits_;
+    /// The children up to the first null one, and the revision of the list that they were taken from. A
+    /// layout walks this array: the elements are fetched ahead, which the nodes of a list can't be.
+    std::vector<GUIElement*> elements_;
+    std::uint32_t collectedAt_ = 0;
+    /// What they answered last, and the layout revision at which they did; 0 if it must not be kept.
+    std::vector<PackedRange> ranges_;
     std::uint64_t askedAt_ = 0;
+    /// What follows from the answers.
+    bool isAddedUp_ = false;
+    SizeRange sum_;
+    std::vector<ChildLimits> limits_;
+    float weightSum_ = 0;
 };
 
 } // namespace GUI

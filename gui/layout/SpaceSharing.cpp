@@ -1,5 +1,6 @@
 #include "gui/layout/SpaceSharing.h"
 
+#include <bit>
 #include <cmath>
 #include <numeric>
 #include <vector>
@@ -8,30 +9,54 @@ namespace GUI {
 
 namespace {
 
-constexpr float largestWeight = 1000000.0F;
 /// 0.9999 in single precision, widened.
 constexpr double smallestSum = 0.9998999834060669;
 
-float Weight(float maximum) { return maximum <= largestWeight ? maximum : largestWeight; }
-
-double Offer(float maximum, float weightSum, float available) {
-    return static_cast<double>(maximum) / weightSum * available;
+float Weight(float maximum) {
+    constexpr auto largest = static_cast<float>(largestWeight);
+    return maximum <= largest ? maximum : largest;
 }
 
-/// Whether the offer fixes the child, and if so at which size.
-bool IsFixed(double offer, ChildLimits const& limits, float& size) {
-    auto const share = static_cast<float>(TruncateToPixels(offer));
-    bool fixed = false;
-    if (share < limits.minimum) {
-        size = limits.minimum;
-        fixed = true;
+/// What a child is offered, and that cut to whole pixels. Children of one box mostly have the same
+/// maximum, and so the same offer: it is worked out when the maximum changes.
+class Offer {
+public:
+    Offer(float weightSum, float available)
+        : weightSum_(weightSum), available_(available),
+          isWeighty_(std::fabs(static_cast<double>(weightSum)) > smallestSum) {}
+
+    /// Makes the offer for a child and says whether it fixes it.
+    bool IsOutside(ChildLimits const& limits) {
+        auto const maximum = std::bit_cast<std::uint32_t>(limits.maximum);
+        if (maximum != maximum_) {
+            maximum_ = maximum;
+            MakeFor(limits.maximum);
+        }
+        return share_ < limits.minimum || isAboveMaximum_;
     }
-    if (share > limits.maximum) {
-        size = limits.maximum;
-        fixed = true;
+    float GetSize() const { return size_; }
+    /// The limit at which the child is fixed; the maximum, if both are crossed.
+    float GetLimit(ChildLimits const& limits) const {
+        return isAboveMaximum_ ? limits.maximum : limits.minimum;
     }
-    return fixed;
-}
+
+private:
+    void MakeFor(float maximum) {
+        double const offer = isWeighty_ ? static_cast<double>(maximum) / weightSum_ * available_ : 0.0;
+        size_ = static_cast<float>(offer);
+        share_ = static_cast<float>(TruncateToPixels(offer));
+        isAboveMaximum_ = share_ > maximum;
+    }
+
+    float weightSum_;
+    float available_;
+    bool isWeighty_;
+    /// The bits of the maximum that the offer is for; at first those of no number that arithmetic gives.
+    std::uint32_t maximum_ = 0xFFFFFFFF;
+    float size_ = 0;
+    float share_ = 0;
+    bool isAboveMaximum_ = false;
+};
 
 /// The children that still share, as positions in the box.
 class OpenChildren {
@@ -48,42 +73,46 @@ private:
     std::vector<std::uint32_t> positions_;
 };
 
-/// One round among the open children: fixes the first that lies outside its limits and returns its
-/// place among them, or gives all their offers and returns their count.
-std::size_t ShareOnce(float available, std::span<ChildLimits const> limits,
-                      std::span<std::uint32_t const> open, std::span<float> sizes) {
-    float weightSum = 0;
-    for (std::uint32_t const child : open) weightSum += Weight(limits[child].maximum);
-    bool const weighty = std::fabs(static_cast<double>(weightSum)) > smallestSum;
-    for (std::size_t place = 0; place < open.size(); ++place) {
-        std::uint32_t const child = open[place];
-        double const offer = weighty ? Offer(limits[child].maximum, weightSum, available) : 0.0;
-        if (IsFixed(offer, limits[child], sizes[child])) return place;
-        sizes[child] = static_cast<float>(offer);
+/// One round among `count` children, of which `at` gives the positions: fixes the first that lies outside
+/// its limits and returns its place among them, or gives all their offers and returns their count.
+template <class At>
+std::size_t ShareOnce(float available, std::span<ChildLimits const> limits, float weightSum,
+                      std::span<float> sizes, std::size_t count, At const& at) {
+    Offer offer(weightSum, available);
+    for (std::size_t place = 0; place < count; ++place) {
+        ChildLimits const& child = limits[at(place)];
+        if (offer.IsOutside(child)) {
+            sizes[at(place)] = offer.GetLimit(child);
+            return place;
+        }
+        sizes[at(place)] = offer.GetSize();
     }
-    return open.size();
+    return count;
 }
 
 } // namespace
 
-void ShareSpace(float available, std::span<ChildLimits const> limits, std::span<float> sizes) {
+float SumOfWeights(std::span<ChildLimits const> limits) {
+    float sum = 0;
+    for (ChildLimits const& child : limits) sum += Weight(child.maximum);
+    return sum;
+}
+
+void ShareSpace(float available, std::span<ChildLimits const> limits, float weightSum,
+                std::span<float> sizes) {
     // Most boxes have no child to fix, and then no list of the open ones is needed.
-    float weightSum = 0;
-    for (ChildLimits const& child : limits) weightSum += Weight(child.maximum);
-    bool const weighty = std::fabs(static_cast<double>(weightSum)) > smallestSum;
-    std::size_t place = 0;
-    for (; place < limits.size(); ++place) {
-        double const offer = weighty ? Offer(limits[place].maximum, weightSum, available) : 0.0;
-        if (IsFixed(offer, limits[place], sizes[place])) break;
-        sizes[place] = static_cast<float>(offer);
-    }
+    std::size_t place = ShareOnce(available, limits, weightSum, sizes, limits.size(),
+                                  [](std::size_t position) { return position; });
     if (place == limits.size()) return;
 
     OpenChildren open(limits.size());
     do {
         available -= sizes[open.Get()[place]];
         open.Remove(place);
-        place = ShareOnce(available, limits, open.Get(), sizes);
+        weightSum = 0;
+        for (std::uint32_t const child : open.Get()) weightSum += Weight(limits[child].maximum);
+        place = ShareOnce(available, limits, weightSum, sizes, open.Get().size(),
+                          [&open](std::size_t position) { return open.Get()[position]; });
     } while (place < open.Get().size());
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+#include <concepts>
 #include <cstdint>
 #include <span>
 
@@ -22,14 +24,24 @@ struct ChildLimits {
 /// A negative offer counts as one near 4294967296, so that an over-full box gives its elastic children
 /// their full maxima: boxes are laid out around that, it isn't to be corrected.
 ///
-/// No copies are made for each child that is fixed: the children still open are kept as indices.
-void ShareSpace(float available, std::span<ChildLimits const> limits, std::span<float> sizes);
+/// No copies are made for each child that is fixed: the children still open are kept as indices. The sum
+/// over all children is the caller's, who may know it already.
+void ShareSpace(float available, std::span<ChildLimits const> limits, float weightSum,
+                std::span<float> sizes);
+
+/// The sum of the weights, rounded to single precision at each addition, in order.
+float SumOfWeights(std::span<ChildLimits const> limits);
+
+/// A maximum above this counts as this in the sum.
+inline constexpr std::uint32_t largestWeight = 1000000;
+/// Sums of whole numbers up to this one are exact in single precision, in any order.
+inline constexpr std::uint64_t exactSum = std::uint64_t{1} << 24U;
 
 /// A floating number of pixels as a 32-bit one: cut towards zero, reduced to its low 32 bits; 0 for
 /// what no 64-bit integer holds.
-inline std::uint32_t TruncateToPixels(double value) {
-    constexpr double limit = 9223372036854775808.0; // 2^63
-    if (!(value > -limit && value < limit)) return 0;
+template <std::floating_point Number> std::uint32_t TruncateToPixels(Number value) {
+    constexpr auto limit = static_cast<Number>(9223372036854775808.0); // 2^63
+    if (!(std::fabs(value) < limit)) return 0;
     return static_cast<std::uint32_t>(static_cast<std::int64_t>(value));
 }
 

@@ -1,7 +1,10 @@
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 
+#include "Utilities/NamingService.h"
+#include "gui/elements/ImageServiceInterface.h"
 #include "gui/platform/EllipseFigures_PC.h"
 #include "gui/platform/Fonts_PC.h"
+#include "gui/platform/Picture_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 
 #include <QFontMetrics>
@@ -257,8 +260,12 @@ void PlatformIndependentDeviceContext_PC::Polygon(Points const& points, bool fil
 void PlatformIndependentDeviceContext_PC::DrawPolygon(Points points) { Polygon(points, false); }
 void PlatformIndependentDeviceContext_PC::FillPolygon(Points points) { Polygon(points, true); }
 
-void PlatformIndependentDeviceContext_PC::DrawImage(short /*x*/, short /*y*/, String const& /*imageName*/) {
+void PlatformIndependentDeviceContext_PC::DrawImage(short x, short y, String const& imageName) {
     FlushLines();
+    if (!Utilities::NamingService::Instance()->IsRegistered("ImageService")) return;
+    auto const images = Utilities::ResolveComponent<ImageServiceInterface>("ImageService");
+    auto const bitmap = images->GetBitmap(imageName);
+    if (auto* const picture = dynamic_cast<Picture_PC*>(bitmap.Get())) picture->DrawBitmap(x, y, painter_);
 }
 
 void PlatformIndependentDeviceContext_PC::DrawText(short x, short y, String const& text) {
