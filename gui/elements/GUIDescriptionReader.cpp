@@ -6,8 +6,10 @@
 #include "gui/elements/Attributes.h"
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <pugixml.hpp>
 
@@ -29,31 +31,72 @@ std::string MessageFor(std::string const& file, long line, long column, std::str
                      : file + ":" + std::to_string(line) + ":" + std::to_string(column) + ": " + reason;
 }
 
+/// What the nodes of one component may say.
+struct KnownAttributes {
+    std::vector<Attribute> all;
+    std::vector<Attribute> mandatory;
+
+    Attribute const* Find(char const* key) const {
+        for (Attribute const& attribute : all)
+            if (std::strcmp(attribute.key, key) == 0) return &attribute;
+        return nullptr;
+    }
+};
+
+bool IsReadable(AttributeType type, char const* value) {
+    try {
+        switch (type) {
+        case AttributeType::Flag:
+            return std::strcmp(value, "Yes") == 0 || std::strcmp(value, "No") == 0;
+        case AttributeType::Number:
+            return *value == '\0' || (static_cast<void>(String(value).GetDouble()), true);
+        case AttributeType::Colour:
+            return *value == '\0' || (static_cast<void>(RGBVector(Anything(String(value)))), true);
+        default:
+            return true;
+        }
+    } catch (OutOfRangeException const&) {
+        return false;
+    }
+}
+
+char const* Expected(AttributeType type) {
+    switch (type) {
+    case AttributeType::Flag:
+        return "\"Yes\" or \"No\"";
+    case AttributeType::Colour:
+        return "three numbers from 0 to 255 with commas, red first";
+    default:
+        return "a number";
+    }
+}
+
 /// Turns one parsed document into a tree and checks it on the way, while places are still known.
 class TreeBuilder {
 public:
     TreeBuilder(std::string_view text, std::string const& file) : text_(text), file_(file) {}
 
-    void Build(pugi::xml_node const& node, DescriptionTree& target, int depth) {
+    /// The attributes of a loop's children are formulas until the loop has run, and aren't checked.
+    void Build(pugi::xml_node const& node, DescriptionTree& target, int depth, bool inLoop) {
         if (depth > GUIDescriptionReader::maximalDepth)
             Fail(node.offset_debug(), "elements are nested too deeply");
-        std::string const type = node.name();
-        if (!Utilities::NamingService::Instance()->IsRegistered(type))
-            Fail(node.offset_debug(), "there is no component named \"" + type + "\"");
-        target[CommonAttributes::elementType.key] = type.c_str();
-        auto const& known = KnownAttributes(type);
+        std::string_view const type = node.name();
+        KnownAttributes const& known = FindKnown(node, type);
+        target[CommonAttributes::elementType.key] = node.name();
         for (pugi::xml_attribute const& attribute : node.attributes()) {
-            if (target.Find(attribute.name()).IsValid())
+            Anything& value = target[attribute.name()];
+            if (value.IsValid())
                 Fail(node.offset_debug(),
                      "the attribute \"" + std::string(attribute.name()) + "\" stands twice");
-            CheckAttribute(node, type, known, attribute);
-            target[attribute.name()] = attribute.value();
+            value = attribute.value();
+            Check(node, known, attribute, inLoop);
         }
-        for (Attribute const& attribute : known)
-            if (attribute.mandatory && !target.Find(attribute.key).IsValid())
-                Fail(node.offset_debug(), "<" + type + "> lacks its attribute \"" + attribute.key + "\" (" +
-                                              attribute.meaning + ")");
-        for (pugi::xml_node const& child : node.children()) BuildChild(child, target, depth);
+        for (Attribute const& attribute : known.mandatory)
+            if (!target.Find(attribute.key).IsValid())
+                Fail(node.offset_debug(), "<" + std::string(type) + "> lacks its attribute \"" +
+                                              attribute.key + "\" (" + attribute.meaning + ")");
+        bool const loop = inLoop || type == "LoopBox";
+        for (pugi::xml_node const& child : node.children()) BuildChild(child, target, depth, loop);
     }
 
     [[noreturn]] void Fail(std::ptrdiff_t offset, std::string const& reason) const {
@@ -67,7 +110,7 @@ public:
     }
 
 private:
-    void BuildChild(pugi::xml_node const& child, DescriptionTree& target, int depth) {
+    void BuildChild(pugi::xml_node const& child, DescriptionTree& target, int depth, bool inLoop) {
         if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
             Fail(child.offset_debug(), "text stands between elements; expected a tag");
         if (child.type() != pugi::node_element) return;
@@ -77,7 +120,7 @@ private:
         }
         auto const element = Utilities::MakeSmart<DescriptionTree>();
         target.AddChild(element);
-        Build(child, *element, depth + 1);
+        Build(child, *element, depth + 1, inLoop);
     }
 
     Anything BuildProperties(pugi::xml_node const& node, int depth) {
@@ -92,69 +135,34 @@ private:
         return {properties};
     }
 
-    std::vector<Attribute> const& KnownAttributes(std::string const& type) {
-        auto const found = known_.find(type);
-        if (found != known_.end()) return found->second;
-        auto collected = AttributeTable::Collect(type);
-        if (collected.empty()) collected = AttributeTable::Collect("GUIElement");
-        return known_.emplace(type, std::move(collected)).first->second;
+    KnownAttributes const& FindKnown(pugi::xml_node const& node, std::string_view type) {
+        if (auto const found = known_.find(type); found != known_.end()) return found->second;
+        if (!Utilities::NamingService::Instance()->IsRegistered(type))
+            Fail(node.offset_debug(), "there is no component named \"" + std::string(type) + "\"");
+        KnownAttributes known{AttributeTable::Collect(type), {}};
+        if (known.all.empty()) known.all = AttributeTable::Collect("GUIElement");
+        std::copy_if(known.all.begin(), known.all.end(), std::back_inserter(known.mandatory),
+                     [](Attribute const& attribute) { return attribute.mandatory; });
+        return known_.emplace(type, std::move(known)).first->second;
     }
 
-    void CheckAttribute(pugi::xml_node const& node, std::string const& type,
-                        std::vector<Attribute> const& known, pugi::xml_attribute const& attribute) const {
-        std::string_view const key = attribute.name();
-        auto const found = std::find_if(known.begin(), known.end(),
-                                        [key](Attribute const& candidate) { return key == candidate.key; });
-        if (found == known.end()) {
-            std::string const text = file_ + ": <" + type + "> has no attribute \"" + std::string(key) + "\"";
+    void Check(pugi::xml_node const& node, KnownAttributes const& known, pugi::xml_attribute const& attribute,
+               bool inLoop) const {
+        Attribute const* const found = known.Find(attribute.name());
+        if (!found) {
+            std::string const text =
+                file_ + ": <" + node.name() + "> has no attribute \"" + attribute.name() + "\"";
             Diagnostics::Report("GUIDescriptionReader", text.c_str());
-            return;
-        }
-        std::string const value = attribute.value();
-        // A loop writes its counter into the text and works out formulas before the value is read.
-        if (insideLoop(node)) return;
-        if (!IsReadable(found->type, value))
-            Fail(node.offset_debug(), "the attribute \"" + std::string(key) + "\" of <" + type + "> is \"" +
-                                          value + "\"; expected " + Expected(found->type));
-    }
-
-    static bool insideLoop(pugi::xml_node node) {
-        for (node = node.parent(); node; node = node.parent())
-            if (std::string_view(node.name()) == "LoopBox") return true;
-        return false;
-    }
-
-    static bool IsReadable(AttributeType type, std::string const& value) {
-        try {
-            switch (type) {
-            case AttributeType::Flag:
-                return value == "Yes" || value == "No";
-            case AttributeType::Number:
-                return value.empty() || (static_cast<void>(String(value).GetDouble()), true);
-            case AttributeType::Colour:
-                return value.empty() || (static_cast<void>(RGBVector(Anything(String(value)))), true);
-            default:
-                return true;
-            }
-        } catch (OutOfRangeException const&) {
-            return false;
-        }
-    }
-
-    static char const* Expected(AttributeType type) {
-        switch (type) {
-        case AttributeType::Flag:
-            return "\"Yes\" or \"No\"";
-        case AttributeType::Colour:
-            return "three numbers from 0 to 255 with commas, red first";
-        default:
-            return "a number";
+        } else if (!inLoop && !IsReadable(found->type, attribute.value())) {
+            Fail(node.offset_debug(), std::string("the attribute \"") + attribute.name() + "\" of <" +
+                                          node.name() + "> is \"" + attribute.value() + "\"; expected " +
+                                          Expected(found->type));
         }
     }
 
     std::string_view text_;
     std::string const& file_;
-    std::map<std::string, std::vector<Attribute>> known_;
+    std::map<std::string, KnownAttributes, std::less<>> known_;
 };
 
 } // namespace
@@ -199,7 +207,7 @@ DescriptionTree GUIDescriptionReader::Parse(std::string_view text, std::string c
     }
     if (!root) builder.Fail(0, "there is no element; expected one that describes a window");
     DescriptionTree tree;
-    builder.Build(root, tree, 1);
+    builder.Build(root, tree, 1, false);
     return tree;
 }
 

@@ -21,7 +21,7 @@ namespace GUI {
 /// - A line leaves out its last point; a line without length draws nothing. The outline of a polygon
 ///   is closed and has all its points.
 /// - Pens of width 0 and 1 are one pixel wide, without antialiasing. Wider pens lie centred on the
-///   line, with the odd pixel of an even width above and to the left.
+///   line, with the odd pixel of an even width above and to the left, of ellipses outside.
 /// - Angles are degrees, counter-clockwise from the x axis.
 /// - Font heights are points at 96 pixels an inch. A face that isn't installed is substituted: Arial
 ///   by Liberation Sans, others by the platform's sans serif. The smallest size is 8 points.

@@ -2,7 +2,7 @@
 
 #include "Utilities/NamingService.h"
 #include "gui/elements/ImageServiceInterface.h"
-#include "gui/platform/EllipseFigures_PC.h"
+#include "gui/platform/EllipseFigure.h"
 #include "gui/platform/Fonts_PC.h"
 #include "gui/platform/Picture_PC.h"
 #include "gui/platform/TextConversion_PC.h"
@@ -206,12 +206,10 @@ void PlatformIndependentDeviceContext_PC::Ellipse(short left, short top, short r
         return;
     }
     if (raster_ && (penStyle_ == solid || !HasPen())) {
-        auto const* const figure =
+        auto const& figure =
             EllipseFigure(right - left, bottom - top, HasPen() ? static_cast<int>(penWidth_) : 0, filled);
-        if (figure) {
-            raster_->Figure(*figure, left, top, ToPixel(penColor_), ToPixel(brushColor_));
-            return;
-        }
+        raster_->Figure(figure, left, top, ToPixel(penColor_), ToPixel(brushColor_));
+        return;
     }
     UsePen(Qt::RoundJoin);
     UseBrush(filled);

@@ -2,6 +2,7 @@
 
 #include "Utilities/NamingService.h"
 #include "Utilities/ProgramDirectory.h"
+#include "Utilities/TranslationService.h"
 #include "core/base/Exceptions.h"
 #include "gui/elements/GUIDescriptionReader.h"
 
@@ -26,11 +27,16 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
     Options options;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         std::string const& argument = arguments[i];
+        auto const value = [&](char const* what) {
+            if (i + 1 == arguments.size()) throw InvalidArgumentException(argument + " needs " + what);
+            return arguments[++i];
+        };
         if (argument == "--help" || argument == "-h") {
             options.help = true;
         } else if (argument == "--screenshot") {
-            if (i + 1 == arguments.size()) throw InvalidArgumentException("--screenshot needs the name of a picture");
-            options.screenshot = arguments[++i];
+            options.screenshot = value("the name of a picture");
+        } else if (argument == "--language") {
+            options.language = value("a language");
         } else if (argument == "--exit-after-first-paint") {
             options.exitAfterFirstPaint = true;
         } else if (argument.starts_with("-")) {
@@ -45,12 +51,13 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
 }
 
 char const* Options::Usage() {
-    return "usage: colourdesk [--screenshot PICTURE] [FILE]\n"
+    return "usage: colourdesk [--screenshot PICTURE] [--language LANGUAGE] [FILE]\n"
            "\n"
            "Shows the measured samples of FILE: CGATS text, or the XML form, with spectra of 380 to 730 nm.\n"
            "Without FILE, the samples that come with the program.\n"
            "\n"
            "  --screenshot PICTURE       draws the window without a screen and writes it to PICTURE\n"
+           "  --language LANGUAGE        English, French, German or Japanese\n"
            "  --exit-after-first-paint   ends when the window has been painted\n"
            "  --help                     this text\n";
 }
@@ -71,7 +78,8 @@ void Application::Show(std::string const& file) {
     auto handler = std::make_unique<SampleWindow>(SampleDocument::Open(file));
     auto description = GUI::GUIDescriptionReader::GetGUIDescriptionTree("ColourDesk");
     if (noParent_.IsNull())
-        noParent_ = Utilities::ResolveComponent<GUI::PlatformIndependentWindowID>("PlatformIndependentWindowID");
+        noParent_ =
+            Utilities::ResolveComponent<GUI::PlatformIndependentWindowID>("PlatformIndependentWindowID");
     Close();
     handler_ = std::move(handler);
     description_ = description;
@@ -94,6 +102,7 @@ long Application::OpenFile(String const& fileName) {
 
 int Application::Execute() {
     GUI::ApplicationImplementation const& platform = GetImplementation();
+    LoadLanguages();
     Show(options_.file.empty() ? BundledFile() : options_.file);
     if (options_.exitAfterFirstPaint) {
         QuitAfterFirstPaint();
@@ -107,6 +116,17 @@ int Application::Execute() {
         return result;
     }
     return Run();
+}
+
+void Application::LoadLanguages() {
+    auto const languages = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");
+    try {
+        languages->Load();
+    } catch (ResourceException const& failure) {
+        // The texts are there all the same, in English.
+        ReportError(failure.what());
+    }
+    if (!options_.language.empty()) languages->SetLanguage(options_.language);
 }
 
 int Application::WritePicture(std::string const& fileName) {

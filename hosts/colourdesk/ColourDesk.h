@@ -15,6 +15,8 @@ struct Options {
     std::string file;
     /// Where the window's picture goes instead of the screen; empty for the screen.
     std::string screenshot;
+    /// Language of the texts; empty for that of the settings.
+    std::string language;
     bool exitAfterFirstPaint = false;
     bool help = false;
 
@@ -40,6 +42,7 @@ public:
     long OpenFile(Utilities::String const& fileName) override;
 
 private:
+    void LoadLanguages();
     int WritePicture(std::string const& fileName);
     void QuitAfterFirstPaint();
 

@@ -1,5 +1,6 @@
 #include "hosts/colourdesk/SampleWindow.h"
 
+#include "Utilities/LanguageServiceInterface.h"
 #include "cxf/Sample.h"
 
 #include <algorithm>
@@ -9,6 +10,7 @@ namespace ColourDesk {
 
 using Utilities::Anything;
 using Utilities::Callback;
+using Utilities::LanguageServiceInterface;
 using Utilities::String;
 
 namespace {
@@ -48,12 +50,14 @@ double ReflectanceEnd(SampleDocument const& document) {
 } // namespace
 
 SampleWindow::SampleWindow(SampleDocument document)
-    : document_(std::move(document)), columns_(ColumnsFor(Count())), rows_((Count() + columns_ - 1) / columns_),
-      labRange_(RangeOf(document_)), reflectanceEnd_(ReflectanceEnd(document_)) {}
+    : document_(std::move(document)), columns_(ColumnsFor(Count())),
+      rows_((Count() + columns_ - 1) / columns_), labRange_(RangeOf(document_)),
+      reflectanceEnd_(ReflectanceEnd(document_)) {}
 
 void SampleWindow::Start() {
     // All bands of the columns from the first sample to the last.
-    ExecuteCallback("Spectra", "OnUpdate", ("1;1-" + std::to_string(bands) + ";" + std::to_string(Count())).c_str());
+    ExecuteCallback("Spectra", "OnUpdate",
+                    ("1;1-" + std::to_string(bands) + ";" + std::to_string(Count())).c_str());
     ExecuteCallback(labChart, "OnUpdate", {});
     Select(0);
 }
@@ -77,7 +81,8 @@ Anything SampleWindow::GetPatchValue(String const& element, String const& key) c
     // Places behind the last sample stay empty.
     if (key == "BitmapOnly") return sample < 0;
     if (sample < 0) return {};
-    if (key == "ColorValue") return document_.GetSamples()[static_cast<std::size_t>(sample)].color.GetAnything();
+    if (key == "ColorValue")
+        return document_.GetSamples()[static_cast<std::size_t>(sample)].color.GetAnything();
     if (key == "IsActive") return sample == selected_;
     if (key == "ToolTipText") return ToolTip(sample).c_str();
     return {};
@@ -99,7 +104,8 @@ Anything SampleWindow::GetCurveValue(String const& key) const {
         return {names};
     }
     if (StartsWith(key, "CurveColor ")) {
-        auto const& color = document_.GetSamples().at(static_cast<std::size_t>(NumberBehind(key, "CurveColor "))).color;
+        auto const& color =
+            document_.GetSamples().at(static_cast<std::size_t>(NumberBehind(key, "CurveColor "))).color;
         return (std::to_string(color.GetRed()) + ";" + std::to_string(color.GetGreen()) + ";" +
                 std::to_string(color.GetBlue()))
             .c_str();
@@ -121,7 +127,8 @@ Anything SampleWindow::GetCurve(long sample) const {
     ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
     Anything::VectorOfAnythings column(1 + bands);
     column[0] = shown.name.c_str();
-    for (std::uint32_t i = 0; i < bands; ++i) column[1 + i] = String(static_cast<double>(shown.spectrum[i]), 6, '.');
+    for (std::uint32_t i = 0; i < bands; ++i)
+        column[1 + i] = String(static_cast<double>(shown.spectrum[i]), 6, '.');
     return {column};
 }
 
@@ -152,10 +159,11 @@ Anything SampleWindow::GetSpot(long sample) const {
 }
 
 Anything SampleWindow::GetDetail(String const& element, String const& key) const {
-    if (element == "ColourDesk" && key == "Caption") return ("Colour Desk \u2013 " + document_.GetFileName()).c_str();
+    if (element == "ColourDesk" && key == "Caption")
+        return LanguageServiceInterface::GetTranslation("Colour Desk") + " \u2013 " + document_.GetFileName();
     if (element == "LabTitle" && key == "Caption") {
-        std::string const range = std::to_string(labRange_);
-        return ("a* to the right and b* upward, -" + range + " to " + range).c_str();
+        return LanguageServiceInterface::GetTranslation("a* to the right, b* upward") + " (\u00B1" +
+               String(labRange_) + ")";
     }
     if (selected_ < 0) return {};
     ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(selected_)];
@@ -207,7 +215,8 @@ void SampleWindow::Select(long sample) {
     if (former == sample) return;
     for (long const changed : {former, sample})
         if (changed >= 0) ExecuteCallback(PatchName(changed).c_str(), "OnUpdate", {});
-    for (char const* const element : {"SampleName", "SampleLab", "SampleCondition", "SampleGamut", "SelectedColour"})
+    for (char const* const element :
+         {"SampleName", "SampleLab", "SampleCondition", "SampleGamut", "SelectedColour"})
         ExecuteCallback(element, "OnUpdate", {});
     ExecuteCallback("Spectra", "OnUpdate", "Properties");
     ExecuteCallback("ColorChart", "SelectSample", {});
@@ -235,7 +244,8 @@ std::string SampleWindow::ToolTip(long sample) const {
     return shown.name + "\n" + SampleDocument::FormatLab(shown.lab) + "\n" + SampleDocument::GetCondition();
 }
 
-Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample> SampleWindow::GetSample(Anything const& sampleKey) {
+Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample>
+SampleWindow::GetSample(Anything const& sampleKey) {
     String const name = sampleKey.GetMapOfAnythings()["ElementName"].GetString();
     long const sample = name == "SelectedColour" ? selected_ : SampleOfPatch(name);
     if (sample < 0) return {};

@@ -263,7 +263,7 @@ TEST(Cgats, ErrorsSayWhereAndWhatWasExpected) {
               }),
               "t:1:1: the file holds no spectra; expected fields such as SPECTRAL_NM380");
     EXPECT_EQ(MessageOf<Cxf::FileException>([] { Cxf::ReadSampleSets("/no/such.txt"); }),
-              "/no/such.txt:0:0: can't be opened: No such file or directory");
+              "/no/such.txt: can't be opened: No such file or directory");
     EXPECT_THAT(MessageOf<Cxf::FileException>([] { Cxf::ReadSampleSets("/"); }), HasSubstr("Is a directory"));
 }
 

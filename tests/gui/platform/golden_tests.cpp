@@ -1,0 +1,153 @@
+// A few pictures, named by state, for what only pixels show. NORVELIAN_WRITE_GOLDENS=1 writes them anew;
+// look at them before committing. No text is drawn: fonts differ between machines.
+#include "Utilities/NamingService.h"
+#include "gui/elements/Pane.h"
+#include "gui/platform/PlatformIndependentDeviceContext_PC.h"
+#include "gui/platform/PlatformIndependentWindowID_PC.h"
+#include "tests/support/FakeDataSource.h"
+
+#include <QApplication>
+#include <QImage>
+#include <cmath>
+#include <cstdlib>
+#include <functional>
+#include <gtest/gtest.h>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using GUI::RGBVector;
+using TestSupport::FakeDataSource;
+using Utilities::Anything;
+
+struct Golden {
+    char const* state;
+    char const* component;
+    int width;
+    int height;
+    std::vector<std::pair<char const*, char const*>> attributes;
+    std::function<void(FakeDataSource&)> data;
+    /// The update message, none if empty.
+    char const* message = "";
+};
+
+Anything Column(std::string const& name, double base, double height, double centre) {
+    Anything::VectorOfAnythings column(37);
+    column[0] = name.c_str();
+    for (std::uint32_t i = 0; i < 36; ++i)
+        column[i + 1] = Utilities::String(base + height * std::exp(-std::pow((i - centre) / 5.0, 2)), 4, '.');
+    return {column};
+}
+
+void Curves(FakeDataSource& source) {
+    source.values[{"E", "XScaleBegin"}] = 380.0;
+    source.values[{"E", "XScaleEnd"}] = 730.0;
+    source.values[{"E", "YScaleBegin"}] = 0.0;
+    source.values[{"E", "YScaleEnd"}] = 1.0;
+    source.values[{"E", "ValueBegin"}] = "380";
+    source.values[{"E", "ValueStep"}] = "10";
+    source.values[{"E", "XScaleDrawLines"}] = 50.0;
+    source.values[{"E", "YScaleDrawLines"}] = 0.2;
+    Anything::VectorOfAnythings names(3);
+    for (Anything& name : names) name = "c";
+    source.values[{"E", ""}] = Anything(names);
+    for (int i = 0; i < 3; ++i)
+        source.values[{"E", std::to_string(i + 1)}] = Column("c", 0.1 + 0.1 * i, 0.6 - 0.1 * i, 8.0 + 9 * i);
+    source.values[{"E", "CurveColor 0"}] = "0;80;160";
+    source.values[{"E", "CurveColor 1"}] = "0;140;60";
+    source.values[{"E", "CurveColor 2"}] = "190;40;30";
+    source.values[{"E", "ActiveCurve"}] = short{1};
+    source.values[{"E", "LineWidth 1"}] = 3L;
+}
+
+void Spots(FakeDataSource& source) {
+    source.values[{"E", "NrOfPatches"}] = 12L;
+    for (int i = 0; i < 12; ++i) {
+        Anything::MapOfAnythings spot;
+        double const angle = i * 0.5236;
+        spot["Color"] = RGBVector(static_cast<unsigned char>(128 + 100 * std::cos(angle)),
+                                  static_cast<unsigned char>(128 + 100 * std::sin(angle)), 120)
+                            .GetAnything();
+        spot["XValue"] = 80 * std::cos(angle);
+        spot["YValue"] = 80 * std::sin(angle);
+        source.values[{"Patch" + std::to_string(i), "Data"}] = Anything(spot);
+    }
+    source.values[{"E", "SelectedSample"}] = 4L;
+}
+
+std::vector<Golden> Goldens() {
+    auto const color = [](unsigned char r, unsigned char g, unsigned char b, bool active) {
+        return [=](FakeDataSource& source) {
+            source.values[{"E", "ColorValue"}] = RGBVector(r, g, b).GetAnything();
+            source.values[{"E", "IsActive"}] = active;
+        };
+    };
+    return {
+        {"circle-patch-active-light", "CirclePatch", 60, 40, {}, color(200, 180, 90, true)},
+        {"circle-patch-active-dark", "CirclePatch", 40, 60, {}, color(40, 60, 90, true)},
+        {"small-patch-framed-active", "SmallPatch", 40, 30, {{"Frame", "Yes"}}, color(20, 120, 60, true)},
+        {"square-patch-corners",
+         "SquarePatch",
+         40,
+         30,
+         {{"Frame", "Yes"}, {"BackgroundColor", "90,90,200"}},
+         {}},
+        {"xy-graph-active-curve",
+         "XYGraph",
+         240,
+         150,
+         {{"LineColor", "150,150,150"}, {"XScaleDrawLines", "50"}, {"YScaleDrawLines", "0.2"}},
+         Curves,
+         "1;1-36;3"},
+        {"xy-color-chart-selected",
+         "XYColorChart",
+         160,
+         160,
+         {{"SpotSize", "7"}, {"BackgroundColor", "225,225,225"}, {"Frame", "Yes"}},
+         Spots,
+         "data"},
+    };
+}
+
+QImage Paint(Golden const& golden) {
+    QWidget parent;
+    GUI::PlatformIndependentWindowID_PC identity;
+    identity.SetWindow(&parent);
+    FakeDataSource source;
+    if (golden.data) golden.data(source);
+    GUI::DescriptionTree node;
+    node["ElementName"] = "E";
+    for (auto const& [key, value] : golden.attributes) node[key] = value;
+    auto const element = Utilities::ResolveComponent<GUI::GUIElement>(golden.component);
+    element->Initialize(identity, node, &source);
+    element->SetSize(static_cast<unsigned long>(golden.width), static_cast<unsigned long>(golden.height));
+    if (*golden.message != '\0') element->OnUpdate(golden.message);
+    QImage image(golden.width, golden.height, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    {
+        GUI::PlatformIndependentDeviceContext_PC context(image);
+        dynamic_cast<GUI::Pane&>(*element).OnPaint(context);
+    }
+    return image;
+}
+
+} // namespace
+
+TEST(GoldenPictures, AreWhatIsDrawn) {
+    bool const write = std::getenv("NORVELIAN_WRITE_GOLDENS") != nullptr;
+    for (Golden const& golden : Goldens()) {
+        QString const file = QString(GOLDENS) + "/" + golden.state + ".png";
+        QImage const drawn = Paint(golden);
+        if (write) {
+            ASSERT_TRUE(drawn.save(file)) << golden.state;
+            continue;
+        }
+        QImage const expected = QImage(file).convertToFormat(QImage::Format_RGB32);
+        ASSERT_FALSE(expected.isNull()) << golden.state << " has no picture";
+        if (drawn == expected) continue;
+        QString const actual = QString(GOLDENS_ACTUAL) + "/" + golden.state + ".png";
+        drawn.save(actual);
+        ADD_FAILURE() << golden.state << " is drawn otherwise: " << actual.toStdString();
+    }
+}
