@@ -83,7 +83,7 @@ Vector<String> LanguageService::GetLanguages() {
 
 String LanguageService::GetKey(String const& text) {
     if (!loaded_) Load();
-    String const plain = markTexts_ ? text.Mid(1, text.Length() - 2) : text;
+    String plain = markTexts_ ? text.Mid(1, text.Length() - 2) : text;
     for (std::size_t i = 0; currentTexts_ && i < currentTexts_->GetCount(); ++i)
         if (auto const known = currentTexts_->Get(i); known.translation == plain.GetStdString())
             return String(known.key);
