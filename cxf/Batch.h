@@ -14,7 +14,8 @@ namespace Norvelian::Tristim::Batch {
 void SpectraToXYZ(std::span<float const> spectra, WeightSet const& weights, std::span<float> xyz);
 void SpectraToXYZ(std::span<float const> spectra, WeightSet const& weights, std::span<double> xyz);
 
-/// L*a*b* relative to the perfect diffuser under the weights' illuminant; good to 2e-4 absolute.
+/// L*a*b* relative to the perfect diffuser under the weights' illuminant; good to 2e-4 absolute
+/// from -10 to 300 percent.
 void SpectraToLab(std::span<float const> spectra, WeightSet const& weights, std::span<float> lab);
 
 /// CIE 1976 L*a*b* from tristimulus values, in double.

@@ -25,12 +25,17 @@ bool IsMade(std::string_view key) {
     return std::find(made.begin(), made.end(), key) != made.end() || key.starts_with(kConditionKeyword);
 }
 
-std::string Quote(std::string const& text) {
-    std::string quoted = "\"";
-    for (char const c : text) {
+void RequirePlain(std::string const& text) {
+    for (char const c : text)
         if (static_cast<unsigned char>(c) < ' ' && c != '\t')
             throw TristimException("the text \"" + text +
                                    "\" has a line break or control character, which CGATS can't hold");
+}
+
+std::string Quote(std::string const& text) {
+    RequirePlain(text);
+    std::string quoted = "\"";
+    for (char const c : text) {
         if (c == '"') quoted += '"';
         quoted += c;
     }
@@ -52,6 +57,12 @@ std::string Word(std::string const& text) {
 std::string HeaderValue(std::string const& value) {
     double number = 0;
     return Tristim::Numbers::Parse(value, number) ? value : Quote(value);
+}
+
+void FailIfMixed(std::string const& key, std::string const& one, std::string const& other) {
+    if (one == other) return;
+    throw TristimException("CGATS can't hold colours and spectra whose conditions differ: " + key + " is \"" +
+                           one + "\" and \"" + other + "\" in one table");
 }
 
 /// Writes one table.
@@ -165,13 +176,9 @@ void Table::CheckConditions() const {
             if (!device) read = CgatsColourConditions(header, space);
         }
         if (held == read) continue;
-        for (auto const& [key, value] : read.GetAll())
-            if (held.GetAttribute(key, "") != value)
-                throw TristimException(
-                    "CGATS can't hold colours and spectra whose conditions differ: " + key + " is \"" +
-                    held.GetAttribute(key, "") + "\" and \"" + value + "\" in one table");
-        throw TristimException("CGATS can't hold all conditions of an attribute of type " +
-                               attribute->GetType());
+        for (auto const& [key, value] : read.GetAll()) FailIfMixed(key, held.GetAttribute(key, ""), value);
+        throw TristimException(std::string("CGATS can't hold all conditions of an attribute of type ")
+                                   .append(attribute->GetType()));
     }
 }
 
@@ -182,7 +189,8 @@ void Table::WriteHeader() {
     for (auto const& [key, value] : set_.GetProperties()) {
         if (IsMade(key) || (key == "KEYWORD" && IsMade(value))) continue;
         if (key == "#") {
-            text_ += "#" + value + "\n";
+            RequirePlain(value);
+            text_.append("#").append(value).append("\n");
         } else if (!described && (key == "FILE_DESCRIPTOR" || key == "DESCRIPTOR")) {
             text_ += key + "\t" + Quote(set_.GetDescription()) + "\n";
             described = true;
@@ -197,7 +205,7 @@ void Table::WriteHeader() {
     added_.erase(std::unique(added_.begin(), added_.end()), added_.end());
     for (auto const& [key, value] : added_) {
         if (key.starts_with(kConditionKeyword)) text_ += "KEYWORD\t" + Quote(key) + "\n";
-        text_ += key + "\t" + HeaderValue(value) + "\n";
+        text_ += Word(key) + "\t" + HeaderValue(value) + "\n";
     }
 }
 

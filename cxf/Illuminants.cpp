@@ -1,5 +1,6 @@
 #include "cxf/Illuminants.h"
 
+#include "cxf/Lagrange.h"
 #include "cxf/TristimException.h"
 
 #include <algorithm>
@@ -51,16 +52,9 @@ GridSpectrum OnGrid(Tables::NumberTable const& table, std::size_t column) {
     for (std::size_t i = 0; i < kGridSize; ++i) {
         double const position = (kGridFirst + static_cast<double>(i) - table.First()) / table.Step();
         if (position < 0 || position > static_cast<double>(table.rows - 1)) continue;
-        auto const row = static_cast<std::size_t>(position);
-        std::size_t const first = std::clamp<std::size_t>(row, 1, table.rows - 3) - 1;
-        for (std::size_t k = first; k < first + 4; ++k) {
-            double share = 1;
-            for (std::size_t j = first; j < first + 4; ++j)
-                if (j != k)
-                    share *= (position - static_cast<double>(j)) /
-                             (static_cast<double>(k) - static_cast<double>(j));
-            grid[i] += share * table.At(k, column);
-        }
+        LagrangeShares const shares = CubicShares(position, table.rows);
+        for (std::size_t k = 0; k < shares.count; ++k)
+            grid[i] += shares.share[k] * table.At(shares.first + k, column);
     }
     return grid;
 }

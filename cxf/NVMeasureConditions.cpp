@@ -10,15 +10,17 @@ namespace Norvelian::Tristim {
 
 using namespace Vocabulary;
 
-std::shared_ptr<NVMeasureConditions::Map const> const& NVMeasureConditions::Empty() {
-    static auto const empty = std::make_shared<Map const>();
+std::shared_ptr<NVMeasureConditions::Map> const& NVMeasureConditions::Empty() {
+    static auto const empty = std::make_shared<Map>();
     return empty;
 }
 
 void NVMeasureConditions::SetMeasureCondition(std::string const& key, std::string const& value) {
-    auto changed = std::make_shared<Map>(*values_);
-    changed->insert_or_assign(key, value);
-    values_ = std::move(changed);
+    auto const found = values_->find(key);
+    if (found != values_->end() && found->second == value) return;
+    // Whoever is alone with the map may change it; the empty one always has its first holder.
+    if (values_.use_count() != 1) values_ = std::make_shared<Map>(*values_);
+    values_->insert_or_assign(key, value);
 }
 
 std::string NVMeasureConditions::GetMeasureCondition(std::string_view key) const {

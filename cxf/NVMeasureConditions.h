@@ -47,9 +47,9 @@ public:
 
 private:
     /// Shared by copies until one of them changes: the thousands of colours of a file have the same.
-    std::shared_ptr<Map const> values_ = Empty();
+    std::shared_ptr<Map> values_ = Empty();
 
-    static std::shared_ptr<Map const> const& Empty();
+    static std::shared_ptr<Map> const& Empty();
 };
 
 } // namespace Norvelian::Tristim

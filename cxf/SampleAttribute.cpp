@@ -1,5 +1,6 @@
 #include "cxf/SampleAttribute.h"
 
+#include "cxf/Lagrange.h"
 #include "cxf/Numbers.h"
 #include "cxf/TristimException.h"
 
@@ -18,18 +19,10 @@ namespace {
 /// Wavelengths closer than this are one.
 constexpr double kSameWavelength = 0.01;
 
-double Lagrange(std::vector<double> const& values, double position) {
-    auto const row = static_cast<std::size_t>(position);
-    std::size_t const first = std::clamp<std::size_t>(row, 1, values.size() - 3) - 1;
+double Interpolate(std::vector<double> const& values, double position) {
+    Tristim::LagrangeShares const shares = Tristim::CubicShares(position, values.size());
     double result = 0;
-    for (std::size_t k = first; k < first + 4; ++k) {
-        double share = 1;
-        for (std::size_t j = first; j < first + 4; ++j)
-            if (j != k)
-                share *=
-                    (position - static_cast<double>(j)) / (static_cast<double>(k) - static_cast<double>(j));
-        result += share * values[k];
-    }
+    for (std::size_t k = 0; k < shares.count; ++k) result += shares.share[k] * values[shares.first + k];
     return result;
 }
 
@@ -69,7 +62,7 @@ Tristim::NVSpectrum Cxf2NV(Spectrum const& spectrum) {
         bool const onValue = std::abs(position - nearest) * spectrum.GetStep() < kSameWavelength;
         interpolated = interpolated || !onValue;
         bands[band] = static_cast<float>(onValue ? values[static_cast<std::size_t>(nearest)]
-                                                 : Lagrange(values, position));
+                                                 : Interpolate(values, position));
     }
     Tristim::NVMeasureConditions conditions = spectrum.GetConditions().GetMeasureConditions();
     std::string done;

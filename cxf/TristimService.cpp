@@ -26,6 +26,12 @@ struct Colour {
     XYZ xyz;
 };
 Colour ColourOf(NVColorVector const& vector) {
+    // The amounts of ink or light that a device was sent don't say what came out; what this service computed
+    // itself names its illuminant.
+    std::string const space = vector.GetMeasureConditions().GetMeasureCondition(Key::ColorSpaceType);
+    bool const stated = !vector.GetMeasureConditions().GetMeasureCondition(Key::Illumination).empty();
+    if (!stated && (space == "RGB" || space == "CMYK"))
+        throw TristimException("device values of " + space + " have no colour without a viewing condition");
     Resolved resolved = Resolve(vector.GetMeasureConditions(), {});
     if (resolved.delta) throw TristimException("a difference of two colours isn't a colour");
     Elements4 elements{};
@@ -36,14 +42,13 @@ Colour ColourOf(NVColorVector const& vector) {
 
 /// What `conditions` state beside the colour space must hold for the vector.
 void RequireStated(NVMeasureConditions const& conditions, NVMeasureConditions const& vector) {
-    for (Text const key :
-         {Key::Illumination, Key::Observer, Key::WhiteBase, Key::SpectrumType, Key::Filter}) {
-        std::string const stated = conditions.GetMeasureCondition(key);
-        std::string const held = vector.GetMeasureCondition(key);
-        if (!stated.empty() && stated != held && stated != "Automatic")
-            throw TristimException("condition " + std::string(key) + " is asked to be \"" + stated +
-                                   "\", but the colour was computed for \"" + held + "\"");
-    }
+    auto const require = [](std::string const& key, std::string const& stated, std::string const& held) {
+        if (stated.empty() || stated == held || stated == "Automatic") return;
+        throw TristimException("condition " + key + " is asked to be \"" + stated +
+                               "\", but the colour was computed for \"" + held + "\"");
+    };
+    for (Text const key : {Key::Illumination, Key::Observer, Key::WhiteBase, Key::SpectrumType, Key::Filter})
+        require(key, conditions.GetMeasureCondition(key), vector.GetMeasureCondition(key));
 }
 
 NVColorVector DeltaOf(XYZ const& reference, XYZ const& sample, Resolved const& resolved) {

@@ -1,6 +1,7 @@
 #include "cxf/Weights.h"
 
 #include "cxf/Illuminants.h"
+#include "cxf/Lagrange.h"
 
 #include <algorithm>
 #include <mutex>
@@ -13,28 +14,12 @@ namespace {
 constexpr std::size_t kNodes = (kGridSize - 1) / kBandStep + 1;
 constexpr std::size_t kShortEnd = 504 - kGridFirst; // minimum of x bar between its lobes
 
-/// Which nodes, every 10 nm from 360, take part in the value at a grid point, and how much.
-struct Lagrange {
-    std::size_t first;
-    std::size_t count;
-    std::array<double, 4> share;
-};
-
-Lagrange ShareAt(std::size_t grid) {
+/// Which nodes, every 10 nm from 360, take part in the value at a grid point, and how much: a quadratic in
+/// the first and last interval, a cubic elsewhere.
+LagrangeShares SharesAt(std::size_t grid) {
     std::size_t const interval = std::min(grid / kBandStep, kNodes - 2);
     bool const end = interval == 0 || interval == kNodes - 2;
-    Lagrange lagrange{};
-    lagrange.count = end ? 3 : 4;
-    lagrange.first = interval == 0 ? 0 : interval - 1;
-    double const t = static_cast<double>(grid) / kBandStep - static_cast<double>(lagrange.first);
-    for (std::size_t i = 0; i < lagrange.count; ++i) {
-        double share = 1;
-        for (std::size_t j = 0; j < lagrange.count; ++j)
-            if (j != i)
-                share *= (t - static_cast<double>(j)) / (static_cast<double>(i) - static_cast<double>(j));
-        lagrange.share[i] = share;
-    }
-    return lagrange;
+    return SharesOf(static_cast<double>(grid) / kBandStep, interval == 0 ? 0 : interval - 1, end ? 3 : 4);
 }
 
 Bands Fold(std::array<double, kNodes> const& nodes) {
@@ -58,13 +43,13 @@ std::shared_ptr<WeightSet const> Derive(Viewing const& viewing) {
     std::array<double, 3> white{};
     double shortLobe = 0;
     for (std::size_t i = 0; i < kGridSize; ++i) {
-        Lagrange const lagrange = ShareAt(i);
+        LagrangeShares const shares = SharesAt(i);
         for (std::size_t c = 0; c < 3; ++c) {
             double const product = scale * power[i] * matching[c][i];
             white[c] += product;
             if (c == 0 && i < kShortEnd) shortLobe += product;
-            for (std::size_t k = 0; k < lagrange.count; ++k)
-                nodes[c][lagrange.first + k] += product * lagrange.share[k];
+            for (std::size_t k = 0; k < shares.count; ++k)
+                nodes[c][shares.first + k] += product * shares.share[k];
         }
     }
     auto weights = std::make_shared<WeightSet>();

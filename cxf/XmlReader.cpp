@@ -167,8 +167,9 @@ Sample::AttributePointer Reader::ReadSpectrum(pugi::xml_node node) const {
     if (!extrapolate.empty() && extrapolate != Xml::Yes && extrapolate != Xml::No)
         Fail(node, "the attribute Extrapolate is \"" + extrapolate + "\"; expected Yes or No");
     bool const may = options_.allowExtrapolation || extrapolate == Xml::Yes;
-    auto spectrum = MakeSmart<Spectrum>(Number(node, Xml::First), Number(node, Xml::Step), ReadValues(node),
-                                        ReadConditions(node), may);
+    double const first = Number(node, Xml::First);
+    double const step = Number(node, Xml::Step);
+    auto spectrum = MakeSmart<Spectrum>(first, step, ReadValues(node), ReadConditions(node), may);
     spectrum->SetForeign(
         Foreign(node, {Xml::First, Xml::Step, Xml::Extrapolate}, {Xml::Conditions, Xml::Values}));
     // Missing bands and unknown conditions must show now, and not when the spectrum is drawn.

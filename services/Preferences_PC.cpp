@@ -4,16 +4,15 @@
 #include "Utilities/AtomicFile.h"
 #include "Utilities/Mutex.h"
 #include "Utilities/ProgramDirectory.h"
+#include "Utilities/WholeFile.h"
 #include "core/creators/ComponentCreator.h"
 #include "services/IniText.h"
 
-#include <cerrno>
+#include <cstdint>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <optional>
 #include <pwd.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Utilities {
@@ -23,7 +22,7 @@ namespace {
 ComponentCreatorSingleton<Preferences_PC> const creator({"Preferences", "$Revision: 1.4 $", "Utilities"});
 
 constexpr long longestValue = 1023;
-constexpr off_t largestFile = off_t{16} << 20U;
+constexpr std::uint64_t largestFile = 16U << 20U;
 constexpr long lockTimeoutMilliseconds = 5000;
 
 /// Asked for with every read, and the system takes longer to tell than to read the file.
@@ -55,43 +54,6 @@ std::string PathToWrite() {
     return PathFor(name.empty() ? ExecutableStem() : name);
 }
 
-class Descriptor {
-public:
-    explicit Descriptor(std::string const& path)
-        // A pipe under that name must not hold the program up.
-        : number_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
-    Descriptor(Descriptor const&) = delete;
-    Descriptor& operator=(Descriptor const&) = delete;
-    ~Descriptor() {
-        if (number_ >= 0) ::close(number_);
-    }
-    int Get() const { return number_; }
-
-private:
-    int number_;
-};
-
-/// The whole file, nothing if it can't be read; a file that doesn't exist is empty.
-std::optional<std::string> ReadFile(std::string const& path) {
-    Descriptor const file(path);
-    if (file.Get() < 0) return errno == ENOENT ? std::optional<std::string>(std::in_place) : std::nullopt;
-    struct stat information {};
-    if (::fstat(file.Get(), &information) != 0 || !S_ISREG(information.st_mode) ||
-        information.st_size > largestFile)
-        return std::nullopt;
-    std::string text(static_cast<std::size_t>(information.st_size), '\0');
-    std::size_t filled = 0;
-    while (filled < text.size()) {
-        ssize_t const count = ::read(file.Get(), text.data() + filled, text.size() - filled);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return std::nullopt;
-        if (count == 0) break;
-        filled += static_cast<std::size_t>(count);
-    }
-    text.resize(filled);
-    return text;
-}
-
 void Write(std::string const& path, String const& section, String const& key, String const& value) {
     // What another program adds between reading and writing must not be lost. If the holder hangs, a
     // setting that may overtake another's is better than one that is lost. The mutex goes free with
@@ -99,13 +61,15 @@ void Write(std::string const& path, String const& section, String const& key, St
     Mutex changing("Preferences");
     changing.Lock(lockTimeoutMilliseconds);
     std::filesystem::create_directories(path.substr(0, path.rfind('/')));
-    auto const text = ReadFile(path);
+    auto const [state, text] = ReadWholeFile(path, largestFile);
+    // What can't be read must not be replaced.
     auto const changed =
-        text ? IniText::WithValue(*text, section.GetStdString(), key.GetStdString(), value.GetStdString())
-             : std::nullopt;
+        state == FileState::Unreadable
+            ? std::nullopt
+            : IniText::WithValue(text, section.GetStdString(), key.GetStdString(), value.GetStdString());
     if (!changed)
         Diagnostics::Report("Preferences::SetValue", "file unreadable, or section or key can't be written");
-    else if (*changed != *text)
+    else if (*changed != text)
         WriteFileAtomically(path, *changed, Durability::ProcessDeath);
 }
 
@@ -116,9 +80,8 @@ String Preferences_PC::GetPathToWrite() { return PathToWrite(); }
 
 String Preferences_PC::GetValue(String const& section, String const& key, String const& defaultValue) {
     try {
-        auto const text = ReadFile(PathFor(ExecutableStem()));
-        auto const value =
-            text ? IniText::FindValue(*text, section.GetStdString(), key.GetStdString()) : std::nullopt;
+        auto const file = ReadWholeFile(PathFor(ExecutableStem()), largestFile);
+        auto const value = IniText::FindValue(file.contents, section.GetStdString(), key.GetStdString());
         if (value) return String(value->substr(0, longestValue));
     } catch (...) {
         Diagnostics::DropException("Preferences::GetValue");

@@ -64,9 +64,13 @@ public:
     }
     SharedMemoryFile(SharedMemoryFile const&) = delete;
     SharedMemoryFile& operator=(SharedMemoryFile const&) = delete;
-    ~SharedMemoryFile() { ::close(number_); }
+    ~SharedMemoryFile() {
+        // A mapping keeps the open file, and with it the lock, beyond the close.
+        ::flock(number_, LOCK_UN);
+        ::close(number_);
+    }
 
-    /// Alone with the file until it is closed; the lock goes with a process that dies.
+    /// Alone with the file as long as this object lives; the lock goes with a process that dies.
     void* MapAlone(std::size_t size) const {
         struct stat information {};
         if (::fstat(number_, &information) != 0) ThrowError(errno, "fstat");

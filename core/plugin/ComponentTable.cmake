@@ -5,6 +5,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/AdvancedControlImpl_PC.cpp
   core/plugin/BaseElements.cpp
   gui/shell/ApplicationImplementation_PC.cpp
+  services/Bitmap_PC.cpp
   gui/colour/CirclePatch.cpp
   services/ColorLibraryTextAdapter.cpp
   gui/shell/Dialog_PC.cpp
@@ -12,6 +13,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
   gui/layout/HBox.cpp
+  services/ImageService.cpp
   services/LanguageService.cpp
   gui/layout/LoopBox.cpp
   gui/shell/MessageService_PC.cpp
@@ -59,9 +61,13 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/ShellCommandListener_PC.cpp
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
+  services/ImageDirectory.cpp
   services/IniText.cpp
+  services/JpegReader_PC.cpp
   services/LanguageFiles.cpp
   services/LanguageTexts.cpp
+  services/MetaFileBitmap_PC.cpp
+  services/PictureReader_PC.cpp
   services/RobustMutex_PC.cpp
   services/ThreadKiller_PC.cpp
   core/plugin/ComponentFactory.cpp

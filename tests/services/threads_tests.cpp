@@ -115,6 +115,35 @@ TEST(Mutex, IsFreeAgainWhenItsObjectThreadOrProcessDies) {
     }
 }
 
+TEST(Mutex, AProcessThatUsesANameHoldsUpNoOtherThatComesToIt) {
+    String const name = Named("resident");
+    int told[2];
+    int released[2];
+    ASSERT_EQ(::pipe(told), 0);
+    ASSERT_EQ(::pipe(released), 0);
+    pid_t const resident = ::fork();
+    if (resident == 0) {
+        ::close(released[1]);
+        Mutex const mutex(name);
+        char mark = 'x';
+        bool const going = ::write(told[1], &mark, 1) == 1 && ::read(released[0], &mark, 1) == 0;
+        ::_exit(going ? 0 : 1);
+    }
+    char mark = 0;
+    ASSERT_EQ(::read(told[0], &mark, 1), 1);
+    pid_t const comer = ::fork();
+    if (comer == 0) {
+        ::alarm(5);
+        ::_exit(Mutex(name).Lock(1000) ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(::waitpid(comer, &status, 0), comer);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+    ::close(released[1]);
+    ASSERT_EQ(::waitpid(resident, &status, 0), resident);
+    EXPECT_EQ(status, 0);
+}
+
 TEST(Mutex, KeepsProcessesApartFromTheFirstUseOfAName) {
     // Each round all children make the mutex at once; the count is a plain variable in shared memory
     // that only the mutex protects. It lives in a pipe: read, add, write back.

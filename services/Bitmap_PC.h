@@ -1,0 +1,57 @@
+#pragma once
+
+#include "gui/elements/Bitmap.h"
+#include "gui/platform/Picture_PC.h"
+
+#include <QImage>
+#include <memory>
+#include <string>
+
+namespace GUI {
+
+class PlatformIndependentDeviceContext_PC;
+
+/// A raster picture: the component "Bitmap".
+///
+/// How a file is read hangs on its name in upper case. With "BMP" in it, it is read as a Windows bitmap;
+/// otherwise by the reader of all formats if that is complete (see `PictureReader`), and if it isn't, with
+/// "JPG" in the name through libjpeg (3 components only) and else as a Windows bitmap.
+///
+/// For screens of high density a file "name@2x.ext" beside "name.ext" is drawn in its place, at the same
+/// size on the surface; the picture's size in pixels stays that of the plain file.
+class Bitmap_PC : public Bitmap, public Picture_PC {
+public:
+    Bitmap_PC();
+    Bitmap_PC(Bitmap_PC const&) = delete;
+    Bitmap_PC& operator=(Bitmap_PC const&) = delete;
+    ~Bitmap_PC() override;
+
+    bool Create(unsigned long width, unsigned long height) override;
+    bool Load(Utilities::File const& file) override;
+    /// False if the reader of all formats isn't complete.
+    bool LoadAndResize(Utilities::File const& file, unsigned long width, unsigned long height) override;
+    unsigned long GetWidth() const override { return static_cast<unsigned long>(image_.width()); }
+    unsigned long GetHeight() const override { return static_cast<unsigned long>(image_.height()); }
+    PlatformIndependentDeviceContext& BeginDraw() override;
+    void EndDraw() override;
+    void GetPixels(Pixels& result) const override;
+    FileFormats GetFileFormats() const override;
+
+    /// Transparent parts let the target show. Throws `RuntimeException` if the picture is empty.
+    void DrawBitmap(long x, long y, QPainter& target) override;
+    /// Takes the picture over; false if it is null or this one is being drawn into.
+    bool Attach(QImage image);
+    QImage const& GetBitmap() const { return image_; }
+    bool LoadJpeg(Utilities::File const& file);
+
+private:
+    QImage const& ForDensity(double density);
+
+    QImage image_;
+    std::unique_ptr<PlatformIndependentDeviceContext_PC> context_;
+    /// The file that is shown; the one for screens of high density is looked for when it is first needed.
+    std::string path_;
+    QImage dense_;
+};
+
+} // namespace GUI

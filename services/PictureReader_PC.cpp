@@ -1,0 +1,107 @@
+#include "services/PictureReader_PC.h"
+
+#include "Utilities/WholeFile.h"
+#include "services/JpegReader_PC.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace GUI::PictureReader {
+
+namespace {
+
+bool IsAllowed(QSize size) {
+    return size.isEmpty() ||
+           static_cast<unsigned long>(size.width()) * static_cast<unsigned long>(size.height()) <=
+               largestPicture / bytesPerPixel;
+}
+
+QImage AsShown(QImage image) {
+    if (image.isNull()) return image;
+    bool const transparent = image.hasAlphaChannel();
+    return std::move(image).convertToFormat(transparent ? QImage::Format_ARGB32_Premultiplied
+                                                        : QImage::Format_RGB32);
+}
+
+/// The format by the file's first bytes: names often lie, and the platform would ask each of its readers.
+/// Empty for one that isn't told here.
+char const* FormatOf(std::string_view file) {
+    struct Signature {
+        std::string_view bytes;
+        char const* format;
+    };
+    using namespace std::string_view_literals;
+    static constexpr std::array<Signature, 6> signatures{{{"\x89PNG\r\n\x1A\n"sv, "png"},
+                                                          {"\xFF\xD8\xFF"sv, "jpeg"},
+                                                          {"GIF8"sv, "gif"},
+                                                          {"BM"sv, "bmp"},
+                                                          {"II*\0"sv, "tiff"},
+                                                          {"MM\0*"sv, "tiff"}}};
+    auto const found = std::find_if(signatures.begin(), signatures.end(), [&](Signature const& signature) {
+        return file.starts_with(signature.bytes);
+    });
+    return found == signatures.end() ? "" : found->format;
+}
+
+QImage ReadAs(char const* format, std::string_view file) {
+    auto bytes = QByteArray::fromRawData(file.data(), static_cast<qsizetype>(file.size()));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, format);
+    if (*format) reader.setAutoDetectImageFormat(false);
+    reader.setAutoTransform(true);
+    return IsAllowed(reader.size()) ? AsShown(reader.read()) : QImage();
+}
+
+/// Where a JPEG says how it is to be turned; one that doesn't has no such block among its first.
+bool MayBeTurned(std::string_view file) {
+    constexpr std::size_t firstBlocks = 65536;
+    return file.substr(0, firstBlocks).find("Exif") != std::string_view::npos;
+}
+
+std::string ReadFile(std::string const& path) {
+    return Utilities::ReadWholeFile(path, largestPicture).contents;
+}
+
+} // namespace
+
+bool IsAvailable() {
+    static bool const available = [] {
+        auto const formats = QImageReader::supportedImageFormats();
+        std::array<char const*, 5> const wanted{"jpeg", "bmp", "gif", "tiff", "png"};
+        return std::all_of(wanted.begin(), wanted.end(),
+                           [&](char const* format) { return formats.contains(format); });
+    }();
+    return available;
+}
+
+QImage Read(std::string const& path) {
+    std::string const file = ReadFile(path);
+    if (file.empty()) return {};
+    char const* const format = FormatOf(file);
+    // Our own way to libjpeg is the faster one; it can't turn pictures and knows three components only.
+    if (std::string_view(format) == "jpeg" && !MayBeTurned(file))
+        if (QImage image = ReadJpeg(file); !image.isNull()) return image;
+    return ReadAs(format, file);
+}
+
+QImage ReadScaled(std::string const& path, unsigned long width, unsigned long height) {
+    constexpr unsigned long longestSide = 32767;
+    if (width == 0 || height == 0 || width > longestSide || height > longestSide) return {};
+    QSize const size(static_cast<int>(width), static_cast<int>(height));
+    if (!IsAllowed(size)) return {};
+    QImage const image = Read(path);
+    return image.isNull() ? image : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage ReadBmp(std::string const& path) {
+    std::string const file = ReadFile(path);
+    return file.empty() ? QImage() : ReadAs("bmp", file);
+}
+
+QImage ReadJpegFile(std::string const& path) { return ReadJpeg(ReadFile(path)); }
+
+} // namespace GUI::PictureReader

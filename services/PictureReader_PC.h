@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QImage>
+#include <string>
+
+namespace GUI::PictureReader {
+
+/// @name Readers of picture files
+/// The first picture of a file with several, turned as the file asks for, with 32 bits a pixel and an alpha
+/// channel only if it is used. Null if the file can't be shown or is larger than `largestPicture`.
+/// @{
+
+/// Whether `Read` reads all the formats that programs may name: JPEG, BMP, GIF, TIFF and PNG.
+bool IsAvailable();
+/// Whatever format the file has.
+QImage Read(std::string const& path);
+/// The same, smoothly scaled to that very size.
+QImage ReadScaled(std::string const& path, unsigned long width, unsigned long height);
+/// BMP alone.
+QImage ReadBmp(std::string const& path);
+/// JPEG of 3 components alone, through libjpeg.
+QImage ReadJpegFile(std::string const& path);
+/// @}
+
+} // namespace GUI::PictureReader

@@ -1,0 +1,203 @@
+#include "core/base/Exceptions.h"
+#include "services/Bitmap_PC.h"
+#include "services/MetaFileBitmap_PC.h"
+#include "services/PictureReader_PC.h"
+#include "tests/support/QtApplication.h"
+
+#include <QPainter>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+using GUI::Bitmap_PC;
+using GUI::MetaFileBitmap_PC;
+using GUI::RGBVector;
+using Norvelian::Utilities::Exceptions::RuntimeException;
+using Utilities::File;
+
+auto* const application =
+    testing::AddGlobalTestEnvironment(std::make_unique<Tests::QtApplication>().release());
+
+File Picture(std::string const& name) { return File(std::string(NORVELIAN_TEST_DATA "/images/") + name); }
+
+bool IsNear(RGBVector const& color, int red, int green, int blue, int tolerance) {
+    return std::abs(color.GetRed() - red) <= tolerance && std::abs(color.GetGreen() - green) <= tolerance &&
+           std::abs(color.GetBlue() - blue) <= tolerance;
+}
+
+/// What the exception says, or "nothing".
+template <class Call> std::string TextOf(Call call) {
+    try {
+        call();
+    } catch (RuntimeException const& failure) {
+        return failure.what();
+    }
+    return "nothing";
+}
+
+TEST(Bitmap, LoadsEveryFormatAsAViewerShowsIt) {
+    for (char const* const name :
+         {"rgb.jpg", "progressive.jpg", "cmyk.jpg", "rgb.bmp", "palette.bmp", "rgb.png", "deep.png",
+          "rgb.gif", "animated.gif", "rgb.tif", "pages.tif", "png-inside.jpg", "jpeg-inside.png"}) {
+        Bitmap_PC bitmap;
+        ASSERT_TRUE(bitmap.Load(Picture(name))) << name;
+        ASSERT_EQ(bitmap.GetWidth(), 6U) << name;
+        ASSERT_EQ(bitmap.GetHeight(), 4U) << name;
+        Bitmap_PC::Pixels pixels;
+        bitmap.GetPixels(pixels);
+        EXPECT_TRUE(IsNear(pixels[0][0], 255, 0, 0, 3)) << name;
+        EXPECT_TRUE(IsNear(pixels[5][1], 255, 0, 0, 3)) << name;
+        EXPECT_TRUE(IsNear(pixels[5][3], 0, 0, 255, 3)) << name;
+    }
+    Bitmap_PC grey;
+    ASSERT_TRUE(grey.Load(Picture("grey.jpg")));
+    Bitmap_PC::Pixels pixels;
+    grey.GetPixels(pixels);
+    EXPECT_EQ(pixels[0][0].GetRed(), pixels[0][0].GetBlue());
+    EXPECT_NE(pixels[0][0].GetRed(), pixels[0][3].GetRed());
+    Bitmap_PC wide;
+    ASSERT_TRUE(wide.Load(Picture("wide.png")));
+    EXPECT_EQ(wide.GetWidth(), 65500U);
+}
+
+TEST(Bitmap, AFileThatCannotBeShownChangesNothing) {
+    Bitmap_PC bitmap;
+    ASSERT_TRUE(bitmap.Load(Picture("rgb.png")));
+    for (char const* const name : {"truncated.png", "truncated.bmp", "empty.png", "text.png", "bomb.png",
+                                   "bomb.bmp", "missing.png", "", "MyBMP.png"}) {
+        EXPECT_FALSE(bitmap.Load(Picture(name))) << name;
+        EXPECT_EQ(bitmap.GetWidth(), 6U) << name;
+    }
+    // A JPEG that breaks off shows what there is of it.
+    EXPECT_TRUE(bitmap.Load(Picture("truncated.jpg")));
+}
+
+TEST(Bitmap, LibjpegItselfTakesThreeComponentsOnly) {
+    Bitmap_PC bitmap;
+    EXPECT_FALSE(bitmap.LoadJpeg(Picture("grey.jpg")));
+    EXPECT_FALSE(bitmap.LoadJpeg(Picture("cmyk.jpg")));
+    EXPECT_FALSE(bitmap.LoadJpeg(Picture("rgb.png")));
+    EXPECT_FALSE(bitmap.LoadJpeg(Picture("empty.png")));
+    ASSERT_TRUE(bitmap.LoadJpeg(Picture("rgb.jpg")));
+    EXPECT_TRUE(GUI::PictureReader::IsAvailable()) << "install the TIFF plug-in of the platform";
+}
+
+TEST(Bitmap, LoadsAtAnySizeWithinLimits) {
+    Bitmap_PC bitmap;
+    ASSERT_TRUE(bitmap.LoadAndResize(Picture("rgb.jpg"), 60, 20));
+    EXPECT_EQ(bitmap.GetWidth(), 60U);
+    EXPECT_EQ(bitmap.GetHeight(), 20U);
+    for (auto const& [width, height] :
+         {std::pair{0UL, 5UL}, {5UL, 0UL}, {40000UL, 5UL}, {30000UL, 30000UL}}) {
+        EXPECT_FALSE(bitmap.LoadAndResize(Picture("rgb.jpg"), width, height));
+        EXPECT_FALSE(bitmap.Create(width == 40000 ? 70000 : width, height));
+    }
+    EXPECT_EQ(bitmap.GetWidth(), 60U);
+}
+
+TEST(Bitmap, IsDrawnIntoAndReadBack) {
+    Bitmap_PC bitmap;
+    EXPECT_EQ(bitmap.GetWidth(), 0U);
+    EXPECT_EQ(TextOf([&] { bitmap.BeginDraw(); }), "Bitmap_PC::BeginDraw(): Can't select bitmap object.");
+    ASSERT_TRUE(bitmap.Create(5, 4));
+    auto& context = bitmap.BeginDraw();
+    EXPECT_EQ(TextOf([&] { bitmap.BeginDraw(); }),
+              "Bitmap_PC::BeginDraw() called twice, without calling EndDraw between.");
+    EXPECT_FALSE(bitmap.Load(Picture("rgb.png"))) << "it is being drawn into";
+    context.SetPen(RGBVector(1, 2, 3), 1, 0);
+    context.SetBrush(RGBVector(9, 8, 7));
+    context.FillRectangle(1, 1, 4, 4);
+    bitmap.EndDraw();
+    EXPECT_EQ(TextOf([&] { bitmap.EndDraw(); }),
+              "Bitmap_PC::EndDraw() called without calling BeginDraw before.");
+    Bitmap_PC::Pixels pixels;
+    bitmap.GetPixels(pixels);
+    ASSERT_EQ(pixels.GetSize(), 5U);
+    ASSERT_EQ(pixels[0].GetSize(), 4U);
+    EXPECT_EQ(pixels[0][0], RGBVector(0, 0, 0));
+    EXPECT_EQ(pixels[1][1], RGBVector(1, 2, 3));
+    EXPECT_EQ(pixels[2][2], RGBVector(9, 8, 7));
+    { // dies open
+        Bitmap_PC open;
+        open.Create(1, 1);
+        open.BeginDraw();
+    }
+}
+
+TEST(Bitmap, IsDrawnOnASurface) {
+    QImage target(20, 20, QImage::Format_RGB32);
+    target.fill(Qt::white);
+    QPainter painter(&target);
+    Bitmap_PC bitmap;
+    EXPECT_EQ(TextOf([&] { bitmap.DrawBitmap(0, 0, painter); }),
+              "Bitmap_PC::DrawBitmap(): Bitmap object is empty.");
+    ASSERT_TRUE(bitmap.Load(Picture("rgb.bmp")));
+    bitmap.DrawBitmap(2, 3, painter);
+    EXPECT_EQ(target.pixel(2, 3), qRgb(255, 0, 0));
+    EXPECT_EQ(target.pixel(7, 6), qRgb(0, 0, 255));
+    EXPECT_EQ(target.pixel(8, 6), qRgb(255, 255, 255));
+    Bitmap_PC alpha;
+    ASSERT_TRUE(alpha.Load(Picture("alpha.png")));
+    alpha.DrawBitmap(10, 10, painter);
+    EXPECT_NEAR(qGreen(target.pixel(10, 10)), 128, 1) << "half of the white shows";
+}
+
+TEST(Bitmap, TakesThePictureMadeForDenseScreens) {
+    QImage target(40, 40, QImage::Format_RGB32);
+    target.setDevicePixelRatio(2);
+    target.fill(Qt::white);
+    QPainter painter(&target);
+    Bitmap_PC bitmap;
+    ASSERT_TRUE(bitmap.Load(Picture("rgb.png")));
+    EXPECT_EQ(bitmap.GetWidth(), 6U);
+    bitmap.DrawBitmap(1, 1, painter);
+    EXPECT_EQ(target.pixel(2, 2), qRgb(0, 255, 0));
+    EXPECT_EQ(target.pixel(13, 9), qRgb(0, 255, 0));
+    EXPECT_EQ(target.pixel(14, 9), qRgb(255, 255, 255));
+    bitmap.BeginDraw();
+    bitmap.EndDraw();
+    bitmap.DrawBitmap(1, 1, painter);
+    EXPECT_EQ(target.pixel(2, 2), qRgb(255, 0, 0)) << "what was drawn into is the picture";
+}
+
+TEST(Bitmap, ListsFormatsInTheirOrder) {
+    std::string text;
+    auto const formats = Bitmap_PC().GetFileFormats();
+    for (auto it = formats.Begin(); it.IsValid(); ++it)
+        text += it.Current().first.GetStdString() + "." + it.Current().second.GetStdString() + " ";
+    EXPECT_EQ(text, "Jpeg.jpg Bitmap.bmp GIF.gif TIFF.tif PNG.png All.png All.jpg All.bmp All.gif All.tif ");
+}
+
+TEST(MetaFileBitmap, IsReplayedAtAnySizeAndHoldsTheLastRecording) {
+    QImage target(40, 40, QImage::Format_RGB32);
+    target.fill(Qt::white);
+    QPainter painter(&target);
+    MetaFileBitmap_PC bitmap;
+    bitmap.DrawBitmap(painter); // nothing is there to be played
+    EXPECT_EQ(TextOf([&] { bitmap.EndDraw(); }),
+              "MetaFileBitmap_PC::EndDraw() called without calling BeginDraw before.");
+    for (int blue : {0, 255}) {
+        auto& context = bitmap.BeginDraw();
+        EXPECT_EQ(TextOf([&] { bitmap.BeginDraw(); }),
+                  "MetaFileBitmap_PC::BeginDraw() called twice, without calling EndDraw between.");
+        context.SetPen(RGBVector(0, 0, 0), 1, GUI::PlatformIndependentDeviceContext::noPen);
+        context.SetBrush(RGBVector(0, 0, static_cast<unsigned char>(blue)));
+        context.FillRectangle(static_cast<short>(blue == 0 ? 0 : 2), 2, 4, 4);
+        bitmap.EndDraw();
+    }
+    bitmap.DrawBitmap(painter);
+    EXPECT_EQ(target.pixel(1, 3), qRgb(255, 255, 255)) << "only the second recording";
+    EXPECT_EQ(target.pixel(3, 3), qRgb(0, 0, 255));
+    target.fill(Qt::white);
+    painter.scale(8, 8);
+    bitmap.DrawBitmap(painter);
+    EXPECT_EQ(target.pixel(17, 17), qRgb(0, 0, 255));
+    EXPECT_EQ(target.pixel(30, 30), qRgb(0, 0, 255));
+    EXPECT_EQ(target.pixel(15, 17), qRgb(255, 255, 255));
+    EXPECT_NE(bitmap.DetachHandle(), nullptr);
+    EXPECT_EQ(bitmap.GetHandle(), nullptr);
+}
+
+} // namespace
