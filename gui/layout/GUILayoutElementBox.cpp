@@ -45,6 +45,9 @@ private:
     std::vector<T> many_;
 };
 
+/// As many children as their counter of 16 bits tells apart.
+constexpr std::size_t counterRange = 0x10000;
+
 /// A minimum and a maximum of 32 bits each in one word, so that two answers are compared at once.
 std::uint64_t Pack(unsigned long minimum, unsigned long maximum) {
     return static_cast<std::uint32_t>(minimum) | static_cast<std::uint64_t>(maximum) << 32U;
@@ -80,6 +83,37 @@ void CutToPixels(float origin, std::span<float const> sizes, std::span<Stretch> 
         stretches[i] = {TruncateToPixels(origin + offset), length};
         offset += sizes[i];
     }
+    // The counter of children is 16 bits wide by contract: it begins again.
+    for (std::size_t i = counterRange; i < stretches.size(); ++i) stretches[i] = stretches[i - counterRange];
+}
+
+/// The same for children of one size.
+void CutEvenly(float origin, float size, std::span<Stretch> stretches) {
+    std::uint32_t const length = TruncateToPixels(size);
+    float offset = 0;
+    // As a rule all fits into 31 bits with room for what the additions round, and needs no test each.
+    constexpr float farEnd = 2e9F;
+    if (size >= 0 && origin + size * static_cast<float>(stretches.size()) < farEnd) {
+        for (Stretch& stretch : stretches) {
+            stretch = {static_cast<std::uint32_t>(static_cast<std::int32_t>(origin + offset)), length};
+            offset += size;
+        }
+        return;
+    }
+    for (Stretch& stretch : stretches) {
+        stretch = {TruncateToPixels(origin + offset), length};
+        offset += size;
+    }
+}
+
+LimitsSummary Summarise(std::span<ChildLimits const> limits, float weightSum) {
+    LimitsSummary summary{weightSum, !limits.empty() && limits.size() <= counterRange, 0, 0};
+    for (ChildLimits const& child : limits) {
+        summary.areEven = summary.areEven && child.maximum == limits.front().maximum;
+        summary.maximum = child.maximum;
+        summary.largestMinimum = std::max(summary.largestMinimum, child.minimum);
+    }
+    return summary;
 }
 
 } // namespace
@@ -117,7 +151,6 @@ void GUILayoutElementBox::CollectChildren() {
 template <GUILayoutElementBox::Axis axis> void GUILayoutElementBox::AskChildren() {
     if (collectedAt_ != GetChildrenRevision()) CollectChildren();
     // What follows from the answers is worked out again only if one of them is another than before.
-    std::uint64_t difference = 0;
     unsigned long minimalWidth = 0;
     unsigned long maximalWidth = 0;
     unsigned long minimalHeight = 0;
@@ -128,10 +161,11 @@ template <GUILayoutElementBox::Axis axis> void GUILayoutElementBox::AskChildren(
         (*element)->GetSizeInformation(minimalWidth, maximalWidth, minimalHeight, maximalHeight);
         std::uint64_t const widths = Pack(minimalWidth, maximalWidth);
         std::uint64_t const heights = Pack(minimalHeight, maximalHeight);
-        difference |= (widths ^ range->widths) | (heights ^ range->heights);
+        if (widths == range->widths && heights == range->heights) continue;
         *range = {widths, heights};
+        isAddedUp_ = false;
     }
-    if (difference != 0 || !isAddedUp_) AddUp<axis>();
+    if (!isAddedUp_) AddUp<axis>();
     askedAt_ = Pass::IsRunning() ? GetLayoutRevision() : 0;
 }
 
@@ -163,8 +197,8 @@ template <GUILayoutElementBox::Axis axis> void GUILayoutElementBox::AddUp() {
         ++child;
     }
     sum_ = sum;
-    bool const isExact = weights <= exactSum && limits_.size() <= 0xFFFF;
-    weightSum_ = isExact ? static_cast<float>(weights) : SumOfWeights(limits_);
+    bool const isExact = weights <= exactSum && limits_.size() <= counterRange;
+    summary_ = Summarise(limits_, isExact ? static_cast<float>(weights) : SumOfWeights(limits_));
     isAddedUp_ = true;
 }
 
@@ -183,19 +217,24 @@ void GUILayoutElementBox::LayOutChildren(std::uint32_t width, std::uint32_t heig
     constexpr bool horizontal = axis == Axis::Horizontal;
     Pass const pass;
     if (askedAt_ != GetLayoutRevision()) AskChildren<axis>();
-    Scratch<float> sizeScratch(limits_.size());
-    auto const sizes = sizeScratch.Get();
-    ShareSpace(static_cast<float>(horizontal ? width : height), limits_, weightSum_, sizes);
-
-    Scratch<Stretch> stretchScratch(sizes.size());
-    auto const stretches = stretchScratch.Get();
-    CutToPixels(static_cast<float>(horizontal ? positionX_ : positionY_), sizes, stretches);
+    Scratch<Stretch> scratch(limits_.size());
+    auto const stretches = scratch.Get();
+    auto const available = static_cast<float>(horizontal ? width : height);
+    auto const origin = static_cast<float>(horizontal ? positionX_ : positionY_);
+    float evenSize = 0;
+    if (ShareEvenly(available, summary_, evenSize)) {
+        CutEvenly(origin, evenSize, stretches);
+    } else {
+        Scratch<float> sizes(limits_.size());
+        ShareSpace(available, limits_, summary_.weightSum, sizes.Get());
+        CutToPixels(origin, sizes.Get(), stretches);
+    }
 
     GUIElement* const* elements = elements_.data();
-    std::size_t count = std::min(elements_.size(), sizes.size());
+    std::size_t count = std::min(elements_.size(), stretches.size());
     for (std::size_t i = 0; i < count; ++i) {
         GUIElement* const element = elements[i];
-        Stretch const stretch = stretches[static_cast<std::uint16_t>(i)];
+        Stretch const stretch = stretches[i];
         if constexpr (horizontal) {
             element->SetPosition(stretch.GetBegin(), positionY_);
             element->SetSize(stretch.GetLength(), height);
@@ -207,7 +246,7 @@ void GUILayoutElementBox::LayOutChildren(std::uint32_t width, std::uint32_t heig
         if (collectedAt_ != GetChildrenRevision()) {
             CollectChildren();
             elements = elements_.data();
-            count = std::min(elements_.size(), sizes.size());
+            count = std::min(elements_.size(), stretches.size());
         }
     }
 }

@@ -73,7 +73,7 @@ private:
     bool isAddedUp_ = false;
     SizeRange sum_;
     std::vector<ChildLimits> limits_;
-    float weightSum_ = 0;
+    LimitsSummary summary_;
 };
 
 } // namespace GUI

@@ -116,4 +116,12 @@ void ShareSpace(float available, std::span<ChildLimits const> limits, float weig
     } while (place < open.Get().size());
 }
 
+bool ShareEvenly(float available, LimitsSummary const& summary, float& size) {
+    if (!summary.areEven) return false;
+    Offer offer(summary.weightSum, available);
+    if (offer.IsOutside({summary.largestMinimum, summary.maximum})) return false;
+    size = offer.GetSize();
+    return true;
+}
+
 } // namespace GUI

@@ -37,6 +37,18 @@ inline constexpr std::uint32_t largestWeight = 1000000;
 /// Sums of whole numbers up to this one are exact in single precision, in any order.
 inline constexpr std::uint64_t exactSum = std::uint64_t{1} << 24U;
 
+/// What is known of all children of a box together.
+struct LimitsSummary {
+    float weightSum = 0;
+    /// Whether all have the same maximum.
+    bool areEven = false;
+    float maximum = 0;
+    float largestMinimum = 0;
+};
+
+/// True if all children get one and the same size; says which. It is what `ShareSpace` would give each.
+bool ShareEvenly(float available, LimitsSummary const& summary, float& size);
+
 /// A floating number of pixels as a 32-bit one: cut towards zero, reduced to its low 32 bits; 0 for
 /// what no 64-bit integer holds.
 template <std::floating_point Number> std::uint32_t TruncateToPixels(Number value) {
