@@ -20,17 +20,14 @@ public:
     Tree& operator=(Tree const& other) {
         if (this == &other) return *this;
         Tree copy(other);
+        Disown();
         T::operator=(copy);
         name_ = copy.name_;
         children_ = copy.children_;
         for (auto it = children_.Begin(); it.IsValid(); ++it) it.Current()->parent_ = this;
         return *this;
     }
-    ~Tree() {
-        // A child may outlive its parent in somebody's hands.
-        for (auto it = children_.Begin(); it.IsValid(); ++it)
-            if (it.Current()->parent_ == this) it.Current()->parent_ = nullptr;
-    }
+    ~Tree() { Disown(); }
 
     void AddChild(SmartPointer<Tree> const& child) {
         child->parent_ = this;
@@ -53,6 +50,11 @@ public:
     Tree* GetParent() const { return parent_; }
 
 private:
+    /// A child may outlive its place in the tree in somebody's hands.
+    void Disown() {
+        for (auto it = children_.Begin(); it.IsValid(); ++it)
+            if (it.Current()->parent_ == this) it.Current()->parent_ = nullptr;
+    }
     void CopyChildren(Tree const& other) {
         for (auto it = other.children_.Begin(); it.IsValid(); ++it) AddChild(MakeSmart<Tree>(*it.Current()));
     }

@@ -46,11 +46,11 @@ std::optional<RasterSurface> MakeRaster(PlatformIndependentDeviceContext_PC::Dir
 
 PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(
     QPaintDevice& device, std::optional<DirectPixels> const& pixels)
-    : painter_(&device) {
+    : device_(device) {
     if (pixels) raster_ = MakeRaster(*pixels);
 }
 
-PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(QImage& image) : painter_(&image) {
+PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(QImage& image) : device_(image) {
     raster_ = MakeRaster({&image, QPoint(0, 0), image.rect()});
 }
 
@@ -58,7 +58,12 @@ PlatformIndependentDeviceContext_PC::~PlatformIndependentDeviceContext_PC() { Fl
 
 QPainter& PlatformIndependentDeviceContext_PC::GetPainter() {
     FlushLines();
-    return painter_;
+    return Painter();
+}
+
+QPainter& PlatformIndependentDeviceContext_PC::Painter() {
+    if (!painter_) painter_.emplace(&device_);
+    return *painter_;
 }
 
 RGBVector PlatformIndependentDeviceContext_PC::SetBackgroundColor(RGBVector const& color) {
@@ -102,25 +107,25 @@ DashPattern PlatformIndependentDeviceContext_PC::NewPattern() const {
 
 void PlatformIndependentDeviceContext_PC::UsePen(Qt::PenJoinStyle joins) {
     if (!HasPen()) {
-        painter_.setPen(Qt::NoPen);
+        Painter().setPen(Qt::NoPen);
         return;
     }
     // A cosmetic pen is the fast one; on a scaled surface it would be thinner than a pixel of ours.
-    bool const scaled = painter_.device()->devicePixelRatioF() != 1.0;
+    bool const scaled = device_.devicePixelRatioF() != 1.0;
     QPen pen(ToColor(penColor_), IsThinPen() && !scaled ? 0.0 : static_cast<double>(penWidth_), Qt::SolidLine,
              Qt::FlatCap, joins);
     DashPattern const pattern = NewPattern();
     if (pattern.off != 0)
         pen.setDashPattern({static_cast<double>(pattern.on) / static_cast<double>(penWidth_),
                             static_cast<double>(pattern.off) / static_cast<double>(penWidth_)});
-    painter_.setPen(pen);
+    Painter().setPen(pen);
 }
 
 void PlatformIndependentDeviceContext_PC::UseBrush(bool filled) {
     if (filled)
-        painter_.setBrush(ToColor(brushColor_));
+        Painter().setBrush(ToColor(brushColor_));
     else
-        painter_.setBrush(Qt::NoBrush);
+        Painter().setBrush(Qt::NoBrush);
 }
 
 void PlatformIndependentDeviceContext_PC::MoveTo(short x, short y) {
@@ -143,7 +148,7 @@ void PlatformIndependentDeviceContext_PC::FlushLines() {
                               pattern);
         } else {
             UsePen(Qt::RoundJoin);
-            painter_.drawPolyline(lines_.data(), static_cast<int>(lines_.size()));
+            Painter().drawPolyline(lines_.data(), static_cast<int>(lines_.size()));
         }
     }
     // The current position stays where the last line ended.
@@ -159,7 +164,7 @@ void PlatformIndependentDeviceContext_PC::DrawLine(short x1, short y1, short x2,
         return;
     }
     UsePen(Qt::RoundJoin);
-    painter_.drawLine(x1, y1, x2, y2);
+    Painter().drawLine(x1, y1, x2, y2);
 }
 
 void PlatformIndependentDeviceContext_PC::DrawRectangle(short left, short top, short right, short bottom) {
@@ -175,7 +180,7 @@ void PlatformIndependentDeviceContext_PC::DrawRectangle(short left, short top, s
     }
     UsePen(Qt::MiterJoin);
     UseBrush(false);
-    painter_.drawRect(left, top, right - left - 1, bottom - top - 1);
+    Painter().drawRect(left, top, right - left - 1, bottom - top - 1);
 }
 
 void PlatformIndependentDeviceContext_PC::FillRectangle(short left, short top, short right, short bottom) {
@@ -184,7 +189,7 @@ void PlatformIndependentDeviceContext_PC::FillRectangle(short left, short top, s
     if (raster_)
         raster_->FillBox({left, top, right, bottom}, ToPixel(brushColor_));
     else
-        painter_.fillRect(left, top, right - left, bottom - top, ToColor(brushColor_));
+        Painter().fillRect(left, top, right - left, bottom - top, ToColor(brushColor_));
     DrawRectangle(left, top, right, bottom);
 }
 
@@ -211,7 +216,7 @@ void PlatformIndependentDeviceContext_PC::Ellipse(short left, short top, short r
     UsePen(Qt::RoundJoin);
     UseBrush(filled);
     int const inset = HasPen() ? 1 : 0;
-    painter_.drawEllipse(left, top, right - left - inset, bottom - top - inset);
+    Painter().drawEllipse(left, top, right - left - inset, bottom - top - inset);
 }
 
 void PlatformIndependentDeviceContext_PC::DrawEllipse(short left, short top, short right, short bottom) {
@@ -227,8 +232,8 @@ void PlatformIndependentDeviceContext_PC::DrawArc(short cx, short cy, short radi
     FlushLines();
     if (radius <= 0 || !HasPen()) return;
     UsePen(Qt::RoundJoin);
-    painter_.drawArc(cx - radius, cy - radius, 2 * radius, 2 * radius, qRound(startAngle * 16),
-                     qRound(sweepAngle * 16));
+    Painter().drawArc(cx - radius, cy - radius, 2 * radius, 2 * radius, qRound(startAngle * 16),
+                      qRound(sweepAngle * 16));
 }
 
 void PlatformIndependentDeviceContext_PC::FillPie(short cx, short cy, short radius, float startAngle,
@@ -239,10 +244,10 @@ void PlatformIndependentDeviceContext_PC::FillPie(short cx, short cy, short radi
     UseBrush(true);
     // A full circle has no radii to outline.
     if (sweepAngle >= 360 || sweepAngle <= -360)
-        painter_.drawEllipse(cx - radius, cy - radius, 2 * radius, 2 * radius);
+        Painter().drawEllipse(cx - radius, cy - radius, 2 * radius, 2 * radius);
     else
-        painter_.drawPie(cx - radius, cy - radius, 2 * radius, 2 * radius, qRound(startAngle * 16),
-                         qRound(sweepAngle * 16));
+        Painter().drawPie(cx - radius, cy - radius, 2 * radius, 2 * radius, qRound(startAngle * 16),
+                          qRound(sweepAngle * 16));
 }
 
 void PlatformIndependentDeviceContext_PC::Polygon(Points const& points, bool filled) {
@@ -254,7 +259,7 @@ void PlatformIndependentDeviceContext_PC::Polygon(Points const& points, bool fil
         corners.emplace_back(static_cast<int>(point.first), static_cast<int>(point.second));
     UsePen(Qt::MiterJoin);
     UseBrush(filled);
-    painter_.drawPolygon(corners.data(), static_cast<int>(corners.size()));
+    Painter().drawPolygon(corners.data(), static_cast<int>(corners.size()));
 }
 
 void PlatformIndependentDeviceContext_PC::DrawPolygon(Points points) { Polygon(points, false); }
@@ -265,29 +270,29 @@ void PlatformIndependentDeviceContext_PC::DrawImage(short x, short y, String con
     if (!Utilities::NamingService::Instance()->IsRegistered("ImageService")) return;
     auto const images = Utilities::ResolveComponent<ImageServiceInterface>("ImageService");
     auto const bitmap = images->GetBitmap(imageName);
-    if (auto* const picture = dynamic_cast<Picture_PC*>(bitmap.Get())) picture->DrawBitmap(x, y, painter_);
+    if (auto* const picture = dynamic_cast<Picture_PC*>(bitmap.Get())) picture->DrawBitmap(x, y, Painter());
 }
 
 void PlatformIndependentDeviceContext_PC::DrawText(short x, short y, String const& text) {
     FlushLines();
     if (text.Length() == 0) return;
     QFont const& font = GetFont();
-    painter_.setFont(font);
-    painter_.setPen(ToColor(textColor_));
-    int const ascent = QFontMetrics(font, painter_.device()).ascent();
+    Painter().setFont(font);
+    Painter().setPen(ToColor(textColor_));
+    int const ascent = QFontMetrics(font, &device_).ascent();
     if (escapement_ == 0) {
-        painter_.drawText(x, y + ascent, ToPlatformText(text));
+        Painter().drawText(x, y + ascent, ToPlatformText(text));
         return;
     }
-    painter_.save();
-    painter_.translate(x, y);
-    painter_.rotate(-escapement_);
-    painter_.drawText(0, ascent, ToPlatformText(text));
-    painter_.restore();
+    Painter().save();
+    Painter().translate(x, y);
+    Painter().rotate(-escapement_);
+    Painter().drawText(0, ascent, ToPlatformText(text));
+    Painter().restore();
 }
 
 void PlatformIndependentDeviceContext_PC::GetTextExtent(String const& text, long& width, long& height) {
-    QFontMetrics const metrics(GetFont(), painter_.device());
+    QFontMetrics const metrics(GetFont(), &device_);
     width = text.Length() == 0 ? 0 : metrics.horizontalAdvance(ToPlatformText(text));
     height = metrics.height();
 }

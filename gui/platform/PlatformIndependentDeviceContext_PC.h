@@ -62,13 +62,16 @@ private:
     bool IsThinPen() const { return penWidth_ <= 1; }
     DashPattern NewPattern() const;
     void FlushLines();
+    QPainter& Painter();
     void Ellipse(short left, short top, short right, short bottom, bool filled);
     void Polygon(Points const& points, bool filled);
     void UsePen(Qt::PenJoinStyle joins);
     void UseBrush(bool filled);
     QFont const& GetFont();
 
-    QPainter painter_;
+    QPaintDevice& device_;
+    /// Made when it is needed: a pane of plain figures does without.
+    std::optional<QPainter> painter_;
     std::optional<RasterSurface> raster_;
     RGBVector penColor_;
     RGBVector brushColor_;

@@ -33,8 +33,10 @@ void AdvancedControlImpl_PC::Initialize(PlatformIndependentWindowID const& paren
         Utilities::SmartPointer<PlatformIndependentWindowID_PC> const identity(GetPane()->GetWindowID());
         if (!identity.IsNull()) identity->SetWindow(control_);
     }
-    // A child shows together with its parent; only one that has no parent has to be told.
-    if (control_->parentWidget()) control_->show();
+    // A child appears together with its parent; one that comes later has to be told.
+    if (QWidget const* const parentWindow = control_->parentWidget();
+        parentWindow && parentWindow->isVisible())
+        control_->show();
 }
 
 void AdvancedControlImpl_PC::SetSize(long width, long height) {

@@ -37,7 +37,7 @@ CNorvelianAdvancedControl::CNorvelianAdvancedControl(AdvancedControlImpl& impl, 
     setAttribute(Qt::WA_NoMousePropagation);
     setMouseTracking(true);
     setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus);
-    setGeometry(0, 0, 0, 0);
+    resize(0, 0);
 }
 
 template <class Handler> bool CNorvelianAdvancedControl::Guarded(char const* where, Handler handler) {

@@ -50,8 +50,7 @@ void CNorvelianWnd::hideEvent(QHideEvent* event) {
 void CNorvelianWnd::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     RunGuarded([this] {
-        if (element_)
-            element_->SetSize(static_cast<unsigned long>(width()), static_cast<unsigned long>(height()));
+        if (element_) element_->OnResized(width(), height());
         return true;
     });
 }

@@ -189,6 +189,7 @@ void Dialog_PC::GetSizeInformation(unsigned long& minimalWidth, unsigned long& m
 }
 
 void Dialog_PC::RecalculateSize() {
+    GUIElement::RecalculateSize();
     if (!window_) return;
     SizeRange range;
     GetSizeInformation(range.minimalWidth, range.maximalWidth, range.minimalHeight, range.maximalHeight);

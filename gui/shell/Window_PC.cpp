@@ -55,7 +55,7 @@ void Window_PC::Initialize(PlatformIndependentWindowID const& parent, Descriptio
     CreateChildren(*GetWindowID(), description, dataSource);
 
     AttributeReader const reader(description);
-    RecalculateSize();
+    ApplyLimits();
     auto const size = QSize(static_cast<int>(reader.Unsigned(WindowKeys::width)),
                             static_cast<int>(reader.Unsigned(WindowKeys::height)))
                           .expandedTo(window_->minimumSize())
@@ -125,6 +125,13 @@ void Window_PC::SetSize(unsigned long width, unsigned long height) {
     LayOut();
 }
 
+void Window_PC::OnResized(int width, int height) {
+    auto const newWidth = static_cast<unsigned long>(width);
+    auto const newHeight = static_cast<unsigned long>(height);
+    // A window that appears is told the size that it was laid out for.
+    if (!IfSizeEqual(newWidth, newHeight)) SetSize(newWidth, newHeight);
+}
+
 void Window_PC::LayOut() {
     GUIElement* const child = GetFirstChild();
     if (!child) return;
@@ -143,11 +150,16 @@ void Window_PC::GetSizeInformation(unsigned long& minimalWidth, unsigned long& m
         GUIElement::GetSizeInformation(minimalWidth, maximalWidth, minimalHeight, maximalHeight);
 }
 
-void Window_PC::RecalculateSize() {
-    if (!window_) return;
+void Window_PC::ApplyLimits() {
     SizeRange range;
     GetSizeInformation(range.minimalWidth, range.maximalWidth, range.minimalHeight, range.maximalHeight);
     if (resizeable_) TopLevel::ApplyLimits(*window_, range, true);
+}
+
+void Window_PC::RecalculateSize() {
+    GUIElement::RecalculateSize();
+    if (!window_) return;
+    ApplyLimits();
     LayOut();
 }
 

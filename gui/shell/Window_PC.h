@@ -38,10 +38,12 @@ public:
     bool IsCloseable() const { return closeable_; }
     /// The user has moved the window; coordinates may be negative.
     void OnMoved(int x, int y);
+    void OnResized(int width, int height);
 
 private:
     void CreatePlatformWindow(PlatformIndependentWindowID const& parent, DescriptionTree const& description);
     void ApplyPlace(DescriptionTree const& description);
+    void ApplyLimits();
     void LayOut();
 
     QPointer<CNorvelianWnd> window_;

@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# Draws the pictures of this directory, each once for plain screens and once, as name@2x.png, for dense ones.
+# Own artwork; needs ImageMagick 6 and the Liberation fonts. Run it after a change and commit what it made.
+set -euo pipefail
+cd "$(dirname "$0")"
+font=/usr/share/fonts/truetype/liberation/LiberationSans-Bold.ttf
+
+# picture NAME WIDTH HEIGHT DRAWING: the drawing is in plain pixels and is scaled as a whole.
+picture() {
+  local name=$1 width=$2 height=$3 drawing=$4 scale suffix
+  for scale in 1 2; do
+    suffix=$([ "$scale" = 1 ] || echo "@2x")
+    convert -size "$((width * scale))x$((height * scale))" xc:none -font "$font" \
+      -draw "scale $scale,$scale $drawing" -strip -define png:exclude-chunk=time "PNG32:$name$suffix.png"
+  done
+}
+
+# A button's face: NAME WIDTH FILL EDGE TEXTCOLOR SHIFT LABEL; pressed ones stand one pixel lower.
+face() {
+  local name=$1 width=$2 fill=$3 edge=$4 ink=$5 shift=$6 label=$7
+  picture "$name" "$width" 26 "fill $fill stroke $edge stroke-width 1
+    roundrectangle 0.5,0.5 $((width - 1)).5,25.5 4,4
+    fill $ink stroke none font-size 12 gravity center text 0,$shift '$label'"
+}
+
+# button NAME WIDTH LABEL: the states Up, Down, disabled and mouse over, plain and active.
+button() {
+  face "$1U" "$2" '#f4f4f4' '#7a7a7a' '#202020' 0 "$3"
+  face "$1D" "$2" '#cdd8e4' '#3c5a78' '#202020' 1 "$3"
+  face "$1X" "$2" '#efefef' '#c4c4c4' '#a8a8a8' 0 "$3"
+  face "$1O" "$2" '#e4eef8' '#3c78b4' '#202020' 0 "$3"
+  face "$1UA" "$2" '#ffe9b8' '#b07800' '#202020' 0 "$3"
+  face "$1DA" "$2" '#f0d080' '#8a5c00' '#202020' 1 "$3"
+  face "$1XA" "$2" '#f4ecd8' '#d0c4a4' '#b0a890' 0 "$3"
+  face "$1OA" "$2" '#fff2d0' '#d09000' '#202020' 0 "$3"
+}
+
+# tab NAME WIDTH FILL SHAPE: one end of a tab, 24 pixels high.
+tab() { picture "$1" "$2" 24 "fill $3 stroke none $4"; }
+
+button PaperPress 72 ''
+mkdir -p English German French
+button English/Measure 90 'Measure'
+button German/Measure 90 'Messen'
+button French/Measure 90 'Mesurer'
+
+quiet='#9d9d9d'
+chosen='#c4c4c4'
+tab TabBorderLeft 3 "$quiet" 'polygon 0,24 3,0 3,24'
+tab TabBorderLeft2 3 "$quiet" 'rectangle 0,0 3,24'
+tab TabBorderMostLeft 3 "$quiet" 'polygon 0,24 0,3 3,0 3,24'
+tab 'TabBorderLeft Selected' 3 "$chosen" 'polygon 0,24 0,3 3,0 3,24'
+tab TabBorderRight 3 "$quiet" 'polygon 0,0 3,24 0,24'
+tab 'TabBorderRight Selected' 3 "$chosen" 'polygon 0,0 3,3 3,24 0,24'
+tab TabBorderMostRight 16 "$quiet" 'polygon 0,0 4,0 16,24 0,24'
+tab 'TabBorderMostRight Selected' 16 "$chosen" 'polygon 0,0 4,0 16,24 0,24'
+tab TabBorderMostRightBroken 32 "$quiet" 'polygon 0,0 18,0 22,6 16,12 22,18 18,24 0,24'
+tab TabBorderMostLeftBrokenSel 32 "$chosen" 'polygon 0,0 18,0 22,6 16,12 22,18 18,24 0,24'
+
+# The warning sign.
+picture Warnung 32 32 "fill #ffd400 stroke #202020 stroke-width 2 stroke-linejoin round
+  polygon 16,3 30,28 2,28
+  fill #202020 stroke none roundrectangle 14.5,11 17.5,20 1.5,1.5 circle 16,23.6 16,25.4"
+
+# A press unit from the side: plate, blanket and impression cylinder, the sheet between the last two.
+picture TrendPressSection 57 75 "fill #dcdcdc stroke #606060 stroke-width 1 roundrectangle 6.5,0.5 50.5,74.5 6,6
+  fill #b8c4d0 circle 28.5,16.5 28.5,4.5
+  fill #8fa3b8 circle 28.5,37.5 28.5,27.5
+  fill #70859a circle 28.5,60 28.5,49.5
+  stroke #ffffff stroke-width 2 line 0,48.5 57,48.5
+  stroke none fill #404040 circle 28.5,16.5 28.5,15 circle 28.5,37.5 28.5,36 circle 28.5,60 28.5,58.5"
+
+# Ambient light: a lamp's rays over a dark ground.
+picture PropertyAmbientPatch 48 48 "fill #303840 stroke none rectangle 0,0 48,48
+  stroke #ffe27a stroke-width 2 stroke-linecap round
+  line 24,5 24,10 line 24,38 24,43 line 5,24 10,24 line 38,24 43,24
+  line 10.5,10.5 14,14 line 34,34 37.5,37.5 line 37.5,10.5 34,14 line 14,34 10.5,37.5
+  stroke none fill #fff3c0 circle 24,24 24,14"
+
+# What stands for a picture that isn't there.
+picture UnknownBitmap 24 24 "fill #ffffff stroke #b00000 stroke-width 1 rectangle 0.5,0.5 23.5,23.5
+  stroke #e0a0a0 line 1,1 23,23 line 23,1 1,23
+  fill #b00000 stroke none font-size 16 gravity center text 0,0 '?'"
