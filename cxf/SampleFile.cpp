@@ -71,7 +71,10 @@ void WriteSampleSets(std::string const& path, std::vector<SampleSetPointer> cons
     try {
         ::Utilities::WriteFileAtomically(path, text);
     } catch (Utilities::Exceptions::ResourceException const& failure) {
-        throw FileException(path, 0, 0, failure.what());
+        // The reason names the file already.
+        std::string_view reason = failure.what();
+        if (reason.starts_with(path + ": ")) reason.remove_prefix(path.size() + 2);
+        throw FileException(path, 0, 0, std::string(reason));
     }
 }
 

@@ -22,7 +22,8 @@ struct ReadOptions {
 /// apart by the first character. One set for each table; there is at least one, and none is empty.
 /// Throws `FileException`; a file that can't be read to its end gives nothing.
 std::vector<SampleSetPointer> ReadSampleSets(std::string const& path, ReadOptions const& options = {});
-/// The first set of the file; with `requireSpectra` the first that has spectra.
+/// The first set of the file; with `requireSpectra` the first that has spectra. To write a file again with
+/// all its tables, keep what `ReadSampleSets` gives.
 SampleSetPointer ReadSampleSet(std::string const& path, ReadOptions const& options = {});
 
 /// The same from a text; `name` stands in messages.

@@ -5,6 +5,7 @@
 #include "tests/cxf/support.h"
 
 #include <cmath>
+#include <limits>
 #include <random>
 
 using namespace CxfTest;
@@ -62,6 +63,23 @@ TEST(Batch, WrongLengthsAreRefused) {
     std::vector<double> const lab(6);
     std::vector<double> difference(3);
     EXPECT_THROW(Tristim::Batch::DeltaE2000(lab, lab, difference), Tristim::TristimException);
+}
+
+TEST(Batch, ANumberThatIsNoneStaysNone) {
+    auto const weights = Tristim::WeightsFor({});
+    std::vector<float> spectrum(Tristim::kBands, 0.5F);
+    spectrum[20] = std::numeric_limits<float>::quiet_NaN();
+    std::vector<float> lab(3);
+    Tristim::Batch::SpectraToLab(spectrum, *weights, lab);
+    EXPECT_TRUE(std::isnan(lab[0]));
+    for (std::size_t place = 0; place < 3; ++place) {
+        std::vector<double> const one{50, 10, 10};
+        std::vector<double> other = one;
+        other[place] = std::numeric_limits<double>::quiet_NaN();
+        double difference = 0;
+        Tristim::Batch::DeltaE2000(one, other, {&difference, 1});
+        EXPECT_TRUE(std::isnan(difference)) << place;
+    }
 }
 
 TEST(Kernels, VectorPathEqualsThePortableOne) {
