@@ -52,8 +52,8 @@ void DescribeNode(std::string& text, int i, int depth) {
 }
 
 std::string Description() {
-    std::string text = "<Window ElementName=\"Main\" Width=\"" + std::to_string(windowWidth) + "\" Height=\"" +
-                       std::to_string(windowHeight) + "\">\n";
+    std::string text = "<Window ElementName=\"Main\" Width=\"" + std::to_string(windowWidth) +
+                       "\" Height=\"" + std::to_string(windowHeight) + "\">\n";
     DescribeNode(text, 0, 0);
     return text + "</Window>\n";
 }
@@ -179,7 +179,8 @@ void RepaintOurs(benchmark::State& state) {
     QApplication::processEvents();
     pane.paints = 0;
     for (auto _ : state) pane.Repaint();
-    if (pane.paints < static_cast<int>(state.iterations())) state.SkipWithError("repaint was not synchronous");
+    if (pane.paints < static_cast<int>(state.iterations()))
+        state.SkipWithError("repaint was not synchronous");
 }
 
 void RepaintFloor(benchmark::State& state) {
@@ -192,7 +193,8 @@ void RepaintFloor(benchmark::State& state) {
     QApplication::processEvents();
     widget.paints = 0;
     for (auto _ : state) widget.repaint();
-    if (widget.paints < static_cast<int>(state.iterations())) state.SkipWithError("repaint was not synchronous");
+    if (widget.paints < static_cast<int>(state.iterations()))
+        state.SkipWithError("repaint was not synchronous");
 }
 
 // ------------------------------------------------------------------ records
@@ -246,7 +248,8 @@ void CopyOurs(benchmark::State& state) {
         benchmark::DoNotOptimize(copy);
     }
     Anything const copy(record);
-    if (copy.GetMapOfAnythings()["nested"].GetMapOfAnythings().GetSize() != 999) state.SkipWithError("not a copy");
+    if (copy.GetMapOfAnythings()["nested"].GetMapOfAnythings().GetSize() != 999)
+        state.SkipWithError("not a copy");
 }
 
 void CopyPeer(benchmark::State& state) {
@@ -297,7 +300,9 @@ int main(int argc, char** argv) {
     using benchmark::RegisterBenchmark;
     auto const ms = benchmark::kMillisecond;
     RegisterBenchmark("description.first-paint-1000/ours", DescriptionOurs)->UseManualTime()->Unit(ms);
-    RegisterBenchmark("description.first-paint-1000/floor:direct-widgets", DescriptionFloor)->UseManualTime()->Unit(ms);
+    RegisterBenchmark("description.first-paint-1000/floor:direct-widgets", DescriptionFloor)
+        ->UseManualTime()
+        ->Unit(ms);
     RegisterBenchmark("repaint.200x200/ours", RepaintOurs)->Unit(benchmark::kMicrosecond);
     RegisterBenchmark("repaint.200x200/floor:QWidget.repaint", RepaintFloor)->Unit(benchmark::kMicrosecond);
     RegisterBenchmark("map.lookup-12/ours", LookUpOurs);

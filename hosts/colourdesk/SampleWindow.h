@@ -20,7 +20,8 @@ public:
     Utilities::Anything GetValue(Utilities::String const& element, Utilities::String const& key) override;
     void SetValue(Utilities::String const& element, Utilities::String const& key,
                   Utilities::Anything const& value) override;
-    Utilities::Callback GetCallback(Utilities::String const& element, Utilities::String const& event) override;
+    Utilities::Callback GetCallback(Utilities::String const& element,
+                                    Utilities::String const& event) override;
 
     Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample>
     GetSample(Utilities::Anything const& sampleKey) override;
