@@ -112,8 +112,8 @@ void XYChart::DrawXNumbers(PlatformIndependentDeviceContext& context, Graph& gra
         long textWidth = 0;
         long textHeight = 0;
         context.GetTextExtent(text, textWidth, textHeight);
-        context.DrawText(ScaleMap::ToShort(static_cast<double>(ScaleMap::ToShort(place) - textWidth / 2)), y,
-                         text);
+        long const x = ScaleMap::ToShort(place) - textWidth / 2;
+        context.DrawText(ScaleMap::ToShort(static_cast<double>(x)), y, text);
     }
 }
 
@@ -135,9 +135,8 @@ void XYChart::DrawYNumbers(PlatformIndependentDeviceContext& context, Graph& gra
         long textWidth = 0;
         long textHeight = 0;
         context.GetTextExtent(text, textWidth, textHeight);
-        context.DrawText(yNumbersLeft,
-                         ScaleMap::ToShort(static_cast<double>(ScaleMap::ToShort(place) - textHeight / 2)),
-                         text);
+        long const y = ScaleMap::ToShort(place) - textHeight / 2;
+        context.DrawText(yNumbersLeft, ScaleMap::ToShort(static_cast<double>(y)), text);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "gui/elements/Attributes.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace GUI {
 
@@ -145,17 +146,18 @@ void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
     FindVisible(GetPlaces(), selected);
     bool isPlainPen = false;
     int const radius = spotSize_;
-    for (auto it = visible_.rbegin(); it != visible_.rend(); ++it) {
-        if (static_cast<long>(it->number) == selected) {
+    for (VisibleSpot const& spot : std::views::reverse(visible_)) {
+        if (static_cast<long>(spot.number) == selected) {
             context.SetPen(mark, 3, PlatformIndependentDeviceContext::solid);
             isPlainPen = false;
         } else if (!isPlainPen) {
             context.SetPen(outline, 1, PlatformIndependentDeviceContext::solid);
             isPlainPen = true;
         }
-        context.SetBrush(spots_[it->number].color);
-        context.FillEllipse(ScaleMap::ToShort(it->place.x - radius), ScaleMap::ToShort(it->place.y - radius),
-                            ScaleMap::ToShort(it->place.x + radius), ScaleMap::ToShort(it->place.y + radius));
+        context.SetBrush(spots_[spot.number].color);
+        context.FillEllipse(
+            ScaleMap::ToShort(spot.place.x - radius), ScaleMap::ToShort(spot.place.y - radius),
+            ScaleMap::ToShort(spot.place.x + radius), ScaleMap::ToShort(spot.place.y + radius));
     }
 }
 

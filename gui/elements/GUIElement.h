@@ -21,7 +21,7 @@ namespace GUI {
 ///
 /// A parent owns its children; the parent window's identity, the parent element and the data source
 /// must outlive the element. All operations belong to the GUI thread.
-class GUIElement : public Utilities::Component {
+class alignas(64) GUIElement : public Utilities::Component {
 public:
     using Children = Utilities::List<Utilities::SmartPointer<GUIElement>>;
 
@@ -105,8 +105,8 @@ private:
 
     static std::uint64_t layoutRevision;
 
-    // What a layout reads and writes stands together in front: one cache line an element. Sizes are
-    // 32 bits wide by contract; only the signatures widen them.
+    // What a layout reads and writes stands together in front, and the alignment keeps it in one cache
+    // line. Sizes are 32 bits wide by contract; only the signatures widen them.
     std::uint32_t minimalWidth_ = 0;
     std::uint32_t maximalWidth_ = 10000;
     std::uint32_t minimalHeight_ = 0;

@@ -106,16 +106,6 @@ void CutEvenly(float origin, float size, std::span<Stretch> stretches) {
     }
 }
 
-LimitsSummary Summarise(std::span<ChildLimits const> limits, float weightSum) {
-    LimitsSummary summary{weightSum, !limits.empty() && limits.size() <= counterRange, 0, 0};
-    for (ChildLimits const& child : limits) {
-        summary.areEven = summary.areEven && child.maximum == limits.front().maximum;
-        summary.maximum = child.maximum;
-        summary.largestMinimum = std::max(summary.largestMinimum, child.minimum);
-    }
-    return summary;
-}
-
 } // namespace
 
 void GUILayoutElementBox::SetPosition(unsigned long x, unsigned long y) {
@@ -199,6 +189,7 @@ template <GUILayoutElementBox::Axis axis> void GUILayoutElementBox::AddUp() {
     sum_ = sum;
     bool const isExact = weights <= exactSum && limits_.size() <= counterRange;
     summary_ = Summarise(limits_, isExact ? static_cast<float>(weights) : SumOfWeights(limits_));
+    summary_.areEven = summary_.areEven && limits_.size() <= counterRange;
     isAddedUp_ = true;
 }
 

@@ -1,5 +1,6 @@
 #include "gui/layout/SpaceSharing.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <numeric>
@@ -17,13 +18,17 @@ float Weight(float maximum) {
     return maximum <= largest ? maximum : largest;
 }
 
+/// What a child gets of each pixel.
+double Fraction(float maximum, float weightSum) {
+    bool const isWeighty = std::fabs(static_cast<double>(weightSum)) > smallestSum;
+    return isWeighty ? static_cast<double>(maximum) / weightSum : 0.0;
+}
+
 /// What a child is offered, and that cut to whole pixels. Children of one box mostly have the same
 /// maximum, and so the same offer: it is worked out when the maximum changes.
 class Offer {
 public:
-    Offer(float weightSum, float available)
-        : weightSum_(weightSum), available_(available),
-          isWeighty_(std::fabs(static_cast<double>(weightSum)) > smallestSum) {}
+    Offer(float weightSum, float available) : weightSum_(weightSum), available_(available) {}
 
     /// Makes the offer for a child and says whether it fixes it.
     bool IsOutside(ChildLimits const& limits) {
@@ -42,7 +47,7 @@ public:
 
 private:
     void MakeFor(float maximum) {
-        double const offer = isWeighty_ ? static_cast<double>(maximum) / weightSum_ * available_ : 0.0;
+        double const offer = Fraction(maximum, weightSum_) * available_;
         size_ = static_cast<float>(offer);
         share_ = static_cast<float>(TruncateToPixels(offer));
         isAboveMaximum_ = share_ > maximum;
@@ -50,7 +55,6 @@ private:
 
     float weightSum_;
     float available_;
-    bool isWeighty_;
     /// The bits of the maximum that the offer is for; at first those of no number that arithmetic gives.
     std::uint32_t maximum_ = 0xFFFFFFFF;
     float size_ = 0;
@@ -116,12 +120,24 @@ void ShareSpace(float available, std::span<ChildLimits const> limits, float weig
     } while (place < open.Get().size());
 }
 
+LimitsSummary Summarise(std::span<ChildLimits const> limits, float weightSum) {
+    LimitsSummary summary;
+    summary.weightSum = weightSum;
+    summary.areEven = !limits.empty();
+    for (ChildLimits const& child : limits) {
+        summary.areEven = summary.areEven && child.maximum == limits.front().maximum;
+        summary.maximum = child.maximum;
+        summary.largestMinimum = std::max(summary.largestMinimum, child.minimum);
+    }
+    summary.fraction = Fraction(summary.maximum, weightSum);
+    return summary;
+}
+
 bool ShareEvenly(float available, LimitsSummary const& summary, float& size) {
-    if (!summary.areEven) return false;
-    Offer offer(summary.weightSum, available);
-    if (offer.IsOutside({summary.largestMinimum, summary.maximum})) return false;
-    size = offer.GetSize();
-    return true;
+    double const offer = summary.fraction * available;
+    auto const share = static_cast<float>(TruncateToPixels(offer));
+    size = static_cast<float>(offer);
+    return summary.areEven && !(share < summary.largestMinimum) && !(share > summary.maximum);
 }
 
 } // namespace GUI

@@ -40,11 +40,15 @@ inline constexpr std::uint64_t exactSum = std::uint64_t{1} << 24U;
 /// What is known of all children of a box together.
 struct LimitsSummary {
     float weightSum = 0;
-    /// Whether all have the same maximum.
+    /// Whether all have the same maximum; the rest counts only then.
     bool areEven = false;
     float maximum = 0;
     float largestMinimum = 0;
+    /// What each gets of a pixel.
+    double fraction = 0;
 };
+
+LimitsSummary Summarise(std::span<ChildLimits const> limits, float weightSum);
 
 /// True if all children get one and the same size; says which. It is what `ShareSpace` would give each.
 bool ShareEvenly(float available, LimitsSummary const& summary, float& size);

@@ -97,17 +97,26 @@ TEST(SpaceSharing, EqualsItsTranscriptionForAnyInput) {
             return static_cast<float>(random() % 20000) / 16;
         }
     };
+    int evenRounds = 0;
     for (int round = 0; round < 60000; ++round) {
         auto const n = static_cast<std::uint32_t>(random() % (round % 50 == 0 ? 60 : 9));
         Vector<float> minima(n);
         Vector<float> maxima(n);
         for (float& minimum : minima) minimum = random() % 3 == 0 ? 0 : pick();
-        for (float& maximum : maxima) maximum = pick();
+        float const common = pick();
+        for (float& maximum : maxima) maximum = round % 3 == 0 ? common : pick();
         float const available = random() % 8 == 0 ? -pick() : random() % 4 == 0 ? pick() : random() % 3000;
         auto const expected = Transcribed(available, minima, maxima);
         auto const actual = BoxProbe::DistributeSizes(available, minima, maxima);
         ASSERT_EQ(actual, expected) << "round " << round << ", available " << available;
+        std::vector<GUI::ChildLimits> limits;
+        for (std::uint32_t i = 0; i < n; ++i) limits.push_back({minima[i], maxima[i]});
+        float even = 0;
+        if (!GUI::ShareEvenly(available, GUI::Summarise(limits, GUI::SumOfWeights(limits)), even)) continue;
+        ++evenRounds;
+        for (float const size : expected) ASSERT_EQ(size, even) << "round " << round;
     }
+    EXPECT_GT(evenRounds, 1000);
     EXPECT_THROW(BoxProbe::DistributeSizes(1, Vector<float>(2), Vector<float>(1)),
                  Norvelian::Utilities::Exceptions::OutOfRangeException);
     // What no integer holds is defined: it offers nothing.
