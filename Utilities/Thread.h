@@ -20,7 +20,8 @@ namespace Utilities {
 /// other kind that it held stay held; data that it was changing stay half changed; a stream of the C
 /// library that it was waiting on stays locked. A thread that stays inside the C library for two seconds
 /// without waiting, or has blocked all signals, can't be ended: it is reported as a diagnostic text and
-/// left running, and then its object must stay alive.
+/// left running, and then its object must stay alive. So it is with every thread that computes in a
+/// program's own code if the memory allocator is linked into that program itself.
 ///
 /// A `Thread` that dies while its thread runs leaves it running.
 class Thread {
