@@ -14,13 +14,14 @@ namespace Utilities {
 /// What a forced stop promises: the thread runs not one instruction more when `Stop` returns, so its
 /// object may be deleted; it isn't ended inside the memory allocator, the C library or the loader unless
 /// it waits there in the kernel, so the process can go on allocating memory and making threads; a
-/// `Mutex` that it held is free for the next one; its stack is given back.
+/// `Mutex` that it held is free for the next one.
 ///
-/// What it can't promise: nothing on the thread's stack is destroyed, so memory, files and locks of any
-/// other kind that it held stay held; data that it was changing stay half changed; a stream of the C
-/// library that it was waiting on stays locked. A thread that stays inside the C library for two seconds
-/// without waiting, or has blocked all signals, can't be ended: it is reported as a diagnostic text and
-/// left running, and then its object must stay alive.
+/// What it can't promise: nothing on the thread's stack is destroyed, so memory (the stack itself too), files
+/// and locks of any other kind that it held stay held; data that it was changing stay half changed; a stream
+/// of the C library that it was waiting on stays locked. A thread that stays inside the C library for two
+/// seconds without waiting, or has blocked all signals, can't be ended: it is reported as a diagnostic text
+/// and left running, and then its object must stay alive. So it is with every thread that computes in a
+/// program's own code if the memory allocator is linked into that program itself.
 ///
 /// A `Thread` that dies while its thread runs leaves it running.
 class Thread {

@@ -16,7 +16,6 @@ namespace GUI {
 
 using Norvelian::Utilities::Exceptions::RuntimeException;
 using Utilities::File;
-using Utilities::String;
 
 namespace {
 

@@ -126,7 +126,7 @@ ImageDirectory* ImageService::LanguageDirectory(String const& language) {
 }
 
 SmartPointer<Bitmap> ImageService::LoadFound(Found const& found) const {
-    auto const bitmap = Utilities::ResolveComponent<Bitmap>("Bitmap");
+    auto bitmap = Utilities::ResolveComponent<Bitmap>("Bitmap");
     if (bitmap.IsNull() || !bitmap->Load(found.file)) return {};
     if (markImages_) Mark(*bitmap, found.level);
     if (showFileNames_) WriteName(*bitmap, found.file.GetName());

@@ -34,12 +34,14 @@ struct ThreadImplementation_PC::Started {
             code = started.object->Run();
         } catch (abi::__forced_unwind const&) {
             // The object has ended its thread by the system's own means, which must run its course.
+            BlockKilling();
             started.exitCode = exitCodeOfException;
             started.ended = true;
             throw;
         } catch (...) {
             Diagnostics::DropException("ThreadImplementation: run operation");
         }
+        BlockKilling();
         started.exitCode = code;
         started.ended = true;
         return nullptr;
@@ -74,7 +76,7 @@ void ThreadImplementation_PC::Stop(long waitMilliseconds) {
     if (!started_ || started_->ended) return;
     if (waitMilliseconds > 0) std::this_thread::sleep_for(std::chrono::milliseconds(waitMilliseconds));
     if (started_->ended) return;
-    started_->joined = KillThread(started_->thread, patienceWithForce);
+    started_->joined = KillThread(started_->thread, started_->ended, patienceWithForce);
     if (!started_->joined) {
         Diagnostics::Report("ThreadImplementation::Stop", "the thread can't be ended and runs on");
         return;

@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <ctime>
 #include <link.h>
 #include <mutex>
 #include <sys/auxv.h>
@@ -68,6 +67,8 @@ GuardedCode& Guarded() {
 
 /// The one thread that the handler may end, 0 if there is none.
 std::atomic<pthread_t> condemned{};
+/// The kernel's number of the thread that the handler has ended, 0 if it hasn't yet.
+std::atomic<pid_t> killed = 0;
 
 int Signal() { return SIGRTMAX - 4; }
 
@@ -101,7 +102,8 @@ void EndIfSound(int, siginfo_t*, void* context) {
     auto const place = WhereInterrupted(*static_cast<ucontext_t const*>(context));
     if (!place.waitingInKernel && Guarded().Holds(place.instruction)) return;
     // Ends this thread alone, and without a word to the C library: nothing is unwound. The kernel frees
-    // the robust mutexes of the thread and wakes who joins it.
+    // the robust mutexes of the thread.
+    killed = static_cast<pid_t>(::syscall(SYS_gettid));
     ::syscall(SYS_exit, 0);
 }
 
@@ -116,32 +118,37 @@ void Prepare() {
     ::sigaction(Signal(), &action, nullptr);
 }
 
-bool JoinWithin(pthread_t thread, std::chrono::nanoseconds time) {
-    timespec deadline{};
-    ::clock_gettime(CLOCK_MONOTONIC, &deadline);
-    deadline.tv_nsec += time.count();
-    if (deadline.tv_nsec >= 1000000000) {
-        deadline.tv_nsec -= 1000000000;
-        ++deadline.tv_sec;
-    }
-    return ::pthread_clockjoin_np(thread, nullptr, CLOCK_MONOTONIC, &deadline) == 0;
+/// The handler's last act is to leave; until the kernel has taken the thread away it may still be there.
+void WaitUntilGone(pid_t thread) {
+    while (::syscall(SYS_tgkill, ::getpid(), thread, 0) == 0) ::usleep(50);
 }
 
 } // namespace
 
-bool KillThread(pthread_t thread, std::chrono::milliseconds patience) {
+void BlockKilling() {
+    sigset_t signals;
+    ::sigemptyset(&signals);
+    ::sigaddset(&signals, Signal());
+    ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
+
+bool KillThread(pthread_t thread, std::atomic<bool> const& ended, std::chrono::milliseconds patience) {
     static std::mutex oneAtATime;
     std::lock_guard const lock(oneAtATime);
     Prepare();
+    killed = 0;
     condemned = thread;
-    bool ended = false;
     for (auto const end = std::chrono::steady_clock::now() + patience;
-         !ended && std::chrono::steady_clock::now() < end;) {
+         killed == 0 && !ended && std::chrono::steady_clock::now() < end;) {
         ::pthread_kill(thread, Signal());
-        ended = JoinWithin(thread, std::chrono::milliseconds(1));
+        for (int looks = 0; looks < 20 && killed == 0 && !ended; ++looks) ::usleep(50);
     }
+    if (killed != 0)
+        WaitUntilGone(killed);
+    else if (ended)
+        ::pthread_join(thread, nullptr);
     condemned = pthread_t{};
-    return ended;
+    return killed != 0 || ended;
 }
 
 } // namespace Utilities
