@@ -10,11 +10,12 @@ export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work" QT_QPA_PLATFORM=xc
 fail() { echo "FAILED: $1"; exit 1; }
 
 openbox >/dev/null 2>&1 &
+sleep 1 # a window that comes before its manager may stay unmanaged
 start() {
   "$colourdesk" >"$work/log" 2>&1 &
   program=$!
-  for _ in $(seq 100); do
-    window=$(xdotool search --onlyvisible --pid $program --name 'Colour Desk' 2>/dev/null | head -n 1) && [ -n "$window" ] && break
+  for _ in $(seq 300); do
+    window=$(xdotool search --onlyvisible --class colourdesk 2>/dev/null | head -n 1) && [ -n "$window" ] && break
     sleep 0.1
   done
   [ -n "${window:-}" ] || fail "no window appeared: $(cat "$work/log")"
