@@ -5,7 +5,6 @@
 #include "gui/elements/Attributes.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace GUI {
 
@@ -146,7 +145,8 @@ void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
     FindVisible(GetPlaces(), selected);
     bool isPlainPen = false;
     int const radius = spotSize_;
-    for (VisibleSpot const& spot : std::views::reverse(visible_)) {
+    for (auto it = visible_.rbegin(); it != visible_.rend(); ++it) {
+        VisibleSpot const& spot = *it;
         if (static_cast<long>(spot.number) == selected) {
             context.SetPen(mark, 3, PlatformIndependentDeviceContext::solid);
             isPlainPen = false;
