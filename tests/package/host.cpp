@@ -1,4 +1,5 @@
 // The host of the README, which ends by itself.
+#include "Utilities/NamingService.h"
 #include "Utilities/Plugin.h"
 #include "Utilities/ProgramDirectory.h"
 #include "cxf/TristimService.h"
