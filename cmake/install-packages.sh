@@ -3,7 +3,7 @@
 # Needs root or sudo only if something is missing.
 set -euo pipefail
 
-build="cmake ninja-build g++ pkg-config qt6-base-dev libpugixml-dev libsimpleini-dev liblcms2-dev
+build="cmake ninja-build g++ pkg-config qt6-base-dev libpugixml-dev liblcms2-dev
        libjpeg-dev qt6-image-formats-plugins fonts-liberation fonts-dejavu-core"
 test="libgtest-dev libgmock-dev xvfb xauth openbox xdotool imagemagick"
 check="clang-format-14 clang-tidy-14 clang-14 libclang-rt-14-dev"
