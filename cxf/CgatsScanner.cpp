@@ -9,6 +9,8 @@ namespace Norvelian::ColorExchangeFormat {
 
 namespace {
 
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 constexpr bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 constexpr bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
 /// Bytes that no text file holds, in any encoding that extends ASCII.
@@ -30,7 +32,6 @@ std::string CgatsToken::Unquoted() const {
 
 CgatsScanner::CgatsScanner(std::string_view text, std::string const& file)
     : file_(file), text_(text), position_(text.data()), end_(text.data() + text.size()) {
-    if (text.starts_with("\xEF\xBB\xBF")) position_ += 3;
     auto const binary = std::find_if(position_, end_, IsBinary);
     if (binary != end_) FailAt(binary, "the file is binary; expected CGATS text");
 }
@@ -48,10 +49,14 @@ CgatsToken CgatsScanner::Next() {
             comments_.emplace_back(begin, position_);
         } else if (EndsWord(c)) {
             ++position_;
+        } else if (!begun_ && std::string_view(position_, end_).starts_with(kByteOrderMark)) {
+            // Editors put one at the very start; joined files bring several, behind blanks and comments.
+            position_ += kByteOrderMark.size();
         } else {
             break;
         }
     }
+    begun_ = true;
     token.startsLine = newLine_;
     newLine_ = false;
     if (position_ == end_) {
@@ -85,10 +90,12 @@ CgatsToken CgatsScanner::Quoted(CgatsToken token) {
 CgatsToken CgatsScanner::Peek() {
     char const* const position = position_;
     bool const newLine = newLine_;
+    bool const begun = begun_;
     std::size_t const comments = comments_.size();
     CgatsToken const token = Next();
     position_ = position;
     newLine_ = newLine;
+    begun_ = begun;
     comments_.resize(comments);
     return token;
 }

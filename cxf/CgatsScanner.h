@@ -45,6 +45,7 @@ private:
     char const* position_;
     char const* end_;
     bool newLine_ = true;
+    bool begun_ = false; ///< whether a token was read; before it, byte order marks are skipped
     std::vector<std::string_view> comments_;
 };
 

@@ -122,7 +122,7 @@ TEST(Cgats, FractionOrPercentIsRecognisedAndStated) {
 TEST(Cgats, LayoutOfTheText) {
     std::string const fields = "SAMPLE_ID NOTE " + Fields("NM", "") + " SAMPLE_NAME";
     std::string const text =
-        "\xEF\xBB\xBF# made by hand\r\nORIGINATOR \"a \"\"lab\"\"\"\r\nUNQUOTED two words\r\n"
+        "\xEF\xBB\xBF# made by hand\r\n\xEF\xBB\xBFORIGINATOR \"a \"\"lab\"\"\"\r\nUNQUOTED two words\r\n"
         "BEGIN_DATA_FORMAT " +
         fields +
         " END_DATA_FORMAT\r\nNUMBER_OF_SETS 2\r\n"
