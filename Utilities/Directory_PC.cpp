@@ -28,6 +28,7 @@ template <class MatchEntry> std::vector<std::string> Matching(String const& dire
     }
     std::sort(found.begin(), found.end());
     std::vector<std::string> paths;
+    paths.reserve(found.size());
     for (auto& [how, path] : found) paths.push_back(std::move(path));
     return paths;
 }

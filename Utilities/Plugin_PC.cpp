@@ -26,7 +26,7 @@ Plugin::Plugin(std::string const& path) : path_(path), module_(dlopen(path.c_str
         if (dlsym(module_, name)) continue;
         std::string const reason = LoaderReason();
         dlclose(module_);
-        throw ResourceNotAvailableException(path + " is not a plug-in: " + reason);
+        throw ResourceNotAvailableException(std::string(path).append(" is not a plug-in: ").append(reason));
     }
 }
 

@@ -50,6 +50,16 @@ public:
     ListIterator<T> Last() { return ListIterator<T>(LastLive()); }
     ListIterator<T const> Last() const { return ListIterator<T const>(LastLive()); }
 
+    /// The first element that `matches` holds for, or null: a look that needs no place to come back to.
+    template <class Predicate> T* FindIf(Predicate matches) {
+        Node* const node = FindNode(matches);
+        return node ? &node->value : nullptr;
+    }
+    template <class Predicate> T const* FindIf(Predicate matches) const {
+        Node const* const node = FindNode(matches);
+        return node ? &node->value : nullptr;
+    }
+
     /// The inserting operations return an iterator on the new element and throw
     /// `ExceptionNullpointer` if it can't be allocated.
     ListIterator<T> InsertFront(T const& value) {
@@ -122,6 +132,7 @@ private:
         return ListIterator<T>(node);
     }
     void Unlink(Node* node) {
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): it can't follow the iterators' counts
         (node->previous ? node->previous->next : first_) = node->next;
         (node->next ? node->next->previous : last_) = node->previous;
         delete node;
@@ -154,6 +165,11 @@ private:
         std::swap(purgePending_, other.purgePending_);
         std::swap(first_, other.first_);
         std::swap(last_, other.last_);
+    }
+    template <class Predicate> Node* FindNode(Predicate const& matches) const {
+        for (Node* node = first_; node; node = node->next)
+            if (!node->removed && matches(std::as_const(node->value))) return node;
+        return nullptr;
     }
     Node* FirstLive() const {
         Node* node = first_;

@@ -41,10 +41,8 @@ public:
     /// A position in a list that may be changed serves where one to read is wanted.
     ListIterator(ListIterator<Value> const& other) requires std::is_const_v<T> { Enter(other.node_); }
     ListIterator& operator=(ListIterator const& other) {
-        if (node_ != other.node_) {
-            Leave();
-            Enter(other.node_);
-        }
+        ListIterator copy(other);
+        std::swap(node_, copy.node_);
         return *this;
     }
     ListIterator& operator=(ListIterator&& other) noexcept {

@@ -2,11 +2,11 @@
 
 #include "Utilities/Tools/List.h"
 #include "Utilities/Tools/Pair.h"
-#include "Utilities/Tools/Vector.h"
 
 #include <cstdint>
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 namespace Utilities {
 
@@ -22,15 +22,18 @@ template <class Key, class T> class MapIterator;
 template <class Key, class T> class Map {
     using Entry = Pair<Key, T>;
     using Chain = List<Entry>;
-    using Buckets = Vector<Chain>;
+    // A bucket without a chain is a null pointer: most are, and a map is made for every described element.
+    using Buckets = std::unique_ptr<std::unique_ptr<Chain>[]>;
 
 public:
     Map() = default;
     explicit Map(std::uint32_t bucketCount) : bucketCount_(bucketCount) {}
-    Map(Map const& other)
-        : count_(other.count_),
-          buckets_(other.buckets_ ? std::make_unique<Buckets>(*other.buckets_) : nullptr),
-          bucketCount_(other.bucketCount_) {}
+    Map(Map const& other) : count_(other.count_), bucketCount_(other.bucketCount_) {
+        if (!other.buckets_) return;
+        buckets_ = std::make_unique<std::unique_ptr<Chain>[]>(bucketCount_);
+        for (std::uint32_t bucket = 0; bucket < bucketCount_; ++bucket)
+            if (other.buckets_[bucket]) buckets_[bucket] = std::make_unique<Chain>(*other.buckets_[bucket]);
+    }
     Map(Map&& other) noexcept
         : count_(std::exchange(other.count_, 0)), buckets_(std::move(other.buckets_)),
           bucketCount_(other.bucketCount_) {}
@@ -49,24 +52,27 @@ public:
     /// The key's value, entered as a default value if the key is new.
     T& operator[](Key const& key) {
         std::uint32_t const bucket = BucketOf(key);
-        if (!buckets_) buckets_ = std::make_unique<Buckets>(bucketCount_);
-        Chain& chain = buckets_->begin()[bucket];
-        for (auto it = chain.Begin(); it.IsValid(); ++it)
-            if (it.Current().first == key) return it.Current().second;
-        auto const added = chain.Append();
-        added.Current().first = key;
+        if (!buckets_) buckets_ = std::make_unique<std::unique_ptr<Chain>[]>(bucketCount_);
+        std::unique_ptr<Chain>& chain = buckets_[bucket];
+        if (!chain) chain = std::make_unique<Chain>();
+        if (Entry* const found = chain->FindIf(HasKey(key))) return found->second;
+        Entry& added = chain->Append().Current();
+        added.first = key;
         ++count_;
-        return added.Current().second;
+        return added.second;
     }
 
     T const& operator[](Key const& key) const {
-        if (count_ != 0) {
-            Chain const& chain = buckets_->begin()[BucketOf(key)];
-            for (auto it = chain.Begin(); it.IsValid(); ++it)
-                if (it.Current().first == key) return it.Current().second;
-        }
+        if (T const* const found = FindValue(key)) return *found;
         throw Norvelian::Utilities::Exceptions::OutOfRangeException(
             "Not a valid key for 'operator[key] const' ");
+    }
+
+    /// The key's value, null for a key that isn't there: a look where absence is no surprise.
+    T const* FindValue(Key const& key) const {
+        Chain const* const chain = count_ != 0 ? buckets_[BucketOf(key)].get() : nullptr;
+        Entry const* const found = chain ? chain->FindIf(HasKey(key)) : nullptr;
+        return found ? &found->second : nullptr;
     }
 
     /// A position on the pair, or an invalid one.
@@ -77,11 +83,7 @@ public:
 
     /// Takes the pair out and returns its value; throws `OutOfRangeException` for an unknown key.
     T Remove(Key const& key) {
-        if (count_ != 0) {
-            std::uint32_t const bucket = BucketOf(key);
-            for (auto it = (*buckets_)[bucket].Begin(); it.IsValid(); ++it)
-                if (it.Current().first == key) return RemoveAt(bucket, it);
-        }
+        if (auto position = Find(key); position.IsValid()) return RemoveAt(position.bucket_, position.entry_);
         throw Norvelian::Utilities::Exceptions::OutOfRangeException(
             "Not a valid key for 'Remove(const Key&)' ");
     }
@@ -106,8 +108,8 @@ public:
     bool operator==(Map const& other) const {
         if (count_ != other.count_) return false;
         for (auto it = Begin(); it.IsValid(); ++it) {
-            auto const match = other.Find(it.GetKey());
-            if (!match.IsValid() || !(match.GetValue() == it.GetValue())) return false;
+            T const* const match = other.FindValue(it.GetKey());
+            if (!match || !(*match == it.GetValue())) return false;
         }
         return true;
     }
@@ -119,30 +121,37 @@ private:
         return static_cast<std::uint32_t>(key.GetHash(bucketCount_));
     }
 
+    static auto HasKey(Key const& key) {
+        return [&key](Entry const& entry) { return entry.first == key; };
+    }
+
     template <class Iterator, class Self> static Iterator FindIn(Self& self, Key const& key) {
         if (self.count_ == 0) return {};
         std::uint32_t const bucket = self.BucketOf(key);
-        for (auto it = self.ChainAt(bucket).Begin(); it.IsValid(); ++it)
+        for (auto it = self.BeginOf(bucket); it.IsValid(); ++it)
             if (it.Current().first == key) return Iterator(self, bucket, std::move(it));
         return {};
     }
     template <class Iterator, class Self> static Iterator FirstIn(Self& self) {
         if (self.count_ == 0) return {};
-        Iterator it(self, 0, self.ChainAt(0).Begin());
+        Iterator it(self, 0, self.BeginOf(0));
         it.SkipEmptyChains();
         return it;
     }
     T RemoveAt(std::uint32_t bucket, ListIterator<Entry>& it) {
-        T value = (*buckets_)[bucket].Remove(it).second;
+        T value = buckets_[bucket]->Remove(it).second;
         if (--count_ == 0) buckets_.reset();
         return value;
     }
-    // A bucket index is a remainder, or below the count by the iterator's walk.
-    Chain& ChainAt(std::uint32_t bucket) { return buckets_->begin()[bucket]; }
-    Chain const& ChainAt(std::uint32_t bucket) const { return buckets_->begin()[bucket]; }
+    ListIterator<Entry> BeginOf(std::uint32_t bucket) {
+        return buckets_[bucket] ? buckets_[bucket]->Begin() : ListIterator<Entry>();
+    }
+    ListIterator<Entry const> BeginOf(std::uint32_t bucket) const {
+        return buckets_[bucket] ? std::as_const(*buckets_[bucket]).Begin() : ListIterator<Entry const>();
+    }
 
     std::uint32_t count_ = 0;
-    std::unique_ptr<Buckets> buckets_;
+    Buckets buckets_;
     std::uint32_t bucketCount_ = 53;
 };
 
@@ -177,8 +186,7 @@ private:
         return entry_.Current();
     }
     void SkipEmptyChains() {
-        while (!entry_.IsValid() && bucket_ + 1 < map_->bucketCount_)
-            entry_ = map_->ChainAt(++bucket_).Begin();
+        while (!entry_.IsValid() && bucket_ + 1 < map_->bucketCount_) entry_ = map_->BeginOf(++bucket_);
     }
 
     std::uint32_t bucket_ = 0;

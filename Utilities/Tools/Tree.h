@@ -4,12 +4,15 @@
 #include "Utilities/Tools/SmartPointer.h"
 #include "core/base/String.h"
 
+#include <utility>
+
 namespace Utilities {
 
 /// A `T` with named children of the same kind.
 ///
 /// Children are owned jointly through smart pointers; the parent pointer is a back reference. A copy is
-/// deep: its root has no parent, and its children's parents are the copies. Children are walked on the
+/// deep: its root has no parent, and its children's parents are the copies. A move takes the children
+/// along and leaves the place in a parent's tree as it is. Children are walked on the
 /// live list, so entries may be inserted behind the one being visited.
 template <class T> class Tree : public T {
 public:
@@ -17,16 +20,21 @@ public:
 
     Tree() = default;
     Tree(Tree const& other) : T(other), name_(other.name_) { CopyChildren(other); }
+    Tree(Tree&& other) : T(std::move(other)), name_(std::move(other.name_)) { TakeChildren(other); }
     Tree& operator=(Tree const& other) {
-        if (this == &other) return *this;
-        Tree copy(other);
-        Disown();
-        T::operator=(copy);
-        name_ = copy.name_;
-        children_ = copy.children_;
-        for (auto it = children_.Begin(); it.IsValid(); ++it) it.Current()->parent_ = this;
+        if (this != &other) *this = Tree(other);
         return *this;
     }
+    Tree& operator=(Tree&& other) {
+        if (this == &other) return *this;
+        Disown();
+        T::operator=(std::move(other));
+        name_ = std::move(other.name_);
+        TakeChildren(other);
+        return *this;
+    }
+    // Overrides where `T` has a virtual destructor, which it needn't have.
+    // NOLINTNEXTLINE(modernize-use-override)
     ~Tree() { Disown(); }
 
     void AddChild(SmartPointer<Tree> const& child) {
@@ -54,6 +62,10 @@ private:
     void Disown() {
         for (auto it = children_.Begin(); it.IsValid(); ++it)
             if (it.Current()->parent_ == this) it.Current()->parent_ = nullptr;
+    }
+    void TakeChildren(Tree& other) {
+        children_ = std::move(other.children_);
+        for (auto it = children_.Begin(); it.IsValid(); ++it) it.Current()->parent_ = this;
     }
     void CopyChildren(Tree const& other) {
         for (auto it = other.children_.Begin(); it.IsValid(); ++it) AddChild(MakeSmart<Tree>(*it.Current()));

@@ -105,22 +105,32 @@ unsigned long String::GetUnsignedLong() const { return Parse<std::uint32_t>(text
 double String::GetDouble() const { return Parse<double>(text_, "double"); }
 
 unsigned long String::GetHash(unsigned long bucketCount) const {
-    // Eight bytes a step: keys are short and look-ups are many. The multiplier is the 64-bit golden
-    // ratio of Fibonacci hashing; the high half is folded in since the bucket is a remainder.
+    // Eight bytes a step, the last step overlapping the one before it: keys are short and look-ups are
+    // many. The multiplier is the 64-bit golden ratio of Fibonacci hashing, whose high bits are the good
+    // ones; scaling them to the buckets costs a multiplication where a remainder costs a division.
     constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15U;
-    char const* bytes = text_.data();
-    std::size_t left = text_.size();
-    std::uint64_t hash = left;
-    for (; left >= 8; bytes += 8, left -= 8) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes, 8);
-        hash = (hash ^ word) * multiplier;
-        hash ^= hash >> 32U;
+    auto const load = [](char const* bytes, auto word) {
+        std::memcpy(&word, bytes, sizeof(word));
+        return static_cast<std::uint64_t>(word);
+    };
+    char const* const bytes = text_.data();
+    std::size_t const size = text_.size();
+    std::uint64_t hash = size;
+    std::uint64_t last = 0;
+    if (size >= 8) {
+        for (std::size_t at = 0; at + 8 < size; at += 8) {
+            hash = (hash ^ load(bytes + at, std::uint64_t{})) * multiplier;
+            hash ^= hash >> 32U;
+        }
+        last = load(bytes + size - 8, std::uint64_t{});
+    } else if (size >= 4) {
+        last = load(bytes, std::uint32_t{}) << 32U | load(bytes + size - 4, std::uint32_t{});
+    } else if (size > 0) {
+        for (std::size_t const at : {std::size_t{0}, size / 2, size - 1})
+            last = last << 8U | static_cast<unsigned char>(bytes[at]);
     }
-    std::uint64_t rest = 0;
-    std::memcpy(&rest, bytes, left);
-    hash = (hash ^ rest) * multiplier;
-    return static_cast<std::uint32_t>(hash >> 32U) % static_cast<std::uint32_t>(bucketCount);
+    hash = (hash ^ last) * multiplier;
+    return static_cast<unsigned long>((hash >> 32U) * static_cast<std::uint32_t>(bucketCount) >> 32U);
 }
 
 } // namespace Utilities

@@ -145,6 +145,7 @@ void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
     FindVisible(GetPlaces(), selected);
     bool isPlainPen = false;
     int const radius = spotSize_;
+    // NOLINTNEXTLINE(modernize-loop-convert): reversed views of both compilers don't agree yet
     for (auto it = visible_.rbegin(); it != visible_.rend(); ++it) {
         VisibleSpot const& spot = *it;
         if (static_cast<long>(spot.number) == selected) {

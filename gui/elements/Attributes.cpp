@@ -4,6 +4,8 @@
 
 namespace GUI {
 
+using Utilities::String;
+
 namespace {
 
 std::vector<AttributeTable const*>& Tables() {
@@ -58,10 +60,40 @@ std::vector<Attribute> AttributeTable::Collect(std::string_view component) {
     return collected;
 }
 
-Utilities::String AttributeReader::Text(Attribute const& attribute) const {
-    if (attribute.mandatory) return attributes_[attribute.key].GetString();
-    auto const found = attributes_.Find(attribute.key);
-    return found.IsValid() ? found.GetValue().GetString() : Utilities::String(attribute.defaultValue);
+String const* AttributeReader::Find(Attribute const& attribute) const {
+    if (attribute.mandatory) return &attributes_[attribute.key].GetString();
+    auto const* const found = attributes_.FindValue(attribute.key);
+    return found ? &found->GetString() : nullptr;
+}
+
+bool AttributeReader::Is(Attribute const& attribute, char const* text) const {
+    String const* const found = Find(attribute);
+    return found ? *found == text : std::string_view(attribute.defaultValue) == text;
+}
+
+String AttributeReader::Text(Attribute const& attribute) const {
+    String const* const found = Find(attribute);
+    return found ? *found : String(attribute.defaultValue);
+}
+
+long AttributeReader::Long(Attribute const& attribute) const {
+    String const* const found = Find(attribute);
+    return found ? found->GetLong() : String(attribute.defaultValue).GetLong();
+}
+
+unsigned long AttributeReader::Unsigned(Attribute const& attribute) const {
+    String const* const found = Find(attribute);
+    return found ? found->GetUnsignedLong() : String(attribute.defaultValue).GetUnsignedLong();
+}
+
+double AttributeReader::Number(Attribute const& attribute) const {
+    String const* const found = Find(attribute);
+    return found ? found->GetDouble() : String(attribute.defaultValue).GetDouble();
+}
+
+RGBVector AttributeReader::Colour(Attribute const& attribute) const {
+    String const* const found = Find(attribute);
+    return RGBVector(found ? *found : String(attribute.defaultValue));
 }
 
 } // namespace GUI

@@ -57,20 +57,22 @@ class AttributeReader {
 public:
     explicit AttributeReader(AttributeMap const& attributes) : attributes_(attributes) {}
 
-    bool Has(Attribute const& attribute) const { return attributes_.Find(attribute.key).IsValid(); }
+    bool Has(Attribute const& attribute) const { return attributes_.FindValue(attribute.key) != nullptr; }
     Utilities::String Text(Attribute const& attribute) const;
     /// True only if the text is "Yes".
-    bool Flag(Attribute const& attribute) const { return Text(attribute) == "Yes"; }
+    bool Flag(Attribute const& attribute) const { return Is(attribute, "Yes"); }
     /// True unless the text is "No", for flags that are on unless switched off.
-    bool FlagUnlessNo(Attribute const& attribute) const { return !(Text(attribute) == "No"); }
-    long Long(Attribute const& attribute) const { return Text(attribute).GetLong(); }
-    unsigned long Unsigned(Attribute const& attribute) const { return Text(attribute).GetUnsignedLong(); }
-    double Number(Attribute const& attribute) const { return Text(attribute).GetDouble(); }
-    RGBVector Colour(Attribute const& attribute) const {
-        return RGBVector(Utilities::Anything(Text(attribute)));
-    }
+    bool FlagUnlessNo(Attribute const& attribute) const { return !Is(attribute, "No"); }
+    long Long(Attribute const& attribute) const;
+    unsigned long Unsigned(Attribute const& attribute) const;
+    double Number(Attribute const& attribute) const;
+    RGBVector Colour(Attribute const& attribute) const;
 
 private:
+    /// The text in the description, null if the default stands.
+    Utilities::String const* Find(Attribute const& attribute) const;
+    bool Is(Attribute const& attribute, char const* text) const;
+
     AttributeMap const& attributes_;
 };
 

@@ -9,7 +9,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <pugixml.hpp>
 
@@ -33,13 +32,20 @@ std::string MessageFor(std::string const& file, long line, long column, std::str
 
 /// What the nodes of one component may say.
 struct KnownAttributes {
-    std::vector<Attribute> all;
-    std::vector<Attribute> mandatory;
+    struct Known : Attribute {
+        explicit Known(Attribute const& attribute) : Attribute(attribute), name(attribute.key) {}
 
-    Attribute const* Find(char const* key) const {
-        for (Attribute const& attribute : all)
-            if (std::strcmp(attribute.key, key) == 0) return &attribute;
-        return nullptr;
+        std::string_view name;
+        /// A description says the same few values over and over; the last one that was checked needs no
+        /// check.
+        std::string readable;
+    };
+    std::vector<Known> all;
+
+    Known* Find(std::string_view key) {
+        auto const found =
+            std::find_if(all.begin(), all.end(), [key](Known const& known) { return known.name == key; });
+        return found == all.end() ? nullptr : &*found;
     }
 };
 
@@ -51,7 +57,7 @@ bool IsReadable(AttributeType type, char const* value) {
         case AttributeType::Number:
             return *value == '\0' || (static_cast<void>(String(value).GetDouble()), true);
         case AttributeType::Colour:
-            return *value == '\0' || (static_cast<void>(RGBVector(Anything(String(value)))), true);
+            return *value == '\0' || (static_cast<void>(RGBVector(String(value))), true);
         default:
             return true;
         }
@@ -81,7 +87,7 @@ public:
         if (depth > GUIDescriptionReader::maximalDepth)
             Fail(node.offset_debug(), "elements are nested too deeply");
         std::string_view const type = node.name();
-        KnownAttributes const& known = FindKnown(node, type);
+        KnownAttributes& known = FindKnown(node, type);
         target[CommonAttributes::elementType.key] = node.name();
         for (pugi::xml_attribute const& attribute : node.attributes()) {
             Anything& value = target[attribute.name()];
@@ -91,8 +97,8 @@ public:
             value = attribute.value();
             Check(node, known, attribute, inLoop);
         }
-        for (Attribute const& attribute : known.mandatory)
-            if (!target.Find(attribute.key).IsValid())
+        for (Attribute const& attribute : known.all)
+            if (attribute.mandatory && !target.FindValue(attribute.key))
                 Fail(node.offset_debug(), "<" + std::string(type) + "> lacks its attribute \"" +
                                               attribute.key + "\" (" + attribute.meaning + ")");
         bool const loop = inLoop || type == "LoopBox";
@@ -135,29 +141,32 @@ private:
         return {properties};
     }
 
-    KnownAttributes const& FindKnown(pugi::xml_node const& node, std::string_view type) {
+    KnownAttributes& FindKnown(pugi::xml_node const& node, std::string_view type) {
         if (auto const found = known_.find(type); found != known_.end()) return found->second;
         if (!Utilities::NamingService::Instance()->IsRegistered(type))
             Fail(node.offset_debug(), "there is no component named \"" + std::string(type) + "\"");
-        KnownAttributes known{AttributeTable::Collect(type), {}};
-        if (known.all.empty()) known.all = AttributeTable::Collect("GUIElement");
-        std::copy_if(known.all.begin(), known.all.end(), std::back_inserter(known.mandatory),
-                     [](Attribute const& attribute) { return attribute.mandatory; });
+        auto attributes = AttributeTable::Collect(type);
+        if (attributes.empty()) attributes = AttributeTable::Collect("GUIElement");
+        KnownAttributes known;
+        for (Attribute const& attribute : attributes) known.all.emplace_back(attribute);
         return known_.emplace(type, std::move(known)).first->second;
     }
 
-    void Check(pugi::xml_node const& node, KnownAttributes const& known, pugi::xml_attribute const& attribute,
+    void Check(pugi::xml_node const& node, KnownAttributes& known, pugi::xml_attribute const& attribute,
                bool inLoop) const {
-        Attribute const* const found = known.Find(attribute.name());
+        KnownAttributes::Known* const found = known.Find(attribute.name());
         if (!found) {
             std::string const text =
                 file_ + ": <" + node.name() + "> has no attribute \"" + attribute.name() + "\"";
             Diagnostics::Report("GUIDescriptionReader", text.c_str());
-        } else if (!inLoop && !IsReadable(found->type, attribute.value())) {
+            return;
+        }
+        if (inLoop || found->readable == attribute.value()) return;
+        if (!IsReadable(found->type, attribute.value()))
             Fail(node.offset_debug(), std::string("the attribute \"") + attribute.name() + "\" of <" +
                                           node.name() + "> is \"" + attribute.value() + "\"; expected " +
                                           Expected(found->type));
-        }
+        found->readable = attribute.value();
     }
 
     std::string_view text_;

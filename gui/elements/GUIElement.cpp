@@ -8,7 +8,6 @@ namespace GUI {
 using Norvelian::Utilities::Exceptions::OutOfRangeException;
 using Norvelian::Utilities::Exceptions::RuntimeException;
 using Utilities::Anything;
-using Utilities::SmartPointer;
 using Utilities::String;
 
 namespace {

@@ -1,6 +1,7 @@
 #include "gui/elements/RGBVector.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace GUI {
 
@@ -31,13 +32,19 @@ RGBVector::RGBVector(Anything const& value) {
     }
     if (!value.IsOfTypeString())
         throw OutOfRangeException("A colour is a record or three numbers with commas");
-    String const& text = value.GetString();
-    if (text.GetTokenCount(',') != 3)
+    *this = RGBVector(value.GetString());
+}
+
+RGBVector::RGBVector(String const& text) {
+    std::string_view const all = text.GetStdString();
+    auto const first = all.find(',');
+    auto const second = first == std::string_view::npos ? first : all.find(',', first + 1);
+    if (second == std::string_view::npos || all.find(',', second + 1) != std::string_view::npos)
         throw OutOfRangeException("\"" + text.GetStdString() +
                                   "\" is not a colour: three numbers with commas are");
-    red_ = Channel(text.GetToken(0, ',').GetLong(), text);
-    green_ = Channel(text.GetToken(1, ',').GetLong(), text);
-    blue_ = Channel(text.GetToken(2, ',').GetLong(), text);
+    red_ = Channel(String(all.substr(0, first)).GetLong(), text);
+    green_ = Channel(String(all.substr(first + 1, second - first - 1)).GetLong(), text);
+    blue_ = Channel(String(all.substr(second + 1)).GetLong(), text);
 }
 
 Anything RGBVector::GetAnything() const {

@@ -17,6 +17,7 @@ public:
     /// Reads the record that `GetAnything` makes, or three decimal numbers with commas, red first, as
     /// they stand in a description. Anything else throws `OutOfRangeException`.
     explicit RGBVector(Utilities::Anything const& value);
+    explicit RGBVector(Utilities::String const& text);
 
     unsigned char GetRed() const { return red_; }
     unsigned char GetGreen() const { return green_; }

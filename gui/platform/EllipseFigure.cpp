@@ -59,7 +59,7 @@ std::vector<FigureSpan> const& EllipseFigure(int width, int height, int penWidth
     static std::vector<FigureSpan> const* last = nullptr;
     auto const key = static_cast<std::uint64_t>(width) << 40U | static_cast<std::uint64_t>(height) << 20U |
                      static_cast<std::uint64_t>(penWidth) << 1U | static_cast<std::uint64_t>(filled);
-    if (key == lastKey) return *last;
+    if (last && key == lastKey) return *last;
     // Windows that are resized ask for many sizes once.
     constexpr std::size_t most = 500;
     if (figures.size() >= most) figures.clear();

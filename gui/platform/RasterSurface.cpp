@@ -2,8 +2,25 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 namespace GUI {
+
+namespace {
+
+/// In blocks of four pixels, the last of which overlaps the one before: boxes are often narrow, and what
+/// compilers make of `std::fill` spends more on the ends than on the pixels.
+void FillRow(std::uint32_t* pixels, int count, std::uint32_t color) {
+    if (count < 4) {
+        std::fill_n(pixels, count, color);
+        return;
+    }
+    std::uint32_t const block[4] = {color, color, color, color};
+    for (int at = 0; at + 4 < count; at += 4) std::memcpy(pixels + at, block, sizeof(block));
+    std::memcpy(pixels + count - 4, block, sizeof(block));
+}
+
+} // namespace
 
 void RasterSurface::FillBox(PixelBox box, std::uint32_t color) {
     int const left = std::max(box.left + originX_, clip_.left);
@@ -11,7 +28,8 @@ void RasterSurface::FillBox(PixelBox box, std::uint32_t color) {
     int const top = std::max(box.top + originY_, clip_.top);
     int const bottom = std::min(box.bottom + originY_, clip_.bottom);
     if (left >= right) return;
-    for (int y = top; y < bottom; ++y) std::fill(Row(y) + left, Row(y) + right, color);
+    std::uint32_t* row = Row(top) + left;
+    for (int y = top; y < bottom; ++y, row += pixelsPerRow_) FillRow(row, right - left, color);
 }
 
 void RasterSurface::Line(int x1, int y1, int x2, int y2, std::uint32_t color, DashPattern& pattern) {

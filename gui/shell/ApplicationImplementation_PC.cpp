@@ -32,11 +32,10 @@ Utilities::ComponentCreatorNormal<ApplicationImplementation_PC> creator({"Applic
 /// The platform chooses by its own rules; where nothing tells it of a display it would give up.
 void ChoosePlatform(bool offscreen) {
     constexpr char const* variable = "QT_QPA_PLATFORM";
-    if (offscreen)
-        qputenv(variable, "offscreen");
-    else if (!qEnvironmentVariableIsSet(variable) && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
-             qEnvironmentVariableIsEmpty("DISPLAY"))
-        qputenv(variable, "offscreen");
+    bool const display = qEnvironmentVariableIsSet(variable) ||
+                         !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+                         !qEnvironmentVariableIsEmpty("DISPLAY");
+    if (offscreen || !display) qputenv(variable, "offscreen");
 }
 
 /// The platform keeps references to both.

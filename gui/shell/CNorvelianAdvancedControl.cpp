@@ -31,7 +31,6 @@ long PackedCoordinate(double position) { return static_cast<std::uint16_t>(stati
 
 CNorvelianAdvancedControl::CNorvelianAdvancedControl(AdvancedControlImpl& impl, QWidget* parent, bool tabStop)
     : QWidget(parent), impl_(&impl) {
-    setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
     // What a pane doesn't consume is not its parent's.
     setAttribute(Qt::WA_NoMousePropagation);
@@ -72,6 +71,9 @@ void CNorvelianAdvancedControl::paintEvent(QPaintEvent* event) {
         return true;
     });
     painting_ = false;
+    // From now on the platform leaves out what lies behind. For the first paint, of a window with all its
+    // panes, taking hundreds of panes out of the region to paint costs more than painting behind them.
+    if (!testAttribute(Qt::WA_OpaquePaintEvent)) setAttribute(Qt::WA_OpaquePaintEvent);
     if (hasFocus() && focusByKey_) DrawFocusMark();
 }
 

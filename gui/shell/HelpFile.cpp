@@ -10,7 +10,7 @@ using Utilities::String;
 
 String FindHelpFile(String const& name, String const& language) {
     String const directory = String(Utilities::GetProgramDirectory()) + "/Help/";
-    String const primary = directory + name + ".hlp";
+    String primary = directory + name + ".hlp";
     if (std::ifstream(primary.GetStdString()).good()) return primary;
     String english(name);
     english.Replace(language, "English");
