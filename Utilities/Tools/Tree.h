@@ -20,15 +20,17 @@ public:
 
     Tree() = default;
     Tree(Tree const& other) : T(other), name_(other.name_) { CopyChildren(other); }
-    Tree(Tree&& other) : T(std::move(other)), name_(std::move(other.name_)) { TakeChildren(other); }
+    Tree(Tree&& other) noexcept : T(static_cast<T&&>(other)), name_(std::move(other.name_)) {
+        TakeChildren(other);
+    }
     Tree& operator=(Tree const& other) {
         if (this != &other) *this = Tree(other);
         return *this;
     }
-    Tree& operator=(Tree&& other) {
+    Tree& operator=(Tree&& other) noexcept {
         if (this == &other) return *this;
         Disown();
-        T::operator=(std::move(other));
+        T::operator=(static_cast<T&&>(other));
         name_ = std::move(other.name_);
         TakeChildren(other);
         return *this;

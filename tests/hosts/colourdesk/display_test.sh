@@ -1,62 +1,74 @@
 #!/usr/bin/env bash
 # Colour Desk on a display with a window manager, worked as a user works it: display_test.sh COLOURDESK
 # A patch is clicked and marked, the window is resized below its minimum, moved and closed, and comes back
-# where it was. Needs xvfb-run, openbox, xdotool and xprop.
+# where it was. Starts a display of its own; needs Xvfb, openbox, xdotool, xprop and ImageMagick.
 set -euo pipefail
 colourdesk=$1
 work=$(mktemp -d)
-trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'kill $(jobs -p) 2>/dev/null || true; wait; rm -rf "$work"' EXIT
 export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work" QT_QPA_PLATFORM=xcb
 fail() { echo "FAILED: $1"; exit 1; }
+# Waits until a command succeeds, at most 30 seconds: a machine under load is slow, not wrong.
+await() { for _ in $(seq 300); do "$@" && return 0; sleep 0.1; done; return 1; }
 
+mkfifo "$work/number"
+Xvfb -displayfd 3 -screen 0 1600x1200x24 -nolisten tcp 3>"$work/number" 2>/dev/null &
+read -r number <"$work/number"
+export DISPLAY=":$number"
 openbox >/dev/null 2>&1 &
-sleep 1 # a window that comes before its manager may stay unmanaged
+# A window that comes before its manager may stay unmanaged.
+manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
+await manager_runs || fail "no window manager"
+
+is_managed() {
+  for window in $(xdotool search --onlyvisible --class colourdesk 2>/dev/null); do
+    xprop -id "$window" WM_STATE 2>/dev/null | grep -q Normal && return 0
+  done
+  return 1
+}
 start() {
   "$colourdesk" >"$work/log" 2>&1 &
   program=$!
-  for _ in $(seq 300); do
-    window=$(xdotool search --onlyvisible --class colourdesk 2>/dev/null | head -n 1) && [ -n "$window" ] && break
-    sleep 0.1
-  done
-  [ -n "${window:-}" ] || fail "no window appeared: $(cat "$work/log")"
-  sleep 0.5
+  await is_managed || fail "no window appeared: $(cat "$work/log")"
 }
-# The window may be gone before the key is up again.
-close_by_key() { xdotool key --window "$window" alt+F4 2>/dev/null || true; }
 geometry() { eval "$(xdotool getwindowgeometry --shell "$window")"; }
+has_size() { geometry && [ "$WIDTH" -eq "$1" ] && [ "$HEIGHT" -eq "$2" ]; }
+is_painted() { import -window "$window" "$work/before.png" && [ "$(identify -format %k "$work/before.png")" -gt 30 ]; }
+has_changed() {
+  import -window "$window" "$work/after.png"
+  changed=$(compare -metric AE "$work/before.png" "$work/after.png" null: 2>&1 || true)
+  [ "${changed%%[.e]*}" -gt 500 ]
+}
+has_shrunk() { geometry && [ "$WIDTH" -lt 1120 ] && [ "$HEIGHT" -lt 760 ]; }
+is_near() { geometry && [ $((X - $1)) -ge -30 ] && [ $((X - $1)) -le 30 ] && [ $((Y - $2)) -ge -40 ] && [ $((Y - $2)) -le 40 ]; }
+has_saved() { grep -q '^ColourDesk' "$work/config/colourdesk.ini" 2>/dev/null; }
+has_ended() { ! kill -0 "$program" 2>/dev/null; }
+close_by_key() {
+  xdotool windowactivate --sync "$window" key --clearmodifiers alt+F4 2>/dev/null || true
+  await has_ended || fail "the window didn't close"
+  wait "$program" || fail "the program ended with $?: $(cat "$work/log")"
+}
 
 start
-geometry
-[ "$WIDTH" = 1120 ] && [ "$HEIGHT" = 760 ] || fail "the window is $WIDTH by $HEIGHT"
+await has_size 1120 760 || fail "the window is $WIDTH by $HEIGHT"
+await is_painted || fail "the window stayed empty"
 
 # The fourth patch of the first row: the picture changes around it and in the details.
-import -window "$window" "$work/before.png"
 xdotool mousemove --window "$window" 228 675 click 1
-sleep 0.5
-import -window "$window" "$work/after.png"
-changed=$(compare -metric AE "$work/before.png" "$work/after.png" null: 2>&1 || true)
-[ "${changed%%.*}" -gt 500 ] || fail "a click on a patch changed $changed pixels"
+await has_changed || fail "a click on a patch changed $changed pixels"
 
 xdotool windowsize "$window" 50 50
-sleep 0.5
-geometry
+await has_shrunk || fail "the window can't be made smaller"
 [ "$WIDTH" -ge 600 ] && [ "$HEIGHT" -ge 300 ] || fail "the window shrank to $WIDTH by $HEIGHT"
 
 xdotool windowmove "$window" 90 70
-sleep 1
-geometry
+await is_near 90 70 || fail "the window is at $X,$Y"
+await has_saved || fail "no place was saved"
 x=$X y=$Y
 close_by_key
-for _ in $(seq 50); do kill -0 $program 2>/dev/null || break; sleep 0.1; done
-kill -0 $program 2>/dev/null && fail "the window didn't close"
-wait $program || fail "the program ended with $?: $(cat "$work/log")"
-grep -q '^ColourDesk' "$work/config/colourdesk.ini" || fail "no place was saved"
 
 start
-geometry
-[ $((X - x)) -ge -30 ] && [ $((X - x)) -le 30 ] && [ $((Y - y)) -ge -40 ] && [ $((Y - y)) -le 40 ] ||
-  fail "the window was at $x,$y and came back at $X,$Y"
+await is_near "$x" "$y" || fail "the window was at $x,$y and came back at $X,$Y"
 close_by_key
-wait $program || fail "the program ended with $?: $(cat "$work/log")"
 [ ! -s "$work/log" ] || fail "it said: $(cat "$work/log")"
 echo "1 passed, 0 failed"
