@@ -132,7 +132,6 @@ private:
         return ListIterator<T>(node);
     }
     void Unlink(Node* node) {
-        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): it can't follow the iterators' counts
         (node->previous ? node->previous->next : first_) = node->next;
         (node->next ? node->next->previous : last_) = node->previous;
         delete node;

@@ -1,4 +1,5 @@
 // A host's whole way with the plug-in: load, find, use, prepare, unload.
+#include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/Plugin.h"
 #include "Utilities/ProgramDirectory.h"
@@ -6,6 +7,7 @@
 #include "gui/elements/Attributes.h"
 #include "gui/elements/GUIDescriptionReader.h"
 
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <optional>
@@ -103,6 +105,24 @@ TEST(PluginModule, BuildsAndDropsAWindowTwice) {
         EXPECT_TRUE(plugin.Unload()) << round;
         EXPECT_FALSE(IsMapped("NorvelianGui.so")) << round;
     }
+}
+
+TEST(PluginModule, ShippedDescriptionsSayOnlyWhatTheirElementsRead) {
+    Plugin plugin(ModulePath());
+    std::vector<std::string> unknown;
+    auto const former = Diagnostics::SetSink(
+        [&unknown](auto const& /*where*/, auto const& what) { unknown.emplace_back(what.GetCharPointer()); });
+    int files = 0;
+    for (auto const& entry : std::filesystem::directory_iterator(DESCRIPTIONS)) {
+        EXPECT_NO_THROW(GUI::GUIDescriptionReader::GetGUIDescriptionTree(entry.path().string()));
+        ++files;
+    }
+    EXPECT_GT(files, 0);
+    EXPECT_EQ(unknown, std::vector<std::string>());
+    // The check itself sees one.
+    GUI::GUIDescriptionReader::Parse(R"(<Pane ElementName="A" Colour="1,2,3"/>)", "typing.xml");
+    EXPECT_EQ(unknown, std::vector<std::string>{"typing.xml: <Pane> has no attribute \"Colour\""});
+    Diagnostics::SetSink(former);
 }
 
 TEST(PluginModule, AFileThatIsNoPluginIsRefusedWithTheReason) {
