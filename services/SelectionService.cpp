@@ -32,7 +32,7 @@ SelectableObject* SelectionService::GetSelection(String const& topic) {
 }
 
 String SelectionService::Advise(String const& topic, Callback const& callback) {
-    String const cookie(nextCookie_++);
+    String cookie(nextCookie_++);
     advised_[topic.GetStdString()][cookie.GetStdString()] = callback;
     return cookie;
 }

@@ -61,6 +61,8 @@ ApplicationImplementation_PC::ApplicationImplementation_PC() {
             Utilities::TranslationService::changedMessage,
             Utilities::MakeCallback(this, &ApplicationImplementation_PC::OnLanguageChanged));
     qApp->installEventFilter(this);
+    if (auto* const service = dynamic_cast<MessageService_PC*>(messageService_.Get()))
+        service->ScheduleDelivery();
 }
 
 ApplicationImplementation_PC::~ApplicationImplementation_PC() {

@@ -69,6 +69,11 @@ void MessageService_PC::PostMessage(String const& name, Anything const& value) {
     WakeUp();
 }
 
+void MessageService_PC::ScheduleDelivery() {
+    std::lock_guard const lock(queueGuard_);
+    if (!queue_.empty()) WakeUp();
+}
+
 void MessageService_PC::WakeUp() {
     if (underWay_->load()) return;
     auto* const application = QCoreApplication::instance();

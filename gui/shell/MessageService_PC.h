@@ -18,7 +18,7 @@ namespace GUI {
 /// Messages wait in a queue of this service; the loop gets one wake-up event, of the type
 /// `GetMessageID()` and addressed to the application object, as long as messages wait. Whoever filters
 /// the application's events calls `DeliverPosted` for what `IsWakeUp`. Without an application messages
-/// wait, until one is there and the next message is posted or `DeliverPosted` is called.
+/// wait, until one is there and calls `ScheduleDelivery`.
 class MessageService_PC : public MessageService {
 public:
     MessageService_PC();
@@ -33,6 +33,9 @@ public:
     /// Whether this is the wake-up event under way. It tells by the event's identity, so that nothing is
     /// read that another thread wrote.
     bool IsWakeUp(QEvent const* event) const { return event == underWay_->load(); }
+
+    /// Has the loop deliver what was posted when there was no application.
+    void ScheduleDelivery();
 
     /// Sends what was posted before this call, in order. A callback may throw: the exception passes, and
     /// the rest is delivered by the next wake-up, which is already on its way. It may also run an event
