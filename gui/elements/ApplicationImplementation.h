@@ -6,6 +6,7 @@
 #include "gui/elements/Menu.h"
 
 #include <cstdint>
+#include <string>
 
 namespace GUI {
 
@@ -50,6 +51,9 @@ public:
     virtual void ShowMessage(Utilities::String const& title, Utilities::String const& text) = 0;
     /// Whether windows are drawn offscreen, since there is no display or the application asked for it.
     virtual bool IsOffscreen() const = 0;
+    /// The bytes of the ICC profile that the desktop names for its screen, to make a screen transform of;
+    /// empty if it names none, as offscreen.
+    virtual std::string GetDisplayProfile() const = 0;
     /// Lets everything that waits to be laid out and painted do so, then writes the window's picture.
     /// The format is told by the file's extension. False if the file can't be written.
     virtual bool SaveWindowPicture(GUIElement& window, Utilities::String const& fileName) = 0;

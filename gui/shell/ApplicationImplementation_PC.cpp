@@ -4,6 +4,7 @@
 #include "Utilities/TranslationService.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
+#include "gui/platform/DisplayProfile_PC.h"
 #include "gui/platform/KeyCodes_PC.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/TextConversion_PC.h"
@@ -196,6 +197,8 @@ bool ApplicationImplementation_PC::IsOffscreen() const {
     QString const platform = QGuiApplication::platformName();
     return platform == "offscreen" || platform == "minimal";
 }
+
+std::string ApplicationImplementation_PC::GetDisplayProfile() const { return ReadDisplayProfile(); }
 
 bool ApplicationImplementation_PC::SaveWindowPicture(GUIElement& window, String const& fileName) {
     auto const identity = window.GetWindowID();

@@ -39,6 +39,7 @@ public:
     void Quit(int exitCode) override;
     void ShowMessage(Utilities::String const& title, Utilities::String const& text) override;
     bool IsOffscreen() const override;
+    std::string GetDisplayProfile() const override;
     bool SaveWindowPicture(GUIElement& window, Utilities::String const& fileName) override;
 
     /// A text in the form `[OPEN("path")]` from the shell: each command goes to the message service

@@ -4,6 +4,7 @@
 #include "Utilities/ProgramDirectory.h"
 #include "Utilities/TranslationService.h"
 #include "core/base/Exceptions.h"
+#include "cxf/TristimException.h"
 #include "gui/elements/GUIDescriptionReader.h"
 
 #include <cstdio>
@@ -73,9 +74,21 @@ void Application::Close() {
     handler_.reset();
 }
 
+Tintorium::ScreenRGB Application::GetScreen() {
+    std::string const profile = GetImplementation().GetDisplayProfile();
+    if (profile.empty()) return {};
+    try {
+        return Tintorium::ScreenRGB(profile);
+    } catch (Norvelian::Tristim::TristimException const& failure) {
+        std::fprintf(stderr, "The display's colour profile can't be used, sRGB stands for it: %s\n",
+                     failure.what());
+        return {};
+    }
+}
+
 void Application::Show(std::string const& file) {
     // All that can fail comes before anything that is shown goes.
-    auto handler = std::make_unique<SampleWindow>(SampleDocument::Open(file));
+    auto handler = std::make_unique<SampleWindow>(SampleDocument::Open(file, GetScreen()));
     auto description = GUI::GUIDescriptionReader::GetGUIDescriptionTree("ColourDesk");
     if (noParent_.IsNull())
         noParent_ =

@@ -43,6 +43,8 @@ public:
 
 private:
     void LoadLanguages();
+    /// The screen by the profile that the desktop names, else sRGB.
+    Tintorium::ScreenRGB GetScreen();
     int WritePicture(std::string const& fileName);
     void QuitAfterFirstPaint();
 

@@ -1,7 +1,6 @@
 #include "hosts/colourdesk/SampleDocument.h"
 
 #include "core/base/String.h"
-#include "cxf/ScreenTransform.h"
 #include "cxf/TristimService.h"
 
 #include <filesystem>
@@ -23,15 +22,9 @@ Tristim::NVMeasureConditions LabConditions() {
     return conditions;
 }
 
-GUI::RGBVector ToRGB(Cxf::ScreenColour const& colour) {
-    GUI::RGBVector result(colour.GetRed(), colour.GetGreen(), colour.GetBlue());
-    result.SetInGamut(colour.IsInGamut());
-    return result;
-}
-
 } // namespace
 
-SampleDocument SampleDocument::Open(std::string const& path) {
+SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRGB const& screen) {
     Cxf::ReadOptions options;
     options.requireSpectra = true;
     auto const set = Cxf::ReadSampleSet(path, options);
@@ -39,7 +32,6 @@ SampleDocument SampleDocument::Open(std::string const& path) {
     SampleDocument document;
     document.path_ = path;
     auto const conditions = LabConditions();
-    Cxf::ScreenTransform const screen;
     for (auto const& sample : set->GetSamples()) {
         auto const attribute = sample->GetSampleAttribute("CXFSpectrum", {}, false);
         if (attribute.IsNull()) continue;
@@ -50,7 +42,7 @@ SampleDocument SampleDocument::Open(std::string const& path) {
         shown.name = sample->GetName();
         shown.spectrum = spectrum.GetValues();
         shown.lab = {lab.GetExact(0), lab.GetExact(1), lab.GetExact(2)};
-        shown.color = ToRGB(screen.Convert(spectrum));
+        shown.color = screen.GetRGB(spectrum);
         document.samples_.push_back(std::move(shown));
     }
     return document;

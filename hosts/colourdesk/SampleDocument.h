@@ -2,6 +2,7 @@
 
 #include "cxf/SampleFile.h"
 #include "gui/elements/RGBVector.h"
+#include "gui/elements/ScreenRGB.h"
 
 #include <array>
 #include <string>
@@ -25,8 +26,10 @@ struct ShownSample {
 class SampleDocument {
 public:
     SampleDocument() = default;
-    /// Throws `Norvelian::ColorExchangeFormat::FileException` with file, line, column and reason.
-    static SampleDocument Open(std::string const& path);
+    /// Reads a file, with its colours as `screen` shows them. Throws
+    /// `Norvelian::ColorExchangeFormat::FileException` with file, line, column and reason.
+    static SampleDocument Open(std::string const& path,
+                               Tintorium::ScreenRGB const& screen = Tintorium::ScreenRGB());
 
     std::string const& GetPath() const { return path_; }
     std::string GetFileName() const;

@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Colour Desk on a display with a window manager, worked as a user works it: display_test.sh COLOURDESK
+# Colour Desk on a display with a window manager, worked as a user works it:
+# display_test.sh COLOURDESK SET_DISPLAY_PROFILE
 # A patch is clicked and marked, the window is resized below its minimum, moved and closed, and comes back
-# where it was. Starts a display of its own; needs Xvfb, openbox, xdotool, xprop and ImageMagick.
+# where it was. Colours follow the profile that the display names. Starts a display of its own; needs Xvfb, openbox, xdotool, xprop and ImageMagick.
 set -euo pipefail
 colourdesk=$1
+set_display_profile=$2
 work=$(mktemp -d)
 trap 'kill $(jobs -p) 2>/dev/null || true; wait; rm -rf "$work"' EXIT
 export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work" QT_QPA_PLATFORM=xcb
@@ -67,8 +69,25 @@ await has_saved || fail "no place was saved"
 x=$X y=$Y
 close_by_key
 
+patch_colour() { import -window "$window" "$work/now.png" && convert "$work/now.png" -format '%[pixel:p{80,600}]' info:; }
 start
+await is_painted || fail "the window stayed empty"
+plain=$(patch_colour)
 await is_near "$x" "$y" || fail "the window was at $x,$y and came back at $X,$Y"
 close_by_key
 [ ! -s "$work/log" ] || fail "it said: $(cat "$work/log")"
+
+"$set_display_profile" wide
+start
+await is_painted || fail "the window stayed empty"
+[ "$(patch_colour)" != "$plain" ] || fail "the patch is $plain with and without a profile"
+close_by_key
+[ ! -s "$work/log" ] || fail "it said: $(cat "$work/log")"
+
+"$set_display_profile" broken
+start
+await is_painted || fail "the window stayed empty"
+[ "$(patch_colour)" = "$plain" ] || fail "with a broken profile the patch is $(patch_colour), not $plain"
+close_by_key
+grep -q "sRGB stands for it" "$work/log" || fail "a broken profile was passed over in silence"
 echo "1 passed, 0 failed"
