@@ -4,6 +4,7 @@
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
 #include "gui/elements/DialogHandler.h"
+#include "gui/elements/ImageServiceInterface.h"
 #include "gui/elements/Pane.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/shell/ApplicationImplementation_PC.h"
@@ -192,6 +193,82 @@ TEST_F(Windows, DialogClosesThroughItsDataSourceAndByTheEscElement) {
     EXPECT_EQ(dialog.RunModal(), 0);
     EXPECT_EQ(cancelled, 1);
     EXPECT_FALSE(WidgetOf(dialog).isVisible());
+}
+
+TEST_F(Windows, BackgroundPicturesLieUnderTheElementsAtTheirOwnSize) {
+    auto const images = Utilities::ResolveComponent<GUI::ImageServiceInterface>("ImageService");
+    auto const picture = [&](char const* name, GUI::RGBVector const& color) {
+        auto const bitmap = Utilities::ResolveComponent<GUI::Bitmap>("Bitmap");
+        bitmap->Create(60, 40);
+        auto& context = bitmap->BeginDraw();
+        context.SetPen(color, 1, GUI::PlatformIndependentDeviceContext::solid);
+        context.SetBrush(color);
+        context.FillRectangle(0, 0, 60, 40);
+        bitmap->EndDraw();
+        images->SetBitmap(name, bitmap);
+    };
+    picture("Red", {200, 0, 0});
+    picture("Green", {0, 200, 0});
+    // The first row of the contents lets the dialog show, the others paint themselves.
+    auto const row = [](char const* type, char const* name, char const* bitmap) {
+        return Node({{"GUIElementType", type},
+                     {"ElementName", name},
+                     {"BackgroundBitmap", bitmap},
+                     {"BackgroundColor", "1,2,3"},
+                     {"MinimalHeight", "50"},
+                     {"MaximalHeight", "50"}});
+    };
+    auto const contents = [&] {
+        return Node({{"GUIElementType", "VBox"}},
+                    {Node({{"GUIElementType", "GumBox"}, {"MinimalHeight", "50"}, {"MaximalHeight", "50"}}),
+                     row("Pane", "Plain", "Green"), row("CirclePatch", "Disc", "Green")});
+    };
+    handler_.values["Disc.BitmapOnly"] = true;
+    auto& dialog = Make<GUI::Dialog_PC>(Node({{"GUIElementType", "Dialog"},
+                                              {"ElementName", "Picture"},
+                                              {"Width", "100"},
+                                              {"Height", "150"},
+                                              {"BackgroundColor", "10,20,30"},
+                                              {"BackgroundBitmap", "Red"}},
+                                             {contents()}),
+                                        "Dialog");
+    struct Expected {
+        int x, y;
+        QColor color;
+    };
+    auto const check = [&](char const* state, std::initializer_list<Expected> rows) {
+        QImage const shown = WidgetOf(dialog).grab().toImage();
+        for (Expected const& expected : rows)
+            EXPECT_EQ(shown.pixelColor(expected.x, expected.y), expected.color)
+                << state << " at " << expected.x << ", " << expected.y;
+    };
+    QColor const red(200, 0, 0), green(0, 200, 0), face(10, 20, 30), pane(1, 2, 3);
+    QTimer::singleShot(0, [&] {
+        check("as described", {{0, 0, red},
+                               {59, 39, red},
+                               {60, 39, face},
+                               {59, 40, face},
+                               {0, 50, green},
+                               {59, 89, green},
+                               {60, 89, pane},
+                               {59, 90, pane},
+                               {59, 139, green},
+                               {60, 139, face},
+                               {59, 140, face}});
+        handler_.values["Plain.BackgroundBitmap"] = "Red";
+        handler_.values["Disc.BackgroundBitmap"] = "";
+        for (char const* const name : {"Plain", "Disc"}) dialog.FindElement(name).OnUpdate({});
+        check("told by the data source", {{0, 50, red}, {60, 89, pane}, {0, 100, QColor(222, 251, 255)}});
+        dialog.SetGUIDescriptionTree(*Node({{"GUIElementType", "Dialog"},
+                                            {"ElementName", "Picture"},
+                                            {"Width", "100"},
+                                            {"Height", "150"},
+                                            {"BackgroundBitmap", "Green"}},
+                                           {contents()}));
+        check("described anew", {{0, 0, green}, {60, 39, face}});
+        dialog.Close(0);
+    });
+    dialog.RunModal();
 }
 
 TEST_F(Windows, WhatAHandlerLetsEscapeGoesToTheApplication) {
