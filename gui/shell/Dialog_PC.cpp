@@ -109,7 +109,10 @@ void Dialog_PC::OnLanguageChanged() {
 void Dialog_PC::OnInitDialog() {
     // A dialog without a parent is a main window; one with a parent counts while it is modal.
     bool const hasParent = window_->parentWidget() != nullptr;
-    if (!hasParent || !modeless_) Application::Instance().SetDialogToList(*this);
+    if (!hasParent || !modeless_)
+        Application::Instance().SetDialogToList(*this);
+    else
+        Application::Instance().EnterWindow(*this);
     CreateContents();
     QPoint corner(static_cast<int>(x_), static_cast<int>(y_));
     if (hasParent) corner = window_->parentWidget()->mapToGlobal(corner);

@@ -72,6 +72,15 @@ TEST_F(ImageServiceTest, LooksInImagesThenInTheLanguageThenInEnglish) {
     for (char const* const nowhere : {"Missing", "", "../images/Root", "Root.png", "*"})
         EXPECT_EQ(WidthOf(service, nowhere), 6U) << nowhere;
     EXPECT_EQ(service.GetBitmap("Missing").Get(), service.GetBitmap("Other").Get());
+
+    auto const kept = service.GetBitmap("Root");
+    service.SetBitmap("Base", kept);
+    Image("German/Local.png", 12);
+    EXPECT_EQ(WidthOf(service, "Local"), 3U);
+    service.OnLanguageChanged();
+    EXPECT_EQ(WidthOf(service, "Local"), 12U) << "a language's picture is looked for anew";
+    EXPECT_EQ(service.GetBitmap("Root").Get(), kept.Get());
+    EXPECT_EQ(service.GetBitmap("Base").Get(), kept.Get()) << "one made at run time isn't a language's";
 }
 
 TEST_F(ImageServiceTest, KeepsWhatItLoadedAndNotWhatItMissed) {

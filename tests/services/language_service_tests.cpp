@@ -4,7 +4,7 @@
 #include "Utilities/Preferences.h"
 #include "Utilities/ProgramDirectory.h"
 #include "core/base/Exceptions.h"
-#include "gui/shell/MessageService.h"
+#include "gui/elements/MessageService.h"
 #include "services/LanguageService.h"
 #include "tests/support/FunctionCallback.h"
 #include "tests/support/TemporaryDirectory.h"

@@ -1,6 +1,7 @@
 // Windows and dialogs made from descriptions, on the offscreen platform.
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
+#include "Utilities/TranslationService.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
 #include "gui/elements/DialogHandler.h"
@@ -157,6 +158,7 @@ TEST_F(Windows, TheMainWindowAsksBeforeItCloses) {
         Node({{"GUIElementType", "Window"}, {"ElementName", "Main"}, {"Width", "300"}, {"Height", "200"}}),
         "Window");
     environment->app->SetMainWindow(&window);
+    environment->app->SetDialogToList(window);
     environment->app->mayClose = false;
     EXPECT_FALSE(WidgetOf(window).close());
     EXPECT_EQ(environment->app->GetMainWindow(), &window);
@@ -283,6 +285,25 @@ TEST_F(Windows, WhatAHandlerLetsEscapeGoesToTheApplication) {
     environment->app->errors.clear();
     EXPECT_EQ(dialog.RunModal(), 7);
     EXPECT_EQ(environment->app->errors, std::vector<std::string>{"from a callback"});
+}
+
+TEST_F(Windows, AModelessDialogHearsOfAnotherLanguageToo) {
+    auto& parent = Make<GUI::Window_PC>(
+        Node({{"GUIElementType", "Window"}, {"ElementName", "Main"}, {"Width", "300"}, {"Height", "200"}}),
+        "Window");
+    auto const tools = Node({{"GUIElementType", "Dialog"},
+                             {"ElementName", "Tools"},
+                             {"Caption", "Tools"},
+                             {"Width", "90"},
+                             {"Height", "50"}});
+    GUI::Dialog_PC dialog;
+    dialog.Initialize(*parent.GetWindowID(), *tools, &handler_, true);
+    EXPECT_EQ(environment->app->GetLastDialog(), &parent) << "only modal ones and main windows are listed";
+    auto const languages = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");
+    for (bool const mark : {true, false}) {
+        languages->SetMarkTexts(mark);
+        EXPECT_EQ(WidgetOf(dialog).windowTitle(), mark ? "*Tools*" : "Tools");
+    }
 }
 
 TEST_F(Windows, KeysGoToAcceleratorsThenToTheMessageService) {

@@ -37,6 +37,14 @@ import -window "$window" "$work/after.png"
 changed=$(compare -metric AE "$work/before.png" "$work/after.png" null: 2>&1 || true)
 [ "${changed%%.*}" -gt 500 ] || fail "a click on a patch changed $changed pixels"
 
+# F8 takes the next language.
+xdotool key --window "$window" F8
+sleep 0.5
+import -window "$window" "$work/before.png"
+changed=$(compare -metric AE "$work/before.png" "$work/after.png" null: 2>&1 || true)
+[ "${changed%%.*}" -gt 500 ] || fail "another language changed $changed pixels"
+grep -q '^Language=French' "$work/config/colourdesk.ini" || fail "the language wasn't kept"
+
 xdotool windowsize "$window" 50 50
 sleep 0.5
 geometry
