@@ -47,12 +47,6 @@ double ReflectanceEnd(SampleDocument const& document) {
     return std::min(std::ceil(largest * 5.0 - 0.05) / 5.0, 10.0);
 }
 
-/// Empty for a colour that the screen can show.
-std::string GamutText(ShownSample const& shown) {
-    if (shown.color.IsInGamut()) return {};
-    return LanguageServiceInterface::GetTranslation("outside the screen's gamut");
-}
-
 } // namespace
 
 SampleWindow::SampleWindow(SampleDocument document)
@@ -178,7 +172,7 @@ Anything SampleWindow::GetDetail(String const& element, String const& key) const
     if (element == "SampleName") return shown.name.c_str();
     if (element == "SampleLab") return SampleDocument::FormatLab(shown.lab).c_str();
     if (element == "SampleCondition") return SampleDocument::GetCondition().c_str();
-    if (element == "SampleGamut") return GamutText(shown).c_str();
+    if (element == "SampleGamut") return shown.color.IsInGamut() ? "" : "outside the screen's gamut";
     return {};
 }
 
@@ -247,9 +241,11 @@ std::string SampleWindow::PatchName(long sample) const {
 std::string SampleWindow::ToolTip(long sample) const {
     if (sample < 0 || sample >= Count()) return {};
     ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
-    std::string const gamut = GamutText(shown);
-    return shown.name + "\n" + SampleDocument::FormatLab(shown.lab) + "\n" + SampleDocument::GetCondition() +
-           (gamut.empty() ? "" : "\n" + gamut);
+    std::string text =
+        shown.name + "\n" + SampleDocument::FormatLab(shown.lab) + "\n" + SampleDocument::GetCondition();
+    if (!shown.color.IsInGamut())
+        text += "\n" + LanguageServiceInterface::GetTranslation("outside the screen's gamut").GetStdString();
+    return text;
 }
 
 Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample>
