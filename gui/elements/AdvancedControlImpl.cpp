@@ -16,9 +16,7 @@ void AdvancedControlImpl::OnPaint(PlatformIndependentDeviceContext& context) {
     if (pane_) pane_->OnPaint(context);
 }
 
-bool AdvancedControlImpl::HasBackgroundPicture() const {
-    return pane_ && pane_->GetBackgroundBitmap().Length() != 0;
-}
+bool AdvancedControlImpl::LeavesPixels() const { return pane_ && pane_->LeavesPixels(); }
 
 bool AdvancedControlImpl::OnLeftButtonDown(bool controlKey, long x, long y) {
     return pane_ && pane_->OnLeftButtonDown(controlKey ? KeyState::Control : KeyState::None, x, y);

@@ -73,6 +73,8 @@ public:
     /// Name of the image under the pane's drawing; empty for none.
     Utilities::String const& GetBackgroundBitmap() const { return backgroundBitmap_; }
     void SetBackgroundBitmap(Utilities::String const& imageName) { backgroundBitmap_ = imageName; }
+    /// Whether there may be pixels that it doesn't paint, beside its picture or around its shape.
+    bool LeavesPixels() const { return leavesPixels_ || backgroundBitmap_.Length() != 0; }
     /// Whether the pane holds the selection that the property inspector follows.
     bool IsSelected() const { return selected_; }
 
@@ -81,6 +83,8 @@ protected:
     static bool HasNoRepaint(Utilities::String const& message);
     /// The message without that suffix.
     static Utilities::String GetCommand(Utilities::String const& message);
+    /// Said by a class that paints less than the whole pane.
+    void SetLeavesPixels(bool leaves) { leavesPixels_ = leaves; }
     /// Registers `OnUpdate` with the data source under the pane's own name.
     void RegisterOnUpdate();
     /// The data source's value under the pane's own name; invalid without a data source.
@@ -94,6 +98,7 @@ private:
     RGBVector backgroundColor_;
     Utilities::String backgroundBitmap_;
     bool frame_ = false;
+    bool leavesPixels_ = false;
     bool selected_ = false;
     bool dragMouseOver_ = false;
     std::pair<long, long> dragMouseOverPosition_;

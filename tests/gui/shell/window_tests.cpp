@@ -212,11 +212,12 @@ TEST_F(Windows, BackgroundPicturesLieUnderTheElementsAtTheirOwnSize) {
                     {"MaximalHeight", "50"}});
     };
     auto const described = [&](char const* bitmap) {
-        auto const contents = Node({{"GUIElementType", "VBox"}},
-                                   {row("GumBox", ""), row("Pane", "Plain"), row("CirclePatch", "Disc")});
+        auto const contents =
+            Node({{"GUIElementType", "VBox"}}, {row("GumBox", ""), row("Pane", "Plain"),
+                                                row("CirclePatch", "Disc"), row("SmallPatch", "Small")});
         return Top("Dialog", "Picture",
                    {{"Width", "100"},
-                    {"Height", "150"},
+                    {"Height", "200"},
                     {"BackgroundColor", "10,20,30"},
                     {"BackgroundBitmap", bitmap}},
                    {contents});
@@ -245,11 +246,16 @@ TEST_F(Windows, BackgroundPicturesLieUnderTheElementsAtTheirOwnSize) {
                                {59, 90, pane},
                                {59, 139, green},
                                {60, 139, face},
-                               {59, 140, face}});
+                               {59, 140, face},
+                               {0, 150, green},
+                               {50, 175, pane},
+                               {99, 150, face}});
         handler_.values["Plain.BackgroundBitmap"] = "Red";
         handler_.values["Disc.BackgroundBitmap"] = "";
-        for (char const* const name : {"Plain", "Disc"}) dialog.FindElement(name).OnUpdate({});
-        check("told by the data source", {{0, 50, red}, {60, 89, pane}, {0, 100, QColor(222, 251, 255)}});
+        handler_.values["Small.BackgroundBitmap"] = "";
+        for (char const* const name : {"Plain", "Disc", "Small"}) dialog.FindElement(name).OnUpdate({});
+        check("told by the data source",
+              {{0, 50, red}, {60, 89, pane}, {0, 100, QColor(222, 251, 255)}, {0, 150, face}});
         dialog.SetGUIDescriptionTree(*described("Green"));
         check("described anew", {{0, 0, green}, {60, 39, face}});
         dialog.Close(0);
