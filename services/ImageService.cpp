@@ -11,7 +11,6 @@
 namespace GUI {
 
 using Utilities::Directory;
-using Utilities::File;
 using Utilities::SmartPointer;
 using Utilities::String;
 
@@ -75,7 +74,7 @@ SmartPointer<Bitmap> ImageService::GetBitmap(String const& name) {
     if (auto const cached = cache_.Find(name); cached.IsValid()) return cached.GetValue();
     try {
         if (auto const found = Find(name)) {
-            auto const bitmap = LoadFound(*found);
+            auto bitmap = LoadFound(*found);
             if (bitmap.IsNull()) return bitmap;
             cache_[name] = bitmap;
             if (found->level > 0) ofLanguage_.insert(name.GetStdString());

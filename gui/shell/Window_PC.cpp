@@ -13,7 +13,6 @@ namespace GUI {
 
 using Utilities::Anything;
 using Utilities::LanguageServiceInterface;
-using Utilities::String;
 
 namespace {
 
