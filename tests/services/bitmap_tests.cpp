@@ -104,6 +104,25 @@ TEST(Bitmap, AFileThatCannotBeShownChangesNothing) {
     EXPECT_TRUE(bitmap.Load(Picture("truncated.jpg")));
 }
 
+TEST(Bitmap, AJpegMayNotGoOverItsPictureForEver) {
+    Tests::TemporaryDirectory const directory;
+    std::string const path = directory / "scans.jpg";
+    std::string const whole = Tests::ReadFile(Picture("progressive.jpg").GetPath());
+    std::string const last = whole.substr(whole.rfind("\xFF\xDA"));
+    for (int const more : {10, 100000}) {
+        std::string text = whole.substr(0, whole.size() - 2);
+        for (int i = 0; i < more; ++i) text.append(last, 0, last.size() - 2);
+        Tests::WriteFile(path, text + "\xFF\xD9");
+        for (bool const turned : {false, true}) {
+            // The word sends it to the other reader.
+            if (turned) Tests::WriteFile(path, text.insert(2, "\xFF\xFE" + std::string("\0\6Exif", 6)));
+            Bitmap_PC bitmap;
+            EXPECT_EQ(bitmap.Load(File(path)), more == 10) << turned;
+            EXPECT_EQ(bitmap.LoadJpeg(File(path)), more == 10) << turned;
+        }
+    }
+}
+
 TEST(Bitmap, AFileMayEndAnywhere) {
     Tests::TemporaryDirectory const directory;
     std::string const path = directory / "part";
