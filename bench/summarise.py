@@ -2,7 +2,7 @@
 
 A case is named "case/ours", "case/floor:what", "case/peer:what" or "case/alt:what". GOALS has a line
 for each case: its name, the beginning of what it is measured against, and the ratio to reach; a ratio
-of a rate is ours over theirs in time, so smaller is better throughout.
+of a rate is ours over theirs in time, so smaller is better throughout. A line "case under 60 ms" sets a time.
 """
 
 import json
@@ -37,10 +37,13 @@ def main():
                 continue
             times.setdefault(case, {}).setdefault(what, []).append(row["real_time"] * UNIT[row["time_unit"]])
     goals = {}
+    limits = {}
     with open(sys.argv[1]) as file:
         for line in file:
             words = line.split("#")[0].split()
-            if words:
+            if len(words) == 4 and words[1] == "under":
+                limits[words[0]] = float(words[2]) * UNIT[words[3]]
+            elif words:
                 goals.setdefault(words[0], []).append((words[1], float(words[2])))
 
     print(f"{'case':34} {'ours':>10}  {'against':36} {'':>10} {'ratio':>7} {'reach':>6}")
@@ -49,6 +52,11 @@ def main():
         if "ours" not in rows:
             continue
         ours = statistics.median(rows["ours"])
+        if case in limits:
+            mark = "" if ours < limits[case] else "  missed"
+            missed += bool(mark)
+            print(f"{case:34} {seconds(ours):>10}  {'under':36} {seconds(limits[case]):>10} "
+                  f"{ours / limits[case]:7.2f} {1:>6}{mark}")
         for what, values in sorted(rows.items()):
             if what == "ours":
                 continue

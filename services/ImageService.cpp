@@ -11,7 +11,6 @@
 namespace GUI {
 
 using Utilities::Directory;
-using Utilities::File;
 using Utilities::SmartPointer;
 using Utilities::String;
 
@@ -75,8 +74,10 @@ SmartPointer<Bitmap> ImageService::GetBitmap(String const& name) {
     if (auto const cached = cache_.Find(name); cached.IsValid()) return cached.GetValue();
     try {
         if (auto const found = Find(name)) {
-            auto const bitmap = LoadFound(*found);
-            if (!bitmap.IsNull()) cache_[name] = bitmap;
+            auto bitmap = LoadFound(*found);
+            if (bitmap.IsNull()) return bitmap;
+            cache_[name] = bitmap;
+            if (found->level > 0) ofLanguage_.insert(name.GetStdString());
             return bitmap;
         }
     } catch (...) {
@@ -144,8 +145,20 @@ void ImageService::Mark(Bitmap& bitmap, int level) const {
     });
 }
 
-void ImageService::SetBitmap(String const& name, SmartPointer<Bitmap> bitmap) { cache_[name] = bitmap; }
-void ImageService::Clear() { cache_ = {}; }
+void ImageService::SetBitmap(String const& name, SmartPointer<Bitmap> bitmap) {
+    cache_[name] = bitmap;
+    ofLanguage_.erase(name.GetStdString());
+}
+
+void ImageService::Clear() {
+    cache_ = {};
+    ofLanguage_.clear();
+}
+
+void ImageService::OnLanguageChanged() {
+    for (std::string const& name : ofLanguage_) cache_.Remove(name);
+    ofLanguage_.clear();
+}
 
 bool ImageService::PrepareForUnload() {
     Clear();

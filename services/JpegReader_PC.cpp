@@ -74,6 +74,24 @@ bool Decode(jpeg_decompress_struct& decoder, ErrorHandler& errors, std::string_v
 
 } // namespace
 
+bool HasEndlessScans(std::string_view file) {
+    constexpr int mostScans = 200;
+    constexpr unsigned startOfScan = 0xDA;
+    constexpr unsigned endOfImage = 0xD9;
+    int scans = 0;
+    auto const byteAt = [file](std::size_t at) { return static_cast<unsigned char>(file[at]); };
+    // From marker to marker: 0xFF and a code. Blocks tell their length; pixels follow a scan's.
+    for (std::size_t at = 2;
+         (at = file.find('\xFF', at)) != std::string_view::npos && at + 3 < file.size();) {
+        unsigned const code = byteAt(at + 1);
+        bool const isBlock = code >= 0xC0 && code != 0xFF && (code < 0xD0 || code > endOfImage);
+        if (code == endOfImage) break;
+        if (code == startOfScan && ++scans > mostScans) return true;
+        at += isBlock ? 2U + byteAt(at + 2) * 256U + byteAt(at + 3) : code == 0xFF ? 1U : 2U;
+    }
+    return false;
+}
+
 QImage ReadJpeg(std::string_view file) {
     ErrorHandler errors{};
     jpeg_decompress_struct decoder{};

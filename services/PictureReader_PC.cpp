@@ -82,6 +82,7 @@ QImage Read(std::string const& path) {
     std::string const file = ReadFile(path);
     if (file.empty()) return {};
     char const* const format = FormatOf(file);
+    if (std::string_view(format) == "jpeg" && HasEndlessScans(file)) return {};
     // Our own way to libjpeg is the faster one; it can't turn pictures and knows three components only.
     if (std::string_view(format) == "jpeg" && !MayBeTurned(file))
         if (QImage image = ReadJpeg(file); !image.isNull()) return image;
@@ -102,6 +103,9 @@ QImage ReadBmp(std::string const& path) {
     return file.empty() ? QImage() : ReadAs("bmp", file);
 }
 
-QImage ReadJpegFile(std::string const& path) { return ReadJpeg(ReadFile(path)); }
+QImage ReadJpegFile(std::string const& path) {
+    std::string const file = ReadFile(path);
+    return HasEndlessScans(file) ? QImage() : ReadJpeg(file);
+}
 
 } // namespace GUI::PictureReader

@@ -56,7 +56,6 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/CNorvelianDialog.cpp
   gui/shell/CNorvelianWnd.cpp
   gui/shell/HelpFile.cpp
-  gui/shell/MessageService.cpp
   gui/shell/PaintScope_PC.cpp
   gui/shell/ShellCommand.cpp
   gui/shell/ShellCommandListener_PC.cpp

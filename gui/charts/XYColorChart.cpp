@@ -55,6 +55,8 @@ void XYColorChart::Initialize(PlatformIndependentWindowID const& parent, Descrip
     if (dataSource)
         dataSource->SetCallback(selectionElement, "SelectSample", Utilities::Callback(selectionCallback_));
     backgroundBitmap_ = attributes.Text(backgroundBitmapKey);
+    // The attribute is a stem here, and no picture's name before the extension is known.
+    SetBackgroundBitmap({});
     RegisterOnUpdate();
 }
 

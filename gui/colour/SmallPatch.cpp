@@ -16,6 +16,8 @@ void SmallPatch::Initialize(PlatformIndependentWindowID const& parent, Descripti
                             DialogDataSource* dataSource) {
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): contracted, a patch's own black background is left out
     Pane::Initialize(parent, description, dataSource);
+    // The rectangle lies 2 pixels inside, and only a frame fills what is around it.
+    SetLeavesPixels(true);
 }
 
 void SmallPatch::OnPaint(PlatformIndependentDeviceContext& context) {

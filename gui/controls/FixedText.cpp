@@ -30,11 +30,17 @@ Utilities::SmartPointer<Utilities::TextAdapter> MakeAdapter(Utilities::String co
 
 void FixedText::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                            DialogDataSource* dataSource) {
-    adapter_ = MakeAdapter(AttributeReader(description).Text(adaptText));
+    adapterName_ = AttributeReader(description).Text(adaptText);
+    adapter_ = MakeAdapter(adapterName_);
     GUIElement::Initialize(parent, description, dataSource);
     if (dataSource && GetElementName().Length() != 0)
         dataSource->SetCallback(GetElementName(), "OnUpdate",
                                 Utilities::MakeCallback(this, &FixedText::OnUpdate));
+}
+
+void FixedText::OnLanguageChanged() {
+    adapter_ = MakeAdapter(adapterName_);
+    GUIElement::OnLanguageChanged();
 }
 
 Utilities::Anything FixedText::GetValue(char const* key) {

@@ -30,6 +30,8 @@ public:
     static constexpr Attribute backgroundColor{"BackgroundColor", AttributeType::Colour, "", "Background"};
 
     Diagnostics::String GetValueString() override { return "FixedText"; }
+    /// Whether texts are adapted hangs on the language.
+    void OnLanguageChanged() override;
     /// Reads the common attributes and registers `OnUpdate` with the data source.
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                     DialogDataSource* dataSource) override;
@@ -41,6 +43,7 @@ protected:
     Utilities::Anything GetValue(char const* key);
 
 private:
+    Utilities::String adapterName_;
     Utilities::SmartPointer<Utilities::TextAdapter> adapter_;
 };
 

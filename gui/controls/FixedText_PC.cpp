@@ -68,7 +68,10 @@ void FixedText_PC::ShowText() {
 
 void FixedText_PC::OnLanguageChanged() {
     FixedText::OnLanguageChanged();
-    if (control_) ShowText();
+    if (!control_) return;
+    // What the data source puts together holds translated text and is asked for again.
+    if (Anything const value = GetValue("Caption"); value.IsOfTypeString()) caption_ = value.GetString();
+    ShowText();
 }
 
 void FixedText_PC::SetPosition(unsigned long x, unsigned long y) {

@@ -16,6 +16,8 @@ void AdvancedControlImpl::OnPaint(PlatformIndependentDeviceContext& context) {
     if (pane_) pane_->OnPaint(context);
 }
 
+bool AdvancedControlImpl::LeavesPixels() const { return pane_ && pane_->LeavesPixels(); }
+
 bool AdvancedControlImpl::OnLeftButtonDown(bool controlKey, long x, long y) {
     return pane_ && pane_->OnLeftButtonDown(controlKey ? KeyState::Control : KeyState::None, x, y);
 }

@@ -35,6 +35,8 @@ public:
     virtual void Show(bool visible) = 0;
 
     void OnPaint(PlatformIndependentDeviceContext& context);
+    /// Whether the pane may leave pixels alone, which are the window's then.
+    bool LeavesPixels() const;
     bool OnLeftButtonDown(bool controlKey, long x, long y);
     bool OnLeftButtonUp(long x, long y);
     bool OnMouseMove(long x, long y);

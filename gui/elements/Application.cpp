@@ -2,6 +2,7 @@
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
+#include "gui/elements/ImageServiceInterface.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -75,19 +76,31 @@ void Application::SetMainWindow(GUIElement* window) {
 }
 
 void Application::SetDialogToList(GUIElement& dialog) {
-    RemoveDialogFromList(dialog);
+    std::erase(dialogs_, &dialog);
     dialogs_.push_back(&dialog);
+    EnterWindow(dialog);
+}
+
+void Application::EnterWindow(GUIElement& window) {
+    std::erase(windows_, &window);
+    windows_.push_back(&window);
 }
 
 void Application::RemoveDialogFromList(GUIElement const& dialog) {
     std::erase(dialogs_, &dialog);
+    std::erase(windows_, &dialog);
     if (mainWindow_ == &dialog) mainWindow_ = nullptr;
 }
 
 void Application::OnLanguageChanged() {
-    for (GUIElement* const dialog : std::vector<GUIElement*>(dialogs_)) {
-        dialog->OnLanguageChanged();
-        dialog->RecalculateSize();
+    constexpr char const* images = "ImageService";
+    if (Utilities::NamingService::Instance()->IsRegistered(images))
+        Utilities::ResolveComponent<ImageServiceInterface>(images)->OnLanguageChanged();
+    for (GUIElement* const window : std::vector<GUIElement*>(windows_)) {
+        // What one window does may close another.
+        if (std::find(windows_.begin(), windows_.end(), window) == windows_.end()) continue;
+        window->OnLanguageChanged();
+        window->RecalculateSize();
     }
 }
 

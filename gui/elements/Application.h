@@ -71,7 +71,12 @@ public:
     GUIElement* GetFirstDialog() const { return dialogs_.empty() ? nullptr : dialogs_.front(); }
     GUIElement* GetLastDialog() const { return dialogs_.empty() ? nullptr : dialogs_.back(); }
 
-    /// Tells every window in the list that translations have changed, and lays it out anew.
+    /// Enters a window that isn't in the list of dialogs, a modeless dialog, among the open ones. It takes
+    /// itself out by `RemoveDialogFromList`.
+    void EnterWindow(GUIElement& window);
+
+    /// Has pictures that hang on the language found anew, tells every open window that translations have
+    /// changed, and lays it out anew.
     void OnLanguageChanged();
 
     /// Components that others ask for by name; not owned, null if unknown.
@@ -100,6 +105,8 @@ private:
     Utilities::SmartPointer<ApplicationImplementation> implementation_;
     Utilities::Map<Utilities::String, Utilities::Component*> components_;
     std::vector<GUIElement*> dialogs_;
+    /// All open windows, those of the list included.
+    std::vector<GUIElement*> windows_;
     GUIElement* mainWindow_ = nullptr;
     bool offscreen_ = false;
 };

@@ -23,7 +23,7 @@ constexpr Attribute elementAttributes[] = {
 AttributeTable const elementTable("GUIElement", "", elementAttributes);
 
 constexpr Attribute paneAttributes[] = {Common::paneName, Common::frame, Common::backgroundColor,
-                                        Common::selectable};
+                                        Common::backgroundBitmap, Common::selectable};
 AttributeTable const paneTable("Pane", "GUIElement", paneAttributes);
 
 } // namespace

@@ -105,6 +105,8 @@ inline constexpr Attribute paneName{"ElementName", AttributeType::ElementName, "
 inline constexpr Attribute frame{"Frame", AttributeType::Flag, "No", "A frame around the pane"};
 inline constexpr Attribute backgroundColor{"BackgroundColor", AttributeType::Colour, "",
                                            "Background; the window's own colour if absent"};
+inline constexpr Attribute backgroundBitmap{"BackgroundBitmap", AttributeType::ImageName, "",
+                                            "Image under what the pane draws"};
 inline constexpr Attribute selectable{"Selectable", AttributeType::Flag, "No",
                                       "Whether Tab reaches the pane"};
 

@@ -17,6 +17,9 @@ public:
     virtual void SetBitmap(Utilities::String const& name, Utilities::SmartPointer<Bitmap> bitmap) = 0;
     /// Forgets all pictures; who holds one keeps it.
     virtual void Clear() = 0;
+    /// Forgets the pictures that came from a language's directory, so that they are looked for in the one
+    /// of the language that is current now.
+    virtual void OnLanguageChanged() {}
 };
 
 } // namespace GUI

@@ -56,6 +56,7 @@ void Pane::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree
     SetFrame(attributes.Flag(CommonAttributes::frame));
     if (attributes.Text(CommonAttributes::backgroundColor).Length() != 0)
         SetBackgroundColor(attributes.Colour(CommonAttributes::backgroundColor));
+    SetBackgroundBitmap(attributes.Text(CommonAttributes::backgroundBitmap));
     if (description.HasChildren()) CreateChildren(*GetWindowID(), description, dataSource);
 }
 
@@ -82,7 +83,11 @@ void Pane::LayOutFirstChild() {
     child->SetSize(width, height);
 }
 
-long Pane::OnUpdate(Anything const& command) { return GUIElement::OnUpdate(command); }
+long Pane::OnUpdate(Anything const& command) {
+    Anything const bitmap = GetValue(CommonAttributes::backgroundBitmap.key);
+    if (bitmap.IsOfTypeString()) SetBackgroundBitmap(bitmap.GetString());
+    return GUIElement::OnUpdate(command);
+}
 
 void Pane::OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                    GUIElement const& /*element*/) const {

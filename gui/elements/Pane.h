@@ -10,12 +10,14 @@
 
 namespace GUI {
 
-/// An element with its own window, which it paints whole: background, then frame, then what a derived
-/// class draws.
+/// An element with its own window, which it paints whole: background, then frame, then the background
+/// picture, then what a derived class draws.
 ///
 /// Attributes beyond `GUIElement`'s: "ElementName" (mandatory here), "BackgroundColor" (the system's
-/// dialog colour), "Frame" (No), "Selectable" (No; whether Tab reaches it). Description children become
-/// elements inside the pane, the first of which fills it.
+/// dialog colour), "BackgroundBitmap" (none; name of an image of the image service, drawn at its own size
+/// from the top left corner), "Frame" (No), "Selectable" (No; whether Tab reaches it). Of the data source
+/// at each update: "BackgroundBitmap", an empty string for none; any other answer leaves it. Description
+/// children become elements inside the pane, the first of which fills it.
 ///
 /// A pane holds the selection of a topic while the component "SelectionService" says so; the pane that
 /// held it before is told and repaints. A pane that dies gives its selections up.
@@ -35,7 +37,7 @@ public:
                                  GUIElement const& element) const override;
     void OnLanguageChanged() override;
 
-    /// Copies how the pane looks: background, frame.
+    /// Copies how the pane looks: background colour and picture, frame.
     virtual Pane const& operator=(Pane const& other);
     /// Replaces the pane's children by those of a description file, or of a description in memory with
     /// the data source that they are to see. The tree is copied.
@@ -71,6 +73,8 @@ public:
     /// Name of the image under the pane's drawing; empty for none.
     Utilities::String const& GetBackgroundBitmap() const { return backgroundBitmap_; }
     void SetBackgroundBitmap(Utilities::String const& imageName) { backgroundBitmap_ = imageName; }
+    /// Whether there may be pixels that it doesn't paint, beside its picture or around its shape.
+    bool LeavesPixels() const { return leavesPixels_ || backgroundBitmap_.Length() != 0; }
     /// Whether the pane holds the selection that the property inspector follows.
     bool IsSelected() const { return selected_; }
 
@@ -79,6 +83,8 @@ protected:
     static bool HasNoRepaint(Utilities::String const& message);
     /// The message without that suffix.
     static Utilities::String GetCommand(Utilities::String const& message);
+    /// Said by a class that paints less than the whole pane.
+    void SetLeavesPixels(bool leaves) { leavesPixels_ = leaves; }
     /// Registers `OnUpdate` with the data source under the pane's own name.
     void RegisterOnUpdate();
     /// The data source's value under the pane's own name; invalid without a data source.
@@ -92,6 +98,7 @@ private:
     RGBVector backgroundColor_;
     Utilities::String backgroundBitmap_;
     bool frame_ = false;
+    bool leavesPixels_ = false;
     bool selected_ = false;
     bool dragMouseOver_ = false;
     std::pair<long, long> dragMouseOverPosition_;

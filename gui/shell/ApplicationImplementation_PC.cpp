@@ -19,6 +19,7 @@
 #include <QMessageBox>
 #include <QThread>
 #include <QTimer>
+#include <QToolTip>
 #include <array>
 
 namespace GUI {
@@ -73,6 +74,8 @@ ApplicationImplementation_PC::~ApplicationImplementation_PC() {
 }
 
 long ApplicationImplementation_PC::OnLanguageChanged(Utilities::Anything const& /*language*/) {
+    // A tool tip that is open now would stay in the former language until the mouse moves.
+    QToolTip::hideText();
     Application::Instance().OnLanguageChanged();
     return 0;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "gui/elements/ApplicationImplementation.h"
+#include "gui/elements/MessageService.h"
 #include "gui/shell/Accelerators.h"
-#include "gui/shell/MessageService.h"
 
 #include <QObject>
 #include <memory>

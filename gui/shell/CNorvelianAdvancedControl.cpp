@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 #include <QToolTip>
@@ -61,6 +62,7 @@ void CNorvelianAdvancedControl::paintEvent(QPaintEvent* event) {
     painting_ = true;
     Guarded("CNorvelianAdvancedControl: paint", [this, event] {
         PaintScope const scope(*this);
+        if (impl_->LeavesPixels()) QPainter(this).fillRect(event->rect(), palette().window());
         std::optional<PlatformIndependentDeviceContext_PC::DirectPixels> pixels;
         QPoint offset;
         // During a paint the platform redirects the widget to the memory behind its window.

@@ -1,5 +1,6 @@
 #include "gui/shell/CNorvelianDialog.h"
 
+#include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/shell/Dialog_PC.h"
 #include "gui/shell/EventGuard_PC.h"
 #include "gui/shell/PaintScope_PC.h"
@@ -49,7 +50,12 @@ void CNorvelianDialog::paintEvent(QPaintEvent* event) {
     QDialog::paintEvent(event);
     PaintScope const scope(*this);
     RunGuarded([this] {
-        if (element_) TopLevel::PaintDecorators(*this, *element_);
+        if (!element_) return true;
+        {
+            PlatformIndependentDeviceContext_PC context(*this);
+            element_->PaintBackground(context);
+        }
+        TopLevel::PaintDecorators(*this, *element_);
         return true;
     });
 }

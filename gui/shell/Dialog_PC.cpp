@@ -87,6 +87,7 @@ void Dialog_PC::ReadAttributes() {
     height_ = reader.Unsigned(WindowKeys::height);
     fixedSize_ = !reader.Flag(WindowKeys::dialogResizeable);
     escKeyElementName_ = reader.Text(WindowKeys::escKeyElementName);
+    backgroundBitmap_ = reader.Text(WindowKeys::backgroundBitmap);
     if (reader.Text(WindowKeys::backgroundColor).Length() != 0) {
         RGBVector const color = reader.Colour(WindowKeys::backgroundColor);
         QPalette palette = window_->palette();
@@ -108,7 +109,10 @@ void Dialog_PC::OnLanguageChanged() {
 void Dialog_PC::OnInitDialog() {
     // A dialog without a parent is a main window; one with a parent counts while it is modal.
     bool const hasParent = window_->parentWidget() != nullptr;
-    if (!hasParent || !modeless_) Application::Instance().SetDialogToList(*this);
+    if (!hasParent || !modeless_)
+        Application::Instance().SetDialogToList(*this);
+    else
+        Application::Instance().EnterWindow(*this);
     CreateContents();
     QPoint corner(static_cast<int>(x_), static_cast<int>(y_));
     if (hasParent) corner = window_->parentWidget()->mapToGlobal(corner);
@@ -205,6 +209,10 @@ void Dialog_PC::SetResizeable(bool resizeable) {
 void Dialog_PC::OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                         GUIElement const& /*element*/) const {
     if (GUIElement const* const child = GetFirstChild()) child->OnPaintWindowDecorators(context, *this);
+}
+
+void Dialog_PC::PaintBackground(PlatformIndependentDeviceContext& context) const {
+    if (backgroundBitmap_.Length() != 0) context.DrawImage(0, 0, backgroundBitmap_);
 }
 
 void Dialog_PC::OnEscape() {

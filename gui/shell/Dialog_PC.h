@@ -11,7 +11,9 @@ namespace GUI {
 ///
 /// Attributes: "ElementName" (mandatory), "Caption" ("No caption in the Dialog description"), "X" (20) and
 /// "Y" (0) from the inside of the parent window, "Width" and "Height" of the inside (mandatory),
-/// "Resizeable" (No), "Closeable" (Yes), "TitleBar" (Yes), "EscKeyElementName" (none), "BackgroundColor".
+/// "Resizeable" (No), "Closeable" (Yes), "TitleBar" (Yes), "EscKeyElementName" (none), "BackgroundColor",
+/// "BackgroundBitmap" (none; name of an image of the image service, drawn under the elements at its own size
+/// from the top left corner).
 ///
 /// Closing it by its window runs the data source's callback "OnClose" of the dialog's name; the dialog
 /// enters one that closes it.
@@ -41,6 +43,8 @@ public:
     void OnLanguageChanged() override;
     void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                  GUIElement const& element) const override;
+    /// Draws what lies under the elements, above the background's colour.
+    void PaintBackground(PlatformIndependentDeviceContext& context) const;
     /// Switches resizing by the user on and off.
     void SetResizeable(bool resizeable);
 
@@ -60,6 +64,7 @@ private:
     DescriptionTree description_;
     QPointer<CNorvelianDialog> window_;
     Utilities::String escKeyElementName_;
+    Utilities::String backgroundBitmap_;
     long x_ = 20;
     long y_ = 0;
     unsigned long width_ = 10;

@@ -38,7 +38,7 @@ inline constexpr Attribute titleBar{"TitleBar", AttributeType::Flag, "Yes", "A t
 inline constexpr Attribute escKeyElementName{"EscKeyElementName", AttributeType::ElementName, "",
                                              "The element whose click the Esc key triggers"};
 inline constexpr Attribute backgroundBitmap{"BackgroundBitmap", AttributeType::ImageName, "",
-                                            "Image under the elements"};
+                                            "Image under the elements, from the top left corner"};
 inline constexpr Attribute backgroundColor{"BackgroundColor", AttributeType::Colour, "", "Background"};
 
 } // namespace WindowKeys

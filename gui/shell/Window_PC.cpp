@@ -166,18 +166,23 @@ long Window_PC::OnUpdate(Anything const& command) {
     if (window_ && GetDataSource()) {
         Anything const visible = GetDataSource()->GetValue(GetElementName(), "Visible");
         if (visible.IsValid()) window_->setVisible(visible.GetBool());
-        Anything const caption = GetDataSource()->GetValue(GetElementName(), "Caption");
-        if (caption.IsOfTypeString()) {
-            caption_ = caption.GetString();
-            window_->setWindowTitle(ToPlatformText(LanguageServiceInterface::GetTranslation(caption_)));
-        }
+        ShowCaption();
     }
     return GUIElement::OnUpdate(command);
 }
 
+void Window_PC::ShowCaption() {
+    if (!window_) return;
+    // Asked for each time: what a data source puts together holds translated text.
+    Anything const caption =
+        GetDataSource() ? GetDataSource()->GetValue(GetElementName(), "Caption") : Anything();
+    if (caption.IsOfTypeString()) caption_ = caption.GetString();
+    window_->setWindowTitle(ToPlatformText(LanguageServiceInterface::GetTranslation(caption_)));
+}
+
 void Window_PC::OnLanguageChanged() {
     GUIElement::OnLanguageChanged();
-    if (window_) window_->setWindowTitle(ToPlatformText(LanguageServiceInterface::GetTranslation(caption_)));
+    ShowCaption();
 }
 
 void Window_PC::OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,

@@ -44,6 +44,7 @@ private:
     void CreatePlatformWindow(PlatformIndependentWindowID const& parent, DescriptionTree const& description);
     void ApplyPlace(DescriptionTree const& description);
     void ApplyLimits();
+    void ShowCaption();
     void LayOut();
 
     QPointer<CNorvelianWnd> window_;

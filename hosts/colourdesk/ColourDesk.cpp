@@ -1,12 +1,14 @@
 #include "hosts/colourdesk/ColourDesk.h"
 
 #include "Utilities/NamingService.h"
+#include "Utilities/Preferences.h"
 #include "Utilities/ProgramDirectory.h"
 #include "Utilities/TranslationService.h"
 #include "core/base/Exceptions.h"
 #include "cxf/TristimException.h"
 #include "gui/elements/GUIDescriptionReader.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
@@ -19,6 +21,10 @@ using Utilities::String;
 namespace {
 
 constexpr char const* bundledFile = "cie_named_34_36band.txt";
+
+/// What the platform sends when a key is released: the key's code, Shift, Ctrl.
+constexpr char const* keyMessage = "Key";
+constexpr char const* nextLanguageKey = "119;0;0"; // F8
 
 std::string BundledFile() { return Utilities::GetProgramDirectory() + "/data/samples/" + bundledFile; }
 
@@ -58,7 +64,8 @@ char const* Options::Usage() {
            "Without FILE, the samples that come with the program.\n"
            "\n"
            "  --screenshot PICTURE       draws the window without a screen and writes it to PICTURE\n"
-           "  --language LANGUAGE        English, French, German or Japanese\n"
+           "  --language LANGUAGE        English, French, German or Japanese; F8 in the window takes the\n"
+           "                             next one and keeps it\n"
            "  --exit-after-first-paint   ends when the window has been painted\n"
            "  --help                     this text\n";
 }
@@ -67,7 +74,10 @@ Application::Application(Options options) : GUI::Application("colourdesk"), opti
     SetOffscreen(!options_.screenshot.empty());
 }
 
-Application::~Application() { Close(); }
+Application::~Application() {
+    if (!messages_.IsNull()) messages_->RemoveCallback(keyMessage);
+    Close();
+}
 
 void Application::Close() {
     window_ = nullptr;
@@ -113,10 +123,17 @@ long Application::OpenFile(String const& fileName) {
     }
 }
 
+void Application::Start() {
+    GetImplementation();
+    LoadLanguages();
+    messages_ = Utilities::ResolveComponent<GUI::MessageService>("MessageService");
+    messages_->SetCallback(keyMessage, Utilities::MakeCallback(this, &Application::OnKey));
+    Show(options_.file.empty() ? BundledFile() : options_.file);
+}
+
 int Application::Execute() {
     GUI::ApplicationImplementation const& platform = GetImplementation();
-    LoadLanguages();
-    Show(options_.file.empty() ? BundledFile() : options_.file);
+    Start();
     if (options_.exitAfterFirstPaint) {
         QuitAfterFirstPaint();
         return Run();
@@ -140,6 +157,20 @@ void Application::LoadLanguages() {
         ReportError(failure.what());
     }
     if (!options_.language.empty()) languages->SetLanguage(options_.language);
+}
+
+long Application::OnKey(Utilities::Anything const& key) {
+    if (!(key.GetString() == nextLanguageKey)) return 0;
+    auto const service = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");
+    auto const languages = service->GetLanguages();
+    if (languages.GetSize() == 0) return 0;
+    auto const current = std::find(languages.begin(), languages.end(), service->GetLanguage());
+    bool const isLast = current == languages.end() || current + 1 == languages.end();
+    String const next = isLast ? *languages.begin() : *(current + 1);
+    service->SetLanguage(next);
+    Utilities::ResolveComponent<Utilities::Preferences>("Preferences")
+        ->SetValue("LanguageService", "Language", next);
+    return 1;
 }
 
 int Application::WritePicture(std::string const& fileName) {

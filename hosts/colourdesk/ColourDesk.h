@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/elements/Application.h"
+#include "gui/elements/MessageService.h"
 #include "hosts/colourdesk/SampleWindow.h"
 
 #include <memory>
@@ -33,6 +34,8 @@ public:
 
     /// Opens the file and shows it; throws what reading throws.
     void Show(std::string const& file);
+    /// Opens the window that the options ask for, in their language.
+    void Start();
     /// The exit code. Shows the window and runs until it is closed, or writes its picture.
     int Execute();
     /// Drops the window.
@@ -45,10 +48,13 @@ private:
     void LoadLanguages();
     /// The screen by the profile that the desktop names, else sRGB.
     Tintorium::ScreenRGB GetScreen();
+    /// The user's way to another language: F8 takes the next one and keeps it in the settings.
+    long OnKey(Utilities::Anything const& key);
     int WritePicture(std::string const& fileName);
     void QuitAfterFirstPaint();
 
     Options options_;
+    Utilities::SmartPointer<GUI::MessageService> messages_;
     std::unique_ptr<SampleWindow> handler_;
     Utilities::SmartPointer<GUI::PlatformIndependentWindowID> noParent_;
     GUI::DescriptionTree description_;

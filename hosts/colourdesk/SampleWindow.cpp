@@ -241,7 +241,11 @@ std::string SampleWindow::PatchName(long sample) const {
 std::string SampleWindow::ToolTip(long sample) const {
     if (sample < 0 || sample >= Count()) return {};
     ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
-    return shown.name + "\n" + SampleDocument::FormatLab(shown.lab) + "\n" + SampleDocument::GetCondition();
+    std::string text =
+        shown.name + "\n" + SampleDocument::FormatLab(shown.lab) + "\n" + SampleDocument::GetCondition();
+    if (!shown.color.IsInGamut())
+        text += "\n" + LanguageServiceInterface::GetTranslation("outside the screen's gamut").GetStdString();
+    return text;
 }
 
 Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample>

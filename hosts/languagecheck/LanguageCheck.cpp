@@ -2,9 +2,12 @@
 
 #include "Utilities/Directory.h"
 #include "core/base/Exceptions.h"
+#include "core/base/Utf8.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
+#include <string_view>
 
 namespace LanguageCheck {
 
@@ -30,6 +33,23 @@ std::string Unfolded(std::string const& line) {
     return text;
 }
 
+/// Text is shown as UTF-8 where it is that and as Windows-1252 elsewhere. In a file of the latter, two
+/// letters beside each other may be the former by chance.
+void CheckEncoding(std::string const& path, std::vector<std::string> const& lines,
+                   std::vector<Finding>& findings) {
+    std::size_t lineOfUtf8 = 0;
+    bool hasBytes = false;
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        for (std::string_view rest = lines[i]; !rest.empty();) {
+            std::size_t const length = Utilities::Utf8SequenceLength(rest);
+            if (length == 0) hasBytes = true;
+            if (length > 1 && lineOfUtf8 == 0) lineOfUtf8 = i + 1;
+            rest.remove_prefix(std::max<std::size_t>(length, 1));
+        }
+    if (hasBytes && lineOfUtf8 != 0)
+        findings.push_back({path, lineOfUtf8, "reads as UTF-8 in a file that isn't"});
+}
+
 void CheckLanguage(File const& file, std::vector<std::string> const& keyLines,
                    std::vector<Finding>& findings) {
     std::string const path = file.GetPath();
@@ -51,6 +71,7 @@ void CheckLanguage(File const& file, std::vector<std::string> const& keyLines,
         if (keyLines[i].empty() && !lines[i].empty())
             findings.push_back({path, i + 1, "a translation without a key is dropped"});
     }
+    CheckEncoding(path, lines, findings);
 }
 
 } // namespace

@@ -36,7 +36,7 @@ std::vector<UsedKey> ExtractKeys(std::string const& file, std::string const& con
                                  std::vector<Finding>& findings);
 
 /// Checks `Languages.key` in a directory and every `*.lang` beside it: files and version lines, keys that
-/// stand twice, translations that are missing or superfluous. Fills `keys`.
+/// stand twice, translations that are missing or superfluous, files of mixed encodings. Fills `keys`.
 void CheckFiles(std::string const& directory, std::vector<KeyLine>& keys, std::vector<Finding>& findings);
 
 /// Reports, once for each text, what is used and has no key.

@@ -72,6 +72,15 @@ TEST_F(ImageServiceTest, LooksInImagesThenInTheLanguageThenInEnglish) {
     for (char const* const nowhere : {"Missing", "", "../images/Root", "Root.png", "*"})
         EXPECT_EQ(WidthOf(service, nowhere), 6U) << nowhere;
     EXPECT_EQ(service.GetBitmap("Missing").Get(), service.GetBitmap("Other").Get());
+
+    auto const kept = service.GetBitmap("Root");
+    service.SetBitmap("Base", kept);
+    Image("German/Local.png", 12);
+    EXPECT_EQ(WidthOf(service, "Local"), 3U);
+    service.OnLanguageChanged();
+    EXPECT_EQ(WidthOf(service, "Local"), 12U) << "a language's picture is looked for anew";
+    EXPECT_EQ(service.GetBitmap("Root").Get(), kept.Get());
+    EXPECT_EQ(service.GetBitmap("Base").Get(), kept.Get()) << "one made at run time isn't a language's";
 }
 
 TEST_F(ImageServiceTest, KeepsWhatItLoadedAndNotWhatItMissed) {
@@ -105,7 +114,7 @@ TEST_F(ImageServiceTest, WithoutADirectoryThereIsNothing) {
     EXPECT_EQ(WidthOf(service, "A"), 1U);
 }
 
-TEST_F(ImageServiceTest, MarksShowTheSearchLevel) {
+TEST_F(ImageServiceTest, MarksShowTheSearchLevelAndNamesTheFile) {
     Set("ImageService", "Mark", "TRUE");
     Image("Root.png", 10);
     Image("German/Local.png", 10);
@@ -121,14 +130,12 @@ TEST_F(ImageServiceTest, MarksShowTheSearchLevel) {
         EXPECT_EQ(pixels[9][9], color) << name;
         EXPECT_EQ(pixels[2][5], RGBVector(255, 255, 255)) << name;
     }
-}
-
-TEST_F(ImageServiceTest, FileNamesAreWrittenIntoPictures) {
+    Set("ImageService", "Mark", "no");
     Set("ImageService", "ShowFileNames", "true");
     Image("Root.png", 60);
-    ImageService service;
+    ImageService naming;
     Bitmap::Pixels pixels;
-    service.GetBitmap("Root")->GetPixels(pixels);
+    naming.GetBitmap("Root")->GetPixels(pixels);
     int written = 0;
     for (auto const& column : pixels)
         for (RGBVector const& pixel : column) written += pixel == RGBVector(255, 255, 255) ? 0 : 1;

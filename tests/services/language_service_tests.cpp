@@ -4,7 +4,8 @@
 #include "Utilities/Preferences.h"
 #include "Utilities/ProgramDirectory.h"
 #include "core/base/Exceptions.h"
-#include "gui/shell/MessageService.h"
+#include "gui/elements/MessageService.h"
+#include "gui/platform/TextConversion_PC.h"
 #include "services/LanguageService.h"
 #include "tests/support/FunctionCallback.h"
 #include "tests/support/TemporaryDirectory.h"
@@ -116,6 +117,22 @@ TEST_F(LanguageServiceTest, SwitchesAndTellsTheApplication) {
     EXPECT_EQ(Utilities::ResolveComponent<Utilities::Preferences>("Preferences")
                   ->GetValue("LanguageService", "Language", "none"),
               "none");
+}
+
+TEST_F(LanguageServiceTest, FilesInWindows1252AndInUtf8ShowTheSame) {
+    Language("Languages.key", "1\nOne\nTwo\n");
+    Language("Bytes.lang", "1\nGr\xFC\xDF"
+                           "e\x85\nf\xFCr 5 \x80\n");
+    Language("Utf.lang", "\xEF\xBB\xBF\x31\nGr\u00FC\u00DFe\u2026\nf\u00FCr 5 \u20AC\n");
+    LanguageService service;
+    for (char const* const name : {"Bytes", "Utf"}) {
+        service.SetLanguage(name);
+        EXPECT_EQ(GUI::ToPlatformText(service.GetTranslation("One")),
+                  QString::fromUtf8("Gr\u00FC\u00DFe\u2026"))
+            << name;
+        EXPECT_EQ(GUI::ToPlatformText(service.GetTranslation("Two")), QString::fromUtf8("f\u00FCr 5 \u20AC"))
+            << name;
+    }
 }
 
 TEST_F(LanguageServiceTest, AnEmptySettingTakesTheFirstLanguageThatIsGood) {

@@ -1,9 +1,11 @@
 // Windows and dialogs made from descriptions, on the offscreen platform.
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
+#include "Utilities/TranslationService.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
 #include "gui/elements/DialogHandler.h"
+#include "gui/elements/ImageServiceInterface.h"
 #include "gui/elements/Pane.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/shell/ApplicationImplementation_PC.h"
@@ -69,10 +71,20 @@ public:
 
 class Windows : public testing::Test {
 protected:
-    template <class T>
-    T& Make(Utilities::SmartPointer<GUI::DescriptionTree> const& node, char const* component) {
+    using NodePointer = Utilities::SmartPointer<GUI::DescriptionTree>;
+    using Attributes = std::initializer_list<std::pair<char const*, char const*>>;
+
+    /// A "Window" or "Dialog" of 300 by 200, unless `more` says otherwise.
+    static NodePointer Top(char const* type, char const* name, Attributes more = {},
+                           std::initializer_list<NodePointer> children = {}) {
+        auto const node = Node(
+            {{"GUIElementType", type}, {"ElementName", name}, {"Width", "300"}, {"Height", "200"}}, children);
+        for (auto const& [key, value] : more) (*node)[key] = value;
+        return node;
+    }
+    template <class T> T& Make(NodePointer const& node) {
         description_ = node;
-        element_ = Utilities::ResolveComponent<GUI::GUIElement>(component);
+        element_ = Utilities::ResolveComponent<GUI::GUIElement>((*node)["GUIElementType"].GetString());
         element_->Initialize(none_, *node, &handler_);
         QApplication::processEvents();
         return dynamic_cast<T&>(*element_);
@@ -80,17 +92,15 @@ protected:
     static QWidget& WidgetOf(GUI::GUIElement& element) {
         return *GUI::PlatformIndependentWindowID_PC::WindowOf(*element.GetWindowID());
     }
-    static Utilities::SmartPointer<GUI::DescriptionTree> Content() {
-        return Node({{"GUIElementType", "VBox"}}, {Node({{"GUIElementType", "Pane"},
-                                                         {"ElementName", "Content"},
-                                                         {"MinimalWidth", "120"},
-                                                         {"MinimalHeight", "50"},
-                                                         {"MaximalHeight", "5000"}})});
+    static NodePointer Content() {
+        return Node({{"GUIElementType", "VBox"}},
+                    {Top("Pane", "Content",
+                         {{"MinimalWidth", "120"}, {"MinimalHeight", "50"}, {"MaximalHeight", "5000"}})});
     }
 
     Handler handler_;
     GUI::PlatformIndependentWindowID_PC none_;
-    Utilities::SmartPointer<GUI::DescriptionTree> description_;
+    NodePointer description_;
     Utilities::SmartPointer<GUI::GUIElement> element_;
 };
 
@@ -101,10 +111,7 @@ Utilities::Preferences& Settings() {
 } // namespace
 
 TEST_F(Windows, TakesItsAttributesAndItsContentsLimits) {
-    auto& window = Make<GUI::Window_PC>(
-        Node({{"GUIElementType", "Window"}, {"ElementName", "Main"}, {"Width", "300"}, {"Height", "200"}},
-             {Content()}),
-        "Window");
+    auto& window = Make<GUI::Window_PC>(Top("Window", "Main", {}, {Content()}));
     QWidget& widget = WidgetOf(window);
     EXPECT_EQ(widget.windowTitle(), "No caption in the window description");
     EXPECT_EQ(widget.size(), QSize(300, 200));
@@ -126,12 +133,7 @@ TEST_F(Windows, TakesItsAttributesAndItsContentsLimits) {
 }
 
 TEST_F(Windows, RemembersItsPlace) {
-    auto const node = Node({{"GUIElementType", "Window"},
-                            {"ElementName", "Place"},
-                            {"Width", "300"},
-                            {"Height", "200"},
-                            {"X", "70"},
-                            {"Y", "60"}});
+    auto const node = Top("Window", "Place", {{"X", "70"}, {"Y", "60"}});
     struct Row {
         char const* saved;
         QPoint expected;
@@ -140,9 +142,9 @@ TEST_F(Windows, RemembersItsPlace) {
     for (Row const& row :
          {Row{"XXYY", {70, 60}}, Row{"33,44", {44, 33}}, Row{"three", {70, 60}}, Row{"3", {70, 60}}}) {
         Settings().SetValue("Windows", "Place", row.saved);
-        EXPECT_EQ(WidgetOf(Make<GUI::Window_PC>(node, "Window")).pos(), row.expected) << row.saved;
+        EXPECT_EQ(WidgetOf(Make<GUI::Window_PC>(node)).pos(), row.expected) << row.saved;
     }
-    auto& window = Make<GUI::Window_PC>(node, "Window");
+    auto& window = Make<GUI::Window_PC>(node);
     window.SetPosition(static_cast<unsigned long>(-5L), 120);
     EXPECT_EQ(Settings().GetValue("Windows", "Place", ""), "120,0");
     WidgetOf(window).move(81, 91);
@@ -152,10 +154,9 @@ TEST_F(Windows, RemembersItsPlace) {
 }
 
 TEST_F(Windows, TheMainWindowAsksBeforeItCloses) {
-    auto& window = Make<GUI::Window_PC>(
-        Node({{"GUIElementType", "Window"}, {"ElementName", "Main"}, {"Width", "300"}, {"Height", "200"}}),
-        "Window");
+    auto& window = Make<GUI::Window_PC>(Top("Window", "Main"));
     environment->app->SetMainWindow(&window);
+    environment->app->SetDialogToList(window);
     environment->app->mayClose = false;
     EXPECT_FALSE(WidgetOf(window).close());
     EXPECT_EQ(environment->app->GetMainWindow(), &window);
@@ -165,13 +166,7 @@ TEST_F(Windows, TheMainWindowAsksBeforeItCloses) {
 }
 
 TEST_F(Windows, DialogClosesThroughItsDataSourceAndByTheEscElement) {
-    auto& dialog = Make<GUI::Dialog_PC>(Node({{"GUIElementType", "Dialog"},
-                                              {"ElementName", "Ask"},
-                                              {"Width", "200"},
-                                              {"Height", "100"},
-                                              {"EscKeyElementName", "Cancel"}},
-                                             {Content()}),
-                                        "Dialog");
+    auto& dialog = Make<GUI::Dialog_PC>(Top("Dialog", "Ask", {{"EscKeyElementName", "Cancel"}}, {Content()}));
     int cancelled = 0;
     handler_.SetCallback("Cancel", "OnClick", Tests::MakeCallback([&](Anything const& argument) {
                              EXPECT_EQ(argument.GetString(), "Cancel");
@@ -180,7 +175,7 @@ TEST_F(Windows, DialogClosesThroughItsDataSourceAndByTheEscElement) {
                          }));
     QTimer::singleShot(0, [&] {
         QWidget& widget = WidgetOf(dialog);
-        EXPECT_EQ(widget.size(), QSize(200, 100));
+        EXPECT_EQ(widget.size(), QSize(300, 200));
         EXPECT_EQ(widget.minimumSize(), widget.maximumSize()) << "not resizeable unless it says so";
         for (auto const key : {Qt::Key_Escape, Qt::Key_Return}) {
             QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
@@ -194,10 +189,82 @@ TEST_F(Windows, DialogClosesThroughItsDataSourceAndByTheEscElement) {
     EXPECT_FALSE(WidgetOf(dialog).isVisible());
 }
 
+TEST_F(Windows, BackgroundPicturesLieUnderTheElementsAtTheirOwnSize) {
+    auto const images = Utilities::ResolveComponent<GUI::ImageServiceInterface>("ImageService");
+    auto const picture = [&](char const* name, GUI::RGBVector const& color) {
+        auto const bitmap = Utilities::ResolveComponent<GUI::Bitmap>("Bitmap");
+        bitmap->Create(60, 40);
+        auto& context = bitmap->BeginDraw();
+        context.SetPen(color, 1, GUI::PlatformIndependentDeviceContext::solid);
+        context.SetBrush(color);
+        context.FillRectangle(0, 0, 60, 40);
+        bitmap->EndDraw();
+        images->SetBitmap(name, bitmap);
+    };
+    picture("Red", {200, 0, 0});
+    picture("Green", {0, 200, 0});
+    // The first row of the contents lets the dialog show, the others paint themselves.
+    auto const row = [](char const* type, char const* name) {
+        return Top(type, name,
+                   {{"BackgroundBitmap", "Green"},
+                    {"BackgroundColor", "1,2,3"},
+                    {"MinimalHeight", "50"},
+                    {"MaximalHeight", "50"}});
+    };
+    auto const described = [&](char const* bitmap) {
+        auto const contents =
+            Node({{"GUIElementType", "VBox"}}, {row("GumBox", ""), row("Pane", "Plain"),
+                                                row("CirclePatch", "Disc"), row("SmallPatch", "Small")});
+        return Top("Dialog", "Picture",
+                   {{"Width", "100"},
+                    {"Height", "200"},
+                    {"BackgroundColor", "10,20,30"},
+                    {"BackgroundBitmap", bitmap}},
+                   {contents});
+    };
+    handler_.values["Disc.BitmapOnly"] = true;
+    auto& dialog = Make<GUI::Dialog_PC>(described("Red"));
+    struct Expected {
+        int x, y;
+        QColor color;
+    };
+    auto const check = [&](char const* state, std::initializer_list<Expected> rows) {
+        QImage const shown = WidgetOf(dialog).grab().toImage();
+        for (Expected const& expected : rows)
+            EXPECT_EQ(shown.pixelColor(expected.x, expected.y), expected.color)
+                << state << " at " << expected.x << ", " << expected.y;
+    };
+    QColor const red(200, 0, 0), green(0, 200, 0), face(10, 20, 30), pane(1, 2, 3);
+    QTimer::singleShot(0, [&] {
+        check("as described", {{0, 0, red},
+                               {59, 39, red},
+                               {60, 39, face},
+                               {59, 40, face},
+                               {0, 50, green},
+                               {59, 89, green},
+                               {60, 89, pane},
+                               {59, 90, pane},
+                               {59, 139, green},
+                               {60, 139, face},
+                               {59, 140, face},
+                               {0, 150, green},
+                               {50, 175, pane},
+                               {99, 150, face}});
+        handler_.values["Plain.BackgroundBitmap"] = "Red";
+        handler_.values["Disc.BackgroundBitmap"] = "";
+        handler_.values["Small.BackgroundBitmap"] = "";
+        for (char const* const name : {"Plain", "Disc", "Small"}) dialog.FindElement(name).OnUpdate({});
+        check("told by the data source",
+              {{0, 50, red}, {60, 89, pane}, {0, 100, QColor(222, 251, 255)}, {0, 150, face}});
+        dialog.SetGUIDescriptionTree(*described("Green"));
+        check("described anew", {{0, 0, green}, {60, 39, face}});
+        dialog.Close(0);
+    });
+    dialog.RunModal();
+}
+
 TEST_F(Windows, WhatAHandlerLetsEscapeGoesToTheApplication) {
-    auto& dialog = Make<GUI::Dialog_PC>(
-        Node({{"GUIElementType", "Dialog"}, {"ElementName", "Ask"}, {"Width", "200"}, {"Height", "100"}}),
-        "Dialog");
+    auto& dialog = Make<GUI::Dialog_PC>(Top("Dialog", "Ask"));
     handler_.SetCallback("Ask", "OnClose", Tests::MakeCallback([&](Anything const&) -> long {
                              dialog.Close(7);
                              throw std::runtime_error("from a callback");
@@ -208,11 +275,22 @@ TEST_F(Windows, WhatAHandlerLetsEscapeGoesToTheApplication) {
     EXPECT_EQ(environment->app->errors, std::vector<std::string>{"from a callback"});
 }
 
+TEST_F(Windows, AModelessDialogHearsOfAnotherLanguageToo) {
+    auto& parent = Make<GUI::Window_PC>(Top("Window", "Main"));
+    auto const tools = Top("Dialog", "Tools", {{"Caption", "Tools"}});
+    GUI::Dialog_PC dialog;
+    dialog.Initialize(*parent.GetWindowID(), *tools, &handler_, true);
+    EXPECT_EQ(environment->app->GetLastDialog(), &parent) << "only modal ones and main windows are listed";
+    auto const languages = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");
+    for (bool const mark : {true, false}) {
+        languages->SetMarkTexts(mark);
+        EXPECT_EQ(WidgetOf(dialog).windowTitle(), mark ? "*Tools*" : "Tools");
+    }
+}
+
 TEST_F(Windows, KeysGoToAcceleratorsThenToTheMessageService) {
     auto& platform = dynamic_cast<GUI::ApplicationImplementation_PC&>(environment->app->GetImplementation());
-    auto& window = Make<GUI::Window_PC>(
-        Node({{"GUIElementType", "Window"}, {"ElementName", "Keys"}, {"Width", "300"}, {"Height", "200"}}),
-        "Window");
+    auto& window = Make<GUI::Window_PC>(Top("Window", "Keys"));
     auto const service = Utilities::ResolveComponent<GUI::MessageService>("MessageService");
     std::vector<std::string> keys;
     service->SetCallback("Key", Tests::MakeCallback([&](Anything const& value) {

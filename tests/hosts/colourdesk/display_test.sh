@@ -59,6 +59,13 @@ await is_painted || fail "the window stayed empty"
 xdotool mousemove --window "$window" 228 675 click 1
 await has_changed || fail "a click on a patch changed $changed pixels"
 
+# F8 takes the next language and keeps it.
+mv "$work/after.png" "$work/before.png"
+xdotool key --window "$window" F8
+await has_changed || fail "another language changed $changed pixels"
+keeps_language() { grep -q '^Language=French' "$work/config/colourdesk.ini" 2>/dev/null; }
+await keeps_language || fail "the language wasn't kept"
+
 xdotool windowsize "$window" 50 50
 await has_shrunk || fail "the window can't be made smaller"
 [ "$WIDTH" -ge 600 ] && [ "$HEIGHT" -ge 300 ] || fail "the window shrank to $WIDTH by $HEIGHT"

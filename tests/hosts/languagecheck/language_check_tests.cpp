@@ -27,12 +27,14 @@ TEST(LanguageCheck, NamesFileAndLineOfEachFault) {
     Tests::WriteFile(directory / "Short.lang", "V1\nUn\n\nDeux");
     Tests::WriteFile(directory / "Old.lang", "V0\n");
     Tests::WriteFile(directory / "Good.lang", "V1\r\na\r\n\r\nb\r\na\r\nc\r\n");
+    Tests::WriteFile(directory / "Mixed.lang", "V1\na\n\nGr\xFC\xDF\x85\na\nc\n");
     Tests::WriteFile(directory / "Wrong.lang", "V1\na\nx\n\na\nc\nd\n");
     CheckFiles(directory.GetPath(), keys, findings);
     std::string const twice = "/Languages.key:5: the key \"One\" stands on line 2 already";
     EXPECT_EQ(Texts(findings, directory.GetPath()),
               (std::vector<std::string>{"/Languages.key:0: there is no key file", twice,
                                         ":0: there is no language file", twice,
+                                        "/Mixed.lang:4: reads as UTF-8 in a file that isn't",
                                         "/Old.lang:1: the version \"V0\" differs from the key file's \"V1\"",
                                         "/Short.lang:5: there are 4 lines and the key file has 6",
                                         "/Wrong.lang:7: there are 7 lines and the key file has 6",

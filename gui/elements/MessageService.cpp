@@ -1,4 +1,4 @@
-#include "gui/shell/MessageService.h"
+#include "gui/elements/MessageService.h"
 
 namespace GUI {
 

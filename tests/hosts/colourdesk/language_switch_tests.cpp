@@ -1,0 +1,116 @@
+// The language of Colour Desk's open window, switched as a user switches it.
+#include "Utilities/NamingService.h"
+#include "Utilities/Preferences.h"
+#include "Utilities/ProgramDirectory.h"
+#include "gui/elements/Pane.h"
+#include "gui/platform/PlatformIndependentWindowID_PC.h"
+#include "gui/platform/TextConversion_PC.h"
+#include "hosts/colourdesk/ColourDesk.h"
+#include "tests/support/TemporaryDirectory.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QWindow>
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The lines of one of the program's own language files; the first is line 1.
+std::vector<std::string> Lines(std::string const& file) {
+    std::istringstream text(Tests::ReadFile(std::string(SOURCES) + "/Languages/" + file));
+    std::vector<std::string> lines(1);
+    for (std::string line; std::getline(text, line);) lines.push_back(line);
+    return lines;
+}
+
+/// The program's directory, with the files that stand there when it is installed.
+class ProgramFiles {
+public:
+    ProgramFiles() {
+        fs::remove_all(Utilities::GetProgramDirectory());
+        fs::create_directories(Utilities::GetProgramDirectory());
+        for (char const* const name : {"Languages", "descriptions", "data", "images"})
+            fs::create_symlink(fs::path(SOURCES) / name, fs::path(Utilities::GetProgramDirectory()) / name);
+    }
+    ~ProgramFiles() { fs::remove_all(Utilities::GetProgramDirectory()); }
+    ProgramFiles(ProgramFiles const&) = delete;
+    ProgramFiles& operator=(ProgramFiles const&) = delete;
+};
+
+class Desk : public ColourDesk::Application {
+public:
+    using Application::Application;
+    QWidget& Widget() const {
+        return *GUI::PlatformIndependentWindowID_PC::WindowOf(*GetMainWindow()->GetWindowID());
+    }
+    GUI::Pane& FindPane(char const* name) const {
+        return dynamic_cast<GUI::Pane&>(GetMainWindow()->FindElement(name));
+    }
+    void Press(int key) const {
+        for (auto const type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(Widget().windowHandle(), &event);
+        }
+        QCoreApplication::processEvents();
+    }
+};
+
+} // namespace
+
+TEST(ColourDeskWindow, ShowsEveryTextInTheLanguageThatIsSwitchedTo) {
+    Tests::TemporaryDirectory const settings;
+    ::setenv("XDG_CONFIG_HOME", settings.GetPath().c_str(), 1);
+    ProgramFiles const files;
+    auto const preferences = Utilities::ResolveComponent<Utilities::Preferences>("Preferences");
+    preferences->SetValue("LanguageService", "Language", "French");
+    ColourDesk::Options options;
+    options.file = std::string(SOURCES) + "/data/samples/cie_named_34_36band.txt";
+    options.language = "German";
+    Desk desk(options);
+    desk.Start();
+    EXPECT_EQ(preferences->GetValue("LanguageService", "Language", ""), "French")
+        << "the option is for once only";
+    QWidget& window = desk.Widget();
+    // Another element's caption is put together from a text and a number; it needs a sample beyond the gamut.
+    constexpr char const* outside = "Patch0_11";
+    desk.FindPane(outside).OnLeftButtonDown(GUI::KeyState::None, 5, 5);
+
+    std::vector<QImage> pictures;
+    for (std::string const language : {"German", "Japanese", "English", "French", "German"}) {
+        if (!pictures.empty()) {
+            desk.Press(Qt::Key_F8);
+            EXPECT_EQ(preferences->GetValue("LanguageService", "Language", ""), language.c_str());
+        }
+        auto const lines = Lines(language + ".lang");
+        EXPECT_EQ(GUI::FromPlatformText(window.windowTitle()),
+                  (lines[2] + " \u2013 cie_named_34_36band.txt").c_str());
+        std::vector<std::string> expected{lines[3], lines[4] + " (\u00B190)", lines[5], lines[6],
+                                          "TCS12",  "D50, 2\u00B0",           "L* "};
+        std::vector<std::string> shown;
+        for (QLabel const* const label : window.findChildren<QLabel*>()) {
+            shown.push_back(GUI::FromPlatformText(label->text()));
+            if (shown.back().starts_with("L* ")) shown.back().resize(3);
+            EXPECT_LE(label->sizeHint().width(), label->width()) << shown.back() << " is clipped";
+            EXPECT_LE(label->sizeHint().height(), label->height()) << shown.back() << " is clipped";
+        }
+        std::sort(expected.begin(), expected.end());
+        std::sort(shown.begin(), shown.end());
+        EXPECT_EQ(shown, expected) << language;
+        std::string const tip = desk.FindPane(outside).GetToolTipText(5, 5);
+        EXPECT_TRUE(tip.ends_with("\n" + lines[5])) << tip;
+        pictures.push_back(window.grab().toImage());
+    }
+    EXPECT_EQ(pictures.front(), pictures.back()) << "back where it began";
+    for (std::size_t i = 1; i < pictures.size(); ++i) EXPECT_NE(pictures[i], pictures[i - 1]);
+    desk.Press(Qt::Key_F7);
+    EXPECT_EQ(window.grab().toImage(), pictures.back()) << "no other key does it";
+    desk.Close();
+    desk.ReleaseImplementation();
+}
