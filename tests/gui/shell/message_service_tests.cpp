@@ -1,4 +1,3 @@
-#include "Utilities/Mutex.h"
 #include "Utilities/NamingService.h"
 #include "gui/shell/MessageService_PC.h"
 #include "tests/support/FunctionCallback.h"
@@ -7,13 +6,10 @@
 #include <QEventLoop>
 #include <QTimer>
 #include <array>
-#include <csignal>
 #include <gtest/gtest.h>
 #include <optional>
 #include <stdexcept>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -219,36 +215,6 @@ TEST(MessageService, EightThreadsLoseNothingAndKeepTheirOrder) {
     Application::RunUntilIdle();
     EXPECT_EQ(arrived, threads * each);
     EXPECT_EQ(wrong, 0);
-}
-
-TEST(MessageService, AProcessKilledWithTheLockDoesNotBlockTheNext) {
-    int ready[2];
-    ASSERT_EQ(::pipe(ready), 0);
-    pid_t const child = ::fork();
-    if (child == 0) {
-        Utilities::Mutex held("NVBMessageService");
-        bool const locked = held.Lock(1000);
-        if (::write(ready[1], &locked, 1) == 1)
-            for (;;) ::pause();
-    }
-    bool locked = false;
-    ASSERT_EQ(::read(ready[0], &locked, 1), 1);
-    ASSERT_TRUE(locked);
-
-    MessageService_PC service;
-    Recorder recorder(service);
-    std::thread killer([child] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        ::kill(child, SIGKILL);
-    });
-    service.PostMessage("Number", 1L);
-    killer.join();
-    EXPECT_EQ(::waitpid(child, nullptr, 0), child);
-    service.PostMessage("Number", 2L);
-    service.DeliverPosted();
-    EXPECT_EQ(recorder.numbers, (Numbers{1, 2}));
-    ::close(ready[0]);
-    ::close(ready[1]);
 }
 
 } // namespace
