@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 #include <filesystem>
+#include <string_view>
 
 namespace Utilities {
 
@@ -9,7 +10,11 @@ namespace fs = std::filesystem;
 
 std::string GetExecutablePath() {
     std::error_code failure;
-    return fs::read_symlink("/proc/self/exe", failure).string();
+    std::string path = fs::read_symlink("/proc/self/exe", failure).string();
+    // What the kernel appends once the file was replaced, by an update of the running program say.
+    constexpr std::string_view mark = " (deleted)";
+    if (path.ends_with(mark) && !fs::exists(path, failure)) path.resize(path.size() - mark.size());
+    return path;
 }
 
 std::string GetExecutableStem() {

@@ -13,8 +13,9 @@ namespace Utilities {
 ///
 /// What a forced stop promises: the thread runs not one instruction more when `Stop` returns, so its
 /// object may be deleted; it isn't ended inside the memory allocator, the C library or the loader unless
-/// it waits there in the kernel, so the process can go on allocating memory and making threads; a
-/// `Mutex` that it held is free for the next one.
+/// it waits there in the kernel, nor within an `Unstoppable`, so the process can go on allocating memory and
+/// making threads; a `Mutex` that it held is free for the next one, and posting a message is done whole or
+/// not.
 ///
 /// What it can't promise: nothing on the thread's stack is destroyed, so memory (the stack itself too), files
 /// and locks of any other kind that it held stay held; data that it was changing stay half changed; a stream

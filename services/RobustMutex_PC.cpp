@@ -1,6 +1,7 @@
 #include "services/RobustMutex_PC.h"
 
 #include "Diagnostics/Sink.h"
+#include "Utilities/Unstoppable.h"
 
 #include <algorithm>
 #include <array>
@@ -76,7 +77,8 @@ public:
         if (::fstat(number_, &information) != 0) ThrowError(errno, "fstat");
         // All users name shared memory in one place: what another one put there isn't ours to trust.
         if (information.st_uid != ::geteuid()) ThrowError(EACCES, "shared memory of another user");
-        if (::flock(number_, LOCK_EX) != 0) ThrowError(errno, "flock");
+        while (::flock(number_, LOCK_EX) != 0)
+            if (errno != EINTR) ThrowError(errno, "flock");
         if (::ftruncate(number_, static_cast<off_t>(size)) != 0) ThrowError(errno, "ftruncate");
         void* const address = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, number_, 0);
         if (address == MAP_FAILED) ThrowError(errno, "mmap");
@@ -149,6 +151,7 @@ std::shared_ptr<RobustMutex::Memory> RobustMutex::MapShared(std::string const& n
 }
 
 RobustMutex RobustMutex::OpenShared(std::string const& name) {
+    Unstoppable const whole;
     static std::mutex guard;
     static std::map<std::string, RobustMutex> known;
     std::lock_guard const lock(guard);

@@ -20,7 +20,8 @@ Utilities::ComponentCreatorSingleton<SelectionService> const creator({"Selection
 
 void SelectionService::SetSelection(String const& topic, SelectableObject* object) {
     selected_[topic] = object;
-    if (!advised_.contains(topic.GetStdString())) return;
+    auto const advised = advised_.find(topic.GetStdString());
+    if (advised == advised_.end() || advised->second.empty()) return;
     Notify(topic);
     if (auto const found = advised_.find(topic.GetStdString()); found != advised_.end())
         RemovePending(found->second);

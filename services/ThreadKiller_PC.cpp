@@ -1,5 +1,7 @@
 #include "services/ThreadKiller_PC.h"
 
+#include "Utilities/Unstoppable.h"
+
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -98,9 +100,12 @@ Interrupted WhereInterrupted(ucontext_t const& context) {
 }
 
 void EndIfSound(int, siginfo_t*, void* context) {
-    if (condemned.load() != ::pthread_self()) return;
+    pthread_t self = ::pthread_self();
+    if (condemned.load() != self || Unstoppable::IsInside()) return;
     auto const place = WhereInterrupted(*static_cast<ucontext_t const*>(context));
     if (!place.waitingInKernel && Guarded().Holds(place.instruction)) return;
+    // The one who waits may just have given up; then this thread lives on.
+    if (!condemned.compare_exchange_strong(self, pthread_t{})) return;
     // Ends this thread alone, and without a word to the C library: nothing is unwound. The kernel frees
     // the robust mutexes of the thread.
     killed = static_cast<pid_t>(::syscall(SYS_gettid));
@@ -143,12 +148,14 @@ bool KillThread(pthread_t thread, std::atomic<bool> const& ended, std::chrono::m
         ::pthread_kill(thread, Signal());
         for (int looks = 0; looks < 20 && killed == 0 && !ended; ++looks) ::usleep(50);
     }
-    if (killed != 0)
+    // Whoever takes the mark away decides: this thread gives up, or the other one is on its way out.
+    if (condemned.exchange(pthread_t{}) != thread) {
+        while (killed == 0) ::usleep(50);
         WaitUntilGone(killed);
-    else if (ended)
-        ::pthread_join(thread, nullptr);
-    condemned = pthread_t{};
-    return killed != 0 || ended;
+        return true;
+    }
+    if (ended) ::pthread_join(thread, nullptr);
+    return ended;
 }
 
 } // namespace Utilities

@@ -92,13 +92,19 @@ public:
             purgePending_ = true;
         } else {
             Unlink(node);
+            delete node;
         }
         return value;
     }
 
     /// Removes all elements; iterators that stand on one are invalid from then on.
     void Clear() noexcept {
-        for (Node* node = first_; node;) {
+        // An element that dies may ask for the list it was in.
+        Node* node = std::exchange(first_, nullptr);
+        last_ = nullptr;
+        count_ = 0;
+        purgePending_ = false;
+        while (node) {
             Node* const next = node->next;
             if (node->iteratorCount != 0) {
                 node->next = node->previous = nullptr;
@@ -108,9 +114,6 @@ public:
             }
             node = next;
         }
-        first_ = last_ = nullptr;
-        count_ = 0;
-        purgePending_ = false;
     }
 
     std::uint32_t GetSize() const { return count_; }
@@ -120,7 +123,7 @@ private:
 
     template <class... Arguments> static Node* MakeNode(char const* failure, Arguments const&... arguments) {
         Node* const node = new (std::nothrow) Node(arguments...);
-        if (!node) throw ExceptionNullpointer(failure);
+        if (!node) throw ExceptionNullpointer(node, failure);
         return node;
     }
     ListIterator<T> Link(Node* node, Node* previous, Node* next) {
@@ -134,19 +137,23 @@ private:
     void Unlink(Node* node) {
         (node->previous ? node->previous->next : first_) = node->next;
         (node->next ? node->next->previous : last_) = node->previous;
-        delete node;
     }
     /// Frees the removed nodes that no iterator stands on any more.
     void Sweep() {
         purgePending_ = false;
+        Node* dead = nullptr;
         for (Node* node = first_; node;) {
             Node* const next = node->next;
-            if (node->removed && node->iteratorCount == 0)
+            if (node->removed && node->iteratorCount == 0) {
                 Unlink(node);
-            else if (node->removed)
+                node->next = dead;
+                dead = node;
+            } else if (node->removed) {
                 purgePending_ = true;
+            }
             node = next;
         }
+        while (dead) delete std::exchange(dead, dead->next);
     }
     void CopyFrom(List const& other) {
         try {

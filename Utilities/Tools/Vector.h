@@ -59,9 +59,9 @@ public:
     }
 
     /// An iterator at `index`, clamped to the size; on an empty vector it stands before the start.
-    VectorIterator<T> Begin(std::uint32_t index = 0) { return VectorIterator<T>(*this, index); }
+    VectorIterator<T> Begin(std::uint32_t index = 0) { return BeginOf<VectorIterator<T>>(*this, index); }
     VectorIterator<T const> Begin(std::uint32_t index = 0) const {
-        return VectorIterator<T const>(*this, index);
+        return BeginOf<VectorIterator<T const>>(*this, index);
     }
     VectorIterator<T> End() { return VectorIterator<T>(*this, size_); }
     VectorIterator<T const> End() const { return VectorIterator<T const>(*this, size_); }
@@ -77,6 +77,11 @@ public:
     }
 
 private:
+    template <class Iterator, class Self> static Iterator BeginOf(Self& self, std::uint32_t index) {
+        Iterator begin(self, index);
+        if (self.GetSize() == 0) --begin;
+        return begin;
+    }
     static std::unique_ptr<T[]> Allocate(std::uint32_t size) {
         return size == 0 ? nullptr : std::make_unique<T[]>(size);
     }
@@ -96,9 +101,7 @@ template <class T> class VectorIterator {
 
 public:
     VectorIterator(Container& vector, std::uint32_t index)
-        : index_(std::min(index, vector.GetSize())), vector_(&vector) {
-        if (vector.GetSize() == 0) index_ = beforeStart;
-    }
+        : index_(std::min(index, vector.GetSize())), vector_(&vector) {}
     VectorIterator(VectorIterator const&) = default;
     VectorIterator& operator=(VectorIterator const&) = default;
     virtual ~VectorIterator() = default;

@@ -154,7 +154,11 @@ namespace Utilities {
 class ExceptionNullpointer : public Norvelian::Utilities::Exceptions::NullPointerException {
 public:
     explicit ExceptionNullpointer(std::string const& location)
-        : NullPointerException(static_cast<char const*>(nullptr), location) {}
+        : ExceptionNullpointer(static_cast<char const*>(nullptr), location) {}
+    /// Names the type of what could not be allocated.
+    template <class T>
+    ExceptionNullpointer(T const* allocated, std::string const& location)
+        : NullPointerException(allocated, location) {}
 };
 
 /// The plug-in's component factory could not be made.

@@ -6,7 +6,7 @@ namespace GUI {
 
 namespace {
 
-Utilities::ComponentCreatorNormal<Pane> const paneCreator({"Pane", "$Revision: 1.1 $", "GUI"});
+Utilities::ComponentCreatorNormal<Pane> const paneCreator(Pane::componentDescription);
 
 } // namespace
 

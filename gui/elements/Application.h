@@ -17,7 +17,8 @@ namespace GUI {
 /// The object must live until the plug-in is unloaded. GUI thread only.
 class Application {
 public:
-    /// `name` is the program's: it names the settings file and appears in messages.
+    /// `name` is the program's, as it appears in titles and messages. Settings go to the executable's file
+    /// unless the host names another one by `Utilities::Preferences::SetApplicationName`.
     explicit Application(Utilities::String const& name, std::vector<std::string> arguments = {});
     Application(Application const&) = delete;
     Application& operator=(Application const&) = delete;

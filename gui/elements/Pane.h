@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/component/ComponentCreatorBase.h"
 #include "gui/elements/AdvancedControlImpl.h"
 #include "gui/elements/GUIElement.h"
 #include "gui/elements/KeyState.h"
@@ -23,6 +24,11 @@ namespace GUI {
 /// held it before is told and repaints. A pane that dies gives its selections up.
 class Pane : public GUIElement, public SupportsPropertyInspector, public SelectableObject {
 public:
+    static constexpr Utilities::ComponentDescription componentDescription{"Pane", "$Revision: 1.1 $", "GUI"};
+    static Utilities::ComponentCreatorBase::Descriptor GetDescriptor() {
+        return componentDescription.GetDescriptor();
+    }
+
     Pane() = default;
     ~Pane() override;
 

@@ -1,6 +1,7 @@
 #include "gui/shell/MessageService_PC.h"
 
 #include "Diagnostics/Sink.h"
+#include "Utilities/Unstoppable.h"
 #include "core/creators/ComponentCreator.h"
 
 #include <QCoreApplication>
@@ -64,6 +65,8 @@ void MessageService_PC::PostMessage(String const& name, Anything const& value) {
         Diagnostics::Report("MessageService::PostMessage", "message dropped: the lock is not to be had");
         return;
     }
+    // Neither the queue's lock nor the platform's is freed with a thread that is stopped by force.
+    Utilities::Unstoppable const whole;
     std::lock_guard const lock(queueGuard_);
     queue_.push_back(std::move(message));
     WakeUp();

@@ -7,6 +7,7 @@
 #include "gui/elements/Attributes.h"
 #include "gui/elements/GUIDescriptionReader.h"
 
+#include <dlfcn.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -50,6 +51,11 @@ TEST(PluginModule, RegistersTheTableInOrderAndUnloadsWithoutATrace) {
     ASSERT_TRUE(NamingService::Instance()->GetCreators().empty());
     Plugin plugin(ModulePath());
     EXPECT_TRUE(IsMapped("NorvelianGui.so"));
+    // Four functions are all that it shows.
+    void* const module = ::dlopen(ModulePath().c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    EXPECT_TRUE(::dlsym(module, "PluginResolve"));
+    EXPECT_FALSE(::dlsym(module, "_ZTIN3GUI9Window_PCE"));
+    ::dlclose(module);
 
     std::vector<std::string> expected;
     std::vector<std::string> found;

@@ -2,6 +2,7 @@
 #include "Utilities/Mutex.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/Thread.h"
+#include "gui/shell/MessageService_PC.h"
 #include "services/ThreadImplementation_PC.h"
 
 #include <atomic>
@@ -264,11 +265,16 @@ TEST(Thread, AForcedStopEndsAThreadWhereverItIsAndLeavesTheProcessSound) {
         ++beats;
         for (;;) std::this_thread::sleep_for(1h);
     });
-    Utilities::Runnable* const objects[] = {&computing, &allocating, &swallowing, &sleeping};
-    for (int round = 0; round < 200; ++round) {
+    GUI::MessageService_PC service;
+    Job posting([&]() -> long {
+        held.Lock(-1);
+        for (;; ++beats) service.PostMessage("Beat", 1L);
+    });
+    Utilities::Runnable* const objects[] = {&computing, &allocating, &swallowing, &sleeping, &posting};
+    for (int round = 0; round < 250; ++round) {
         ThreadImplementation_PC thread;
         beats = 0;
-        thread.Start(objects[round % 4]);
+        thread.Start(objects[round % 5]);
         while (beats == 0) std::this_thread::yield();
         thread.Stop(0);
         ASSERT_EQ(thread.GetExitCode(), 99999) << round;
@@ -277,6 +283,7 @@ TEST(Thread, AForcedStopEndsAThreadWhereverItIsAndLeavesTheProcessSound) {
         held.Unlock();
         std::thread([] { std::vector<std::string> used(1000, std::string(100, 'x')); }).join();
         EXPECT_EQ(beats, last) << "not one instruction more";
+        service.PostMessage("Beat", 0L);
     }
 }
 #endif

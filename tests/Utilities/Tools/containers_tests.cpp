@@ -271,4 +271,24 @@ TEST(SmartPointer, SharesItsObjectAcrossConversions) {
     EXPECT_EQ(Base::deaths, 1);
 }
 
+TEST(List, AnElementThatDiesMayLookAtItsList) {
+    struct Looker {
+        List<Looker>* list = nullptr;
+        int* seen = nullptr;
+        ~Looker() {
+            if (!list) return;
+            for (auto it = list->Begin(); it.IsValid(); ++it) ++*seen;
+        }
+    };
+    int seen = 0;
+    List<Looker> list;
+    for (int i = 0; i < 3; ++i) {
+        Looker& looker = list.Append().Current();
+        looker.list = &list;
+        looker.seen = &seen;
+    }
+    list.Clear();
+    EXPECT_EQ(seen, 0) << "a list that is cleared is empty before the first element dies";
+}
+
 } // namespace
