@@ -11,8 +11,9 @@ public:
     Unstoppable(Unstoppable const&) = delete;
     Unstoppable& operator=(Unstoppable const&) = delete;
 
-    /// Whether one of the calling thread lives. May be called in a signal handler.
-    static bool IsInside() noexcept;
+    /// For the signal handler that is to stop the calling thread: false if none of the thread's lives; else
+    /// true, and `action` runs as soon as the last of them dies.
+    static bool Defer(void (*action)()) noexcept;
 };
 
 } // namespace Utilities

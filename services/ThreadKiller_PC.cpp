@@ -99,17 +99,19 @@ Interrupted WhereInterrupted(ucontext_t const& context) {
 #endif
 }
 
-void EndIfSound(int, siginfo_t*, void* context) {
+/// Ends the calling thread alone, and without a word to the C library: nothing is unwound. The kernel frees
+/// the robust mutexes of the thread. Returns if the one who waits for that has just given up.
+void EndThisThread() {
     pthread_t self = ::pthread_self();
-    if (condemned.load() != self || Unstoppable::IsInside()) return;
-    auto const place = WhereInterrupted(*static_cast<ucontext_t const*>(context));
-    if (!place.waitingInKernel && Guarded().Holds(place.instruction)) return;
-    // The one who waits may just have given up; then this thread lives on.
     if (!condemned.compare_exchange_strong(self, pthread_t{})) return;
-    // Ends this thread alone, and without a word to the C library: nothing is unwound. The kernel frees
-    // the robust mutexes of the thread.
     killed = static_cast<pid_t>(::syscall(SYS_gettid));
     ::syscall(SYS_exit, 0);
+}
+
+void EndIfSound(int, siginfo_t*, void* context) {
+    if (condemned.load() != ::pthread_self() || Unstoppable::Defer(&EndThisThread)) return;
+    auto const place = WhereInterrupted(*static_cast<ucontext_t const*>(context));
+    if (place.waitingInKernel || !Guarded().Holds(place.instruction)) EndThisThread();
 }
 
 void Prepare() {
