@@ -75,6 +75,8 @@ Resolved Resolve(NVMeasureConditions const& stated, NVMeasureConditions const& p
                                    Value::Observer[static_cast<std::size_t>(resolved.viewing.observer)]);
 
     resolved.paper = resolved.weights->white;
+    if (!(resolved.paper.x > 0 && resolved.paper.y > 0 && resolved.paper.z > 0))
+        throw TristimException("the illumination has no light in some tristimulus value");
     auto base = static_cast<WhiteBase>(conditions.GetChoice(Key::WhiteBase, Value::WhiteBase, 0));
     auto const paper = conditions.GetBands(Key::PaperSpectrum);
     if (base == WhiteBase::Automatic) base = paper ? WhiteBase::Paper : WhiteBase::Absolute;

@@ -91,6 +91,8 @@ PlatformIndependentDeviceContext& Bitmap_PC::BeginDraw() {
     // What is drawn now isn't in the other file.
     path_.clear();
     dense_ = {};
+    // Whoever shares the pixels keeps them as they are.
+    image_.detach();
     context_ = std::make_unique<PlatformIndependentDeviceContext_PC>(image_);
     return *context_;
 }

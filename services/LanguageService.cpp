@@ -36,6 +36,9 @@ LanguageService::LanguageService() {
         CurrentLanguage::SetLanguage(currentLanguage_);
     } catch (...) {
         Diagnostics::DropException("LanguageService: construction");
+        usageCounts_.reset();
+        markTexts_ = false;
+        currentLanguage_ = {};
     }
     lineBreak_ = "\n";
 }

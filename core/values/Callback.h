@@ -24,6 +24,10 @@ public:
         : implementation_(implementation) {}
 
     bool IsValid() const { return !implementation_.IsNull(); }
+    /// Whether both run the same implementation object.
+    bool operator==(Callback const& other) const {
+        return implementation_.Get() == other.implementation_.Get();
+    }
     /// The implementation's result; an invalid callback does nothing and gives 0.
     long Execute(Anything const& argument) const {
         if (!IsValid()) return 0;

@@ -24,11 +24,12 @@ constexpr Attribute attributeList[] = {Keys::lineColor,
                                        Keys::drawAxis};
 AttributeTable const table("Graph", "Pane", attributeList);
 
-/// A text that holds a number; an empty one leaves the field.
-void TakeText(Anything const& value, double& field) {
-    if (!value.IsValid()) return;
-    if (value.IsOfTypeString() && value.GetString().Length() == 0) return;
-    field = value.GetDouble();
+/// A text that holds a number; an empty one leaves the field, no answer gives the default.
+void TakeText(Anything const& value, double defaultValue, double& field) {
+    if (!value.IsValid())
+        field = defaultValue;
+    else if (!value.IsOfTypeString() || value.GetString().Length() != 0)
+        field = value.GetDouble();
 }
 
 /// Walks by repeated addition of the step, as long as `isInside` holds.
@@ -45,10 +46,8 @@ void Graph::Initialize(PlatformIndependentWindowID const& parent, DescriptionTre
     Pane::Initialize(parent, description, dataSource);
     if (GetBackgroundBitmap().Length() == 0) SetFrame(true);
     ReadAttributes(description);
-    xValueBegin_ = 0;
-    deltaXValue_ = 1;
-    TakeText(GetValue("XValueBegin"), xValueBegin_);
-    TakeText(GetValue("DeltaXValue"), deltaXValue_);
+    TakeText(GetValue("XValueBegin"), 0, xValueBegin_);
+    TakeText(GetValue("DeltaXValue"), 1, deltaXValue_);
     RegisterOnUpdate();
     OnUpdate("Properties");
 }
@@ -61,10 +60,10 @@ void Graph::ReadAttributes(DescriptionTree const& description) {
     yScaleDrawLines_ = attributes.Number(Keys::yScaleDrawLines);
     yScaleGraduation_ = attributes.Number(Keys::yScaleGraduation);
     justificationOnX_ = attributes.FlagUnlessNo(Keys::justificationOnX);
-    left_ = attributes.Number(Keys::left);
-    top_ = attributes.Number(Keys::top);
-    right_ = attributes.Number(Keys::right);
-    bottom_ = attributes.Number(Keys::bottom);
+    if (attributes.Text(Keys::left).Length() != 0) left_ = attributes.Number(Keys::left);
+    if (attributes.Text(Keys::top).Length() != 0) top_ = attributes.Number(Keys::top);
+    if (attributes.Text(Keys::right).Length() != 0) right_ = attributes.Number(Keys::right);
+    if (attributes.Text(Keys::bottom).Length() != 0) bottom_ = attributes.Number(Keys::bottom);
     drawAxis_ = attributes.FlagUnlessNo(Keys::drawAxis);
 }
 

@@ -1,5 +1,6 @@
 #include "gui/charts/XYColorChart.h"
 
+#include "Diagnostics/Sink.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/charts/ScaleMap.h"
 #include "gui/elements/Attributes.h"
@@ -23,11 +24,12 @@ AttributeTable const table("XYColorChart", "Pane", attributeList);
 
 /// The source of commands to select a spot, whatever the chart's own name is.
 constexpr char const* selectionElement = "ColorChart";
+constexpr char const* selectionEvent = "SelectSample";
 
 } // namespace
 
-/// It is registered under a name that isn't the chart's, where others may follow it: it stays in the data
-/// source when the chart dies, and does nothing from then on.
+/// It is registered under a name that isn't the chart's, where others may follow it; somebody may still hold
+/// it when the chart dies, and it does nothing from then on.
 class XYColorChart::SelectionCallback : public Utilities::CallbackImplementation {
 public:
     explicit SelectionCallback(XYColorChart* chart) : chart_(chart) {}
@@ -45,7 +47,19 @@ private:
 };
 
 XYColorChart::XYColorChart() : selectionCallback_(Utilities::MakeSmart<SelectionCallback>(this)) {}
-XYColorChart::~XYColorChart() { selectionCallback_->Forget(); }
+XYColorChart::~XYColorChart() {
+    selectionCallback_->Forget();
+    try {
+        // A data source may outlive the plug-in, whose code the callback is. Another's may stand there by
+        // now.
+        DialogDataSource* const source = GetDataSource();
+        if (source &&
+            source->GetCallback(selectionElement, selectionEvent) == Utilities::Callback(selectionCallback_))
+            source->SetCallback(selectionElement, selectionEvent, {});
+    } catch (...) {
+        Diagnostics::DropException("XYColorChart: giving up the selection's callback");
+    }
+}
 
 void XYColorChart::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                               DialogDataSource* dataSource) {
@@ -53,10 +67,8 @@ void XYColorChart::Initialize(PlatformIndependentWindowID const& parent, Descrip
     AttributeReader const attributes(description);
     spotSize_ = attributes.Text(spotSizeKey).GetUnsignedShort();
     if (dataSource)
-        dataSource->SetCallback(selectionElement, "SelectSample", Utilities::Callback(selectionCallback_));
+        dataSource->SetCallback(selectionElement, selectionEvent, Utilities::Callback(selectionCallback_));
     backgroundBitmap_ = attributes.Text(backgroundBitmapKey);
-    // The attribute is a stem here, and no picture's name before the extension is known.
-    SetBackgroundBitmap({});
     RegisterOnUpdate();
 }
 

@@ -38,7 +38,12 @@ void SquarePatch::OnPaint(PlatformIndependentDeviceContext& context) {
     GetSize(width, height);
     bool const framed = GetFrame();
     SetFrame(false);
-    Patch::OnPaint(context);
+    try {
+        Patch::OnPaint(context);
+    } catch (...) {
+        SetFrame(framed);
+        throw;
+    }
     SetFrame(framed);
     RGBVector const mark = GetMarkColor(GetBackgroundColor());
     if (framed) {

@@ -29,6 +29,8 @@ void FixedText_PC::Initialize(PlatformIndependentWindowID const& parent, Descrip
     FixedText::Initialize(parent, description, dataSource);
     control_ =
         std::make_unique<CNorvelianFixedText>(PlatformIndependentWindowID_PC::WindowOf(parent)).release();
+    // The platform hides what comes into a window that is already shown.
+    if (auto const* const window = control_->parentWidget(); window && window->isVisible()) control_->show();
     SetFont(description);
     AttributeReader const reader(description);
     caption_ = reader.Text(caption);
@@ -37,7 +39,6 @@ void FixedText_PC::Initialize(PlatformIndependentWindowID const& parent, Descrip
     if (reader.Text(backgroundColor).Length() != 0)
         control_->SetBackgroundColor(ToColor(reader.Colour(backgroundColor)));
     OnUpdate({});
-    if (control_->parentWidget() && !control_->isHidden()) control_->show();
 }
 
 void FixedText_PC::SetFont(DescriptionTree const& description) {
