@@ -104,6 +104,11 @@ TEST(Vector, UserDefinedIlluminant) {
     auto const emission = TristimService::GetVector(
         Reddish(), With({{Key::Illumination, "Emission"}, {Key::ColorSpaceType, "CIEXYZ"}}));
     for (short i = 0; i < 3; ++i) EXPECT_NEAR(computed.GetExact(i), emission.GetExact(i), 1e-9);
+    light.fill(0);
+    light[30] = 1;
+    user.SetBands(Key::UserIllumination, light);
+    EXPECT_THROW(TristimService::GetDeltaE(Flat(1), Reddish(), user, 1, 1, 1), TristimException)
+        << "no blue at all";
     light[3] = -1;
     user.SetBands(Key::UserIllumination, light);
     EXPECT_THROW(TristimService::GetVector(Flat(1), user), TristimException);

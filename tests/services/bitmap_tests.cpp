@@ -185,6 +185,11 @@ TEST(Bitmap, IsDrawnIntoAndReadBack) {
     EXPECT_EQ(pixels[0][0], RGBVector(0, 0, 0));
     EXPECT_EQ(pixels[1][1], RGBVector(1, 2, 3));
     EXPECT_EQ(pixels[2][2], RGBVector(9, 8, 7));
+    QImage const shared = bitmap.GetBitmap();
+    QRgb const before = shared.pixel(2, 2);
+    bitmap.BeginDraw().FillRectangle(1, 1, 4, 4);
+    bitmap.EndDraw();
+    EXPECT_EQ(shared.pixel(2, 2), before) << "a copy stays as it is";
     { // dies open
         Bitmap_PC open;
         open.Create(1, 1);
