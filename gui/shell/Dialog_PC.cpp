@@ -190,6 +190,7 @@ void Dialog_PC::SetSize(unsigned long width, unsigned long height) {
         window_->setMinimumSize(0, 0);
         window_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
         window_->resize(size);
+        if (fixedSize_) window_->setFixedSize(size);
     }
     LayOut();
 }

@@ -116,15 +116,10 @@ void Window_PC::OnMoved(int x, int y) {
 void Window_PC::SetSize(unsigned long width, unsigned long height) {
     GUIElement::SetSize(width, height);
     QSize const size(static_cast<int>(width), static_cast<int>(height));
-    if (window_) {
-        if (!resizeable_)
-            window_->setFixedSize(size);
-        else if (window_->size() != size)
-            window_->resize(size);
-        // The limits may have kept the window from it.
-        GUIElement::SetSize(static_cast<unsigned long>(window_->width()),
-                            static_cast<unsigned long>(window_->height()));
-    }
+    if (window_ && !resizeable_)
+        window_->setFixedSize(size);
+    else if (window_ && window_->size() != size)
+        window_->resize(size);
     LayOut();
 }
 
@@ -136,6 +131,10 @@ void Window_PC::OnResized(int width, int height) {
 }
 
 void Window_PC::LayOut() {
+    // The limits may have kept the window from the size it was given, or changed its size.
+    if (window_)
+        GUIElement::SetSize(static_cast<unsigned long>(window_->width()),
+                            static_cast<unsigned long>(window_->height()));
     GUIElement* const child = GetFirstChild();
     if (!child) return;
     unsigned long width = 0;

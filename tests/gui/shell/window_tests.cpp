@@ -183,10 +183,12 @@ TEST_F(Windows, TheMainWindowAsksBeforeItCloses) {
         for (char const* const closeable : {"No", "Yes"}) {
             auto& window = Make<GUI::GUIElement>(Top(type, "Main", {{"Closeable", closeable}}));
             app.SetMainWindow(&window);
+            WidgetOf(window).show();
             for (bool const mayClose : {false, true}) {
                 app.mayClose = mayClose;
                 bool const closes = mayClose && *closeable == 'Y';
                 EXPECT_EQ(WidgetOf(window).close(), closes) << type << ", " << closeable << mayClose;
+                EXPECT_EQ(WidgetOf(window).isVisible(), !closes) << type << ", " << closeable << mayClose;
                 EXPECT_EQ(app.GetMainWindow(), closes ? nullptr : &window) << type << closeable << mayClose;
             }
             app.SetMainWindow(nullptr);
