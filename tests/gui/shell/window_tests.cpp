@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QWindow>
 #include <functional>
@@ -360,6 +361,21 @@ TEST_F(Windows, BackgroundPicturesLieUnderTheElementsAtTheirOwnSize) {
         dialog.Close(0);
     });
     dialog.RunModal();
+}
+
+TEST_F(Windows, APaneThatDiesGivesTheDragCursorBack) {
+    struct Dragable : GUI::Pane {
+        bool IsDragable(std::pair<long, long> const& /*point*/) override { return true; }
+    };
+    auto& window = Make<GUI::Window_PC>(Top("Window", "Main"));
+    auto pane = std::make_unique<Dragable>();
+    pane->Initialize(*window.GetWindowID(), *Top("Pane", "Drag"), &handler_);
+    QMouseEvent move(QEvent::MouseMove, QPoint(1, 1), QPoint(1, 1), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(&WidgetOf(*pane), &move);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    pane.reset();
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(Windows, WhatAHandlerLetsEscapeGoesToTheApplication) {
