@@ -91,9 +91,16 @@ double AttributeReader::Number(Attribute const& attribute) const {
     return found ? found->GetDouble() : String(attribute.defaultValue).GetDouble();
 }
 
+bool AttributeReader::HasColour(Attribute const& attribute) const {
+    auto const* const found = attributes_.FindValue(attribute.key);
+    return found && (!found->IsOfTypeString() || found->GetString().Length() != 0);
+}
+
 RGBVector AttributeReader::Colour(Attribute const& attribute) const {
-    String const* const found = Find(attribute);
-    return RGBVector(found ? *found : String(attribute.defaultValue));
+    auto const* const found = attributes_.FindValue(attribute.key);
+    if (found) return RGBVector(*found);
+    String const* const text = Find(attribute);
+    return RGBVector(text ? *text : String(attribute.defaultValue));
 }
 
 } // namespace GUI

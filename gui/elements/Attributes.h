@@ -66,7 +66,10 @@ public:
     long Long(Attribute const& attribute) const;
     unsigned long Unsigned(Attribute const& attribute) const;
     double Number(Attribute const& attribute) const;
+    /// A text, or the record that `RGBVector::GetAnything` makes.
     RGBVector Colour(Attribute const& attribute) const;
+    /// Whether the description gives a colour; an empty text is none.
+    bool HasColour(Attribute const& attribute) const;
 
 private:
     /// The text in the description, null if the default stands.

@@ -26,6 +26,7 @@ SmartPointer<SelectionServiceInterface> FindSelectionService() {
 } // namespace
 
 Pane::~Pane() {
+    onUpdate_.Release();
     try {
         if (topics_.GetSize() != 0) {
             auto const service = FindSelectionService();
@@ -33,7 +34,6 @@ Pane::~Pane() {
                 if (service->GetSelection(topic.Current()) == this)
                     service->SetSelection(topic.Current(), nullptr);
         }
-        if (GetDataSource()) GetDataSource()->RemoveAllCallbacks(GUIElement::GetElementName());
     } catch (...) {
         Diagnostics::DropException("Pane: giving up the selection");
     }
@@ -54,7 +54,7 @@ void Pane::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree
     control_->Initialize(parent, description);
 
     SetFrame(attributes.Flag(CommonAttributes::frame));
-    if (attributes.Text(CommonAttributes::backgroundColor).Length() != 0)
+    if (attributes.HasColour(CommonAttributes::backgroundColor))
         SetBackgroundColor(attributes.Colour(CommonAttributes::backgroundColor));
     SetBackgroundBitmap(attributes.Text(CommonAttributes::backgroundBitmap));
     if (description.HasChildren()) CreateChildren(*GetWindowID(), description, dataSource);
@@ -67,9 +67,11 @@ void Pane::SetPosition(unsigned long x, unsigned long y) {
 }
 
 void Pane::SetSize(unsigned long width, unsigned long height) {
-    if (IfSizeEqual(width, height)) return;
-    GUIElement::SetSize(width, height);
-    if (!control_.IsNull()) control_->SetSize(static_cast<long>(width), static_cast<long>(height));
+    if (!IfSizeEqual(width, height)) {
+        GUIElement::SetSize(width, height);
+        if (!control_.IsNull()) control_->SetSize(static_cast<long>(width), static_cast<long>(height));
+    }
+    // What is inside may want another layout in the same room.
     LayOutFirstChild();
 }
 
@@ -143,8 +145,9 @@ void Pane::OnSelectionChanged(String const& elementName, bool selected) {
             // The one that loses the selection hears of it before the new holder is published.
             if (auto* const loser = dynamic_cast<Pane*>(holder); loser && loser != this)
                 loser->OnSelectionChanged(elementName, false);
-            if (topics_.GetSize() == 0 || !(topics_.Last().Current() == elementName))
-                topics_.Append(elementName);
+            auto known = topics_.Begin();
+            while (known.IsValid() && !(known.Current() == elementName)) ++known;
+            if (!known.IsValid()) topics_.Append(elementName);
             service->SetSelection(elementName, this);
         } else if (holder == this) {
             service->SetSelection(elementName, nullptr);
@@ -188,9 +191,7 @@ String Pane::GetCommand(String const& message) {
 }
 
 void Pane::RegisterOnUpdate() {
-    if (GetDataSource())
-        GetDataSource()->SetCallback(GetElementName(), "OnUpdate",
-                                     Utilities::MakeCallback(this, &Pane::OnUpdate));
+    if (GetDataSource()) GetDataSource()->SetCallback(GetElementName(), "OnUpdate", onUpdate_.Get());
 }
 
 Anything Pane::GetValue(String const& key) {

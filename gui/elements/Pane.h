@@ -4,6 +4,7 @@
 #include "gui/elements/AdvancedControlImpl.h"
 #include "gui/elements/GUIElement.h"
 #include "gui/elements/KeyState.h"
+#include "gui/elements/OwnedCallback.h"
 #include "gui/elements/SelectableObject.h"
 #include "gui/elements/SupportsPropertyInspector.h"
 
@@ -91,7 +92,8 @@ protected:
     static Utilities::String GetCommand(Utilities::String const& message);
     /// Said by a class that paints less than the whole pane.
     void SetLeavesPixels(bool leaves) { leavesPixels_ = leaves; }
-    /// Registers `OnUpdate` with the data source under the pane's own name.
+    /// Registers `OnUpdate` with the data source under the pane's own name, for as long as the pane
+    /// lives.
     void RegisterOnUpdate();
     /// The data source's value under the pane's own name; invalid without a data source.
     Utilities::Anything GetValue(Utilities::String const& key);
@@ -99,6 +101,7 @@ protected:
 private:
     void LayOutFirstChild();
 
+    OwnedCallback<Pane> onUpdate_{this, &Pane::OnUpdate};
     Utilities::SmartPointer<AdvancedControlImpl> control_;
     DescriptionTree childDescription_;
     RGBVector backgroundColor_;

@@ -42,7 +42,8 @@ public:
     /// Releases what the surface selected.
     virtual ~PlatformIndependentDeviceContext() = default;
 
-    /// The colour behind text and hatch patterns; returns the previous one.
+    /// The colour behind text and hatch patterns; returns the previous one. So far it is only kept: text is
+    /// drawn with nothing behind it, and all brushes are solid.
     virtual RGBVector SetBackgroundColor(RGBVector const& color) = 0;
     /// The colour of `DrawText`; returns the previous one.
     virtual RGBVector SetTextColor(RGBVector const& color) = 0;

@@ -23,7 +23,12 @@ AttributeTable const table("GumBox", "GUIElement", attributeList);
 
 void GumBox::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                         DialogDataSource* dataSource) {
-    GUIElement::Initialize(parent, description, dataSource);
+    try {
+        GUIElement::Initialize(parent, description, dataSource);
+    } catch (OutOfRangeException const&) {
+        // Only the size range can't be read, which is read anew here.
+        Diagnostics::DropException("GumBox::Initialize");
+    }
     unsigned long maximalWidth = 0;
     unsigned long maximalHeight = 0;
     try {

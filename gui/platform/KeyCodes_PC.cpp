@@ -9,6 +9,11 @@ namespace GUI {
 int KeyCodeOf(QKeyEvent const& event) {
     int const key = event.key();
     if ((key >= Qt::Key_0 && key <= Qt::Key_9) || (key >= Qt::Key_A && key <= Qt::Key_Z)) return key;
+    // With Shift, and on some keyboards without, a key of the digits' row gives another character. X11 and
+    // Wayland number that row from 10 on, "1" to "9" and then "0".
+    constexpr quint32 firstDigit = 10;
+    if (auto const place = event.nativeScanCode() - firstDigit; key < Qt::Key_Escape && place < 10)
+        return place == 9 ? '0' : static_cast<int>('1' + place);
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return 112 + key - Qt::Key_F1;
     switch (key) {
     case Qt::Key_Backspace:

@@ -20,7 +20,13 @@ Utilities::ComponentCreatorNormal<AdvancedControlImpl_PC> creator({"AdvancedCont
 AdvancedControlImpl_PC::~AdvancedControlImpl_PC() {
     if (!control_) return;
     control_->Detach();
-    delete control_;
+    if (control_->IsHandlingEvent()) {
+        // The platform still needs the window, for example after it has told of the focus.
+        control_->hide();
+        control_->deleteLater();
+    } else {
+        delete control_;
+    }
 }
 
 void AdvancedControlImpl_PC::Initialize(PlatformIndependentWindowID const& parent,
@@ -52,7 +58,11 @@ void AdvancedControlImpl_PC::Repaint() {
 }
 
 void AdvancedControlImpl_PC::SetFocus() {
-    if (control_) control_->setFocus(Qt::MouseFocusReason);
+    if (QPointer<CNorvelianAdvancedControl> const control = control_) {
+        control->setFocus(Qt::MouseFocusReason);
+        // Who hears of the focus may have let the pane go.
+        if (!control) return;
+    }
     OnSelectionChanged("PropertyInspector", true);
 }
 

@@ -40,6 +40,22 @@ void ChoosePlatform(bool offscreen) {
     if (offscreen || !display) qputenv(variable, "offscreen");
 }
 
+/// Null for a window without one.
+Menu const* FindMainMenu(GUIElement const& window) {
+    try {
+        return dynamic_cast<Menu const*>(&window.FindElement("MainMenu"));
+    } catch (Norvelian::Utilities::Exceptions::OutOfRangeException const&) {
+        return nullptr;
+    }
+}
+
+/// Whether a modal dialog keeps the user from a window.
+bool IsBlockedByDialog(GUIElement const& window) {
+    QWidget const* const modal = QApplication::activeModalWidget();
+    auto const identity = window.GetWindowID();
+    return modal && (identity.IsNull() || PlatformIndependentWindowID_PC::WindowOf(*identity) != modal);
+}
+
 /// The platform keeps references to both.
 struct CommandLine {
     std::string name = Application::Instance().GetName();
@@ -54,6 +70,8 @@ ApplicationImplementation_PC::ApplicationImplementation_PC() {
         static CommandLine commandLine;
         ChoosePlatform(Application::Instance().IsOffscreen());
         owned_ = std::make_unique<QApplication>(commandLine.count, commandLine.values.data());
+        // Only the main window's closing ends the program, which `Quit` does.
+        QApplication::setQuitOnLastWindowClosed(false);
         QApplication::setApplicationDisplayName(ToPlatformText(Application::Instance().GetName()));
     }
     if (Utilities::NamingService::Instance()->IsRegistered("MessageService"))
@@ -87,7 +105,8 @@ void ApplicationImplementation_PC::BuildAccelerators(Menu& menu) {
     std::array<AcceleratorEntry, maximalAccelerators> table;
     long count = 0;
     CollectAccelerators(table.data(), count, *menu.GetItems());
-    accelerators_.Set({table.begin(), table.begin() + count});
+    // The windowing system makes no empty table, and the former one stays.
+    if (count > 0) accelerators_.Set({table.begin(), table.begin() + count});
 }
 
 bool ApplicationImplementation_PC::CollectAccelerators(AcceleratorEntry* table, long& count,
@@ -99,7 +118,8 @@ bool ApplicationImplementation_PC::CollectAccelerators(AcceleratorEntry* table, 
 bool ApplicationImplementation_PC::ExecuteAccelerator(long command) {
     GUIElement* const window = Application::Instance().GetMainWindow();
     if (!window) return false;
-    auto* const menu = dynamic_cast<Menu*>(&window->FindElement("MainMenu"));
+    if (IsBlockedByDialog(*window)) return false;
+    Menu const* const menu = FindMainMenu(*window);
     MenuItem* const item =
         menu && !menu->GetItems().IsNull() ? MenuItem::FindMenuItem(*menu->GetItems(), command) : nullptr;
     if (!item || !item->IsEnabled()) return false;
@@ -165,14 +185,21 @@ void ApplicationImplementation_PC::SetDragCursor(bool on) {
 
 int ApplicationImplementation_PC::Run() {
     Application& application = Application::Instance();
-    if (!application.OnStart() || !application.OnBeforeCommandLine()) return 0;
+    if (!application.OnStart()) return 0;
+    // A host that has one shows it when it is asked for it.
+    application.GetSplashScreen();
+    if (!application.OnBeforeCommandLine()) return 0;
     OpenArguments();
     // Not needed for the first picture, and so not done before it.
     QTimer::singleShot(0, this, [this] {
         shellCommands_ = std::make_unique<ShellCommandListener>(
             Application::Instance().GetName(), [this](String const& text) { return OnShellCommand(text); });
     });
-    return earlyExit_ ? *std::exchange(earlyExit_, std::nullopt) : QApplication::exec();
+    if (earlyExit_) return *std::exchange(earlyExit_, std::nullopt);
+    running_ = true;
+    int const exitCode = QApplication::exec();
+    running_ = false;
+    return exitCode;
 }
 
 void ApplicationImplementation_PC::OpenArguments() {
@@ -181,11 +208,9 @@ void ApplicationImplementation_PC::OpenArguments() {
 }
 
 void ApplicationImplementation_PC::Quit(int exitCode) {
-    // The platform would remember it, and end the first loop that a dialog runs.
-    if (QThread::currentThread()->loopLevel() == 0)
-        earlyExit_ = exitCode;
-    else
-        QApplication::exit(exitCode);
+    if (!running_) earlyExit_ = exitCode;
+    // Without any loop the platform would remember it, and end the first one that a dialog runs.
+    if (QThread::currentThread()->loopLevel() != 0) QApplication::exit(exitCode);
 }
 
 void ApplicationImplementation_PC::ShowMessage(String const& title, String const& text) {
@@ -212,6 +237,7 @@ bool ApplicationImplementation_PC::SaveWindowPicture(GUIElement& window, String 
 }
 
 long ApplicationImplementation_PC::OnShellCommand(String const& text) {
+    if (QApplication::activeModalWidget()) return 0;
     if (!messageService_.IsNull())
         for (ShellCommand const& command : ParseShellCommands(text))
             messageService_->SendMessage(command.verb, command.argument);

@@ -43,7 +43,8 @@ public:
     bool SaveWindowPicture(GUIElement& window, Utilities::String const& fileName) override;
 
     /// A text in the form `[OPEN("path")]` from the shell: each command goes to the message service
-    /// under its verb, and a file to open to the application. Returns the application's answer.
+    /// under its verb, and a file to open to the application. Returns the application's answer;
+    /// does nothing and gives 0 while a modal dialog waits for the user.
     long OnShellCommand(Utilities::String const& text);
 
 private:
@@ -56,7 +57,9 @@ private:
     AcceleratorTable accelerators_;
     bool waitCursor_ = false;
     bool dragCursor_ = false;
-    /// What was asked to end before there was a loop to end.
+    /// Whether the main loop runs.
+    bool running_ = false;
+    /// What was asked to end before there was a main loop to end.
     std::optional<int> earlyExit_;
     Utilities::SmartPointer<MessageService> messageService_;
     std::unique_ptr<ShellCommandListener> shellCommands_;

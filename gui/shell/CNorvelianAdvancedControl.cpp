@@ -40,6 +40,11 @@ CNorvelianAdvancedControl::CNorvelianAdvancedControl(AdvancedControlImpl& impl, 
     resize(0, 0);
 }
 
+CNorvelianAdvancedControl::~CNorvelianAdvancedControl() {
+    // No leave event comes any more.
+    ShowDragCursor(false);
+}
+
 template <class Handler> bool CNorvelianAdvancedControl::Guarded(char const* where, Handler handler) {
     if (!impl_) return false;
     try {
@@ -90,6 +95,7 @@ void CNorvelianAdvancedControl::DrawFocusMark() {
 void CNorvelianAdvancedControl::UpdateDeviceContext() {
     if (painting_) return;
     painting_ = true;
+    Self const self(this);
     Guarded("CNorvelianAdvancedControl: device context", [this] {
         // What the pane asks of the surface outside a paint are measures; nothing drawn here is kept.
         QImage surface(std::max(width(), 1), std::max(height(), 1), QImage::Format_RGB32);
@@ -97,24 +103,32 @@ void CNorvelianAdvancedControl::UpdateDeviceContext() {
         impl_->OnGetDeviceContext(context);
         return true;
     });
-    painting_ = false;
+    if (self) painting_ = false;
 }
 
 bool CNorvelianAdvancedControl::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) return true; // shown by our own timer
-    return QWidget::event(event);
+    Self const self(this);
+    ++eventDepth_;
+    bool const handled = QWidget::event(event);
+    if (self) --eventDepth_;
+    return handled;
 }
 
 void CNorvelianAdvancedControl::mouseMoveEvent(QMouseEvent* event) {
     toolTipPosition_ = event->position().toPoint();
     toolTipTimer_.start(toolTipDelayMilliseconds, this);
+    Self const self(this);
     if (QToolTip::isVisible()) ShowToolTip();
+    if (!self) return;
     long const x = PackedCoordinate(event->position().x());
     long const y = PackedCoordinate(event->position().y());
-    ShowDragCursor(Guarded("CNorvelianAdvancedControl: cursor", [this] {
+    bool const dragable = Guarded("CNorvelianAdvancedControl: cursor", [this] {
         return impl_->IsDragable({toolTipPosition_.x(), toolTipPosition_.y()});
-    }));
-    if (!Guarded("CNorvelianAdvancedControl: mouse move", [&] { return impl_->OnMouseMove(x, y); }))
+    });
+    if (!self) return;
+    ShowDragCursor(dragable);
+    if (!Guarded("CNorvelianAdvancedControl: mouse move", [&] { return impl_->OnMouseMove(x, y); }) && self)
         event->ignore();
 }
 
@@ -126,23 +140,28 @@ void CNorvelianAdvancedControl::mousePressEvent(QMouseEvent* event) {
         return;
     }
     focusByKey_ = false;
-    bool const consumed = Guarded("CNorvelianAdvancedControl: left button down", [this, event] {
-        impl_->SetFocus();
+    Self const self(this);
+    bool const consumed = Guarded("CNorvelianAdvancedControl: left button down", [this, event, &self] {
+        // The pane's own way to take the focus would tell of the selection too, once more.
+        setFocus(Qt::MouseFocusReason);
+        if (!IsAttached(self)) return true;
         impl_->OnSelectionChanged("PropertyInspector", true);
+        if (!IsAttached(self)) return true;
         return impl_->OnLeftButtonDown(event->modifiers().testFlag(Qt::ControlModifier),
                                        PackedCoordinate(event->position().x()),
                                        PackedCoordinate(event->position().y()));
     });
-    if (!consumed) event->ignore();
+    if (!consumed && self) event->ignore();
 }
 
 void CNorvelianAdvancedControl::mouseReleaseEvent(QMouseEvent* event) {
+    Self const self(this);
     bool const consumed = event->button() == Qt::LeftButton &&
                           Guarded("CNorvelianAdvancedControl: left button up", [this, event] {
                               return impl_->OnLeftButtonUp(PackedCoordinate(event->position().x()),
                                                            PackedCoordinate(event->position().y()));
                           });
-    if (!consumed) event->ignore();
+    if (!consumed && self) event->ignore();
 }
 
 void CNorvelianAdvancedControl::ShowDragCursor(bool dragable) {
@@ -154,25 +173,28 @@ void CNorvelianAdvancedControl::ShowDragCursor(bool dragable) {
 void CNorvelianAdvancedControl::leaveEvent(QEvent* event) {
     toolTipTimer_.stop();
     ShowDragCursor(false);
-    if (!Guarded("CNorvelianAdvancedControl: mouse leave", [this] { return impl_->OnMouseLeave(); }))
+    Self const self(this);
+    if (!Guarded("CNorvelianAdvancedControl: mouse leave", [this] { return impl_->OnMouseLeave(); }) && self)
         event->ignore();
 }
 
 void CNorvelianAdvancedControl::focusInEvent(QFocusEvent* event) {
     focusByKey_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    Self const self(this);
     Guarded("CNorvelianAdvancedControl: focus", [this] {
         impl_->OnSelectionChanged("Focus", true);
         return true;
     });
-    QWidget::focusInEvent(event);
+    if (self) QWidget::focusInEvent(event);
 }
 
 void CNorvelianAdvancedControl::focusOutEvent(QFocusEvent* event) {
+    Self const self(this);
     Guarded("CNorvelianAdvancedControl: focus", [this] {
         impl_->OnSelectionChanged("Focus", false);
         return true;
     });
-    QWidget::focusOutEvent(event);
+    if (self) QWidget::focusOutEvent(event);
 }
 
 void CNorvelianAdvancedControl::keyPressEvent(QKeyEvent* event) {
@@ -183,10 +205,13 @@ void CNorvelianAdvancedControl::keyPressEvent(QKeyEvent* event) {
         event->ignore();
         return;
     }
-    Guarded("CNorvelianAdvancedControl: key", [this, event] {
+    Self const self(this);
+    Guarded("CNorvelianAdvancedControl: key", [this, event, &self] {
         impl_->OnSelectionChanged("PropertyInspector", true);
+        if (!IsAttached(self)) return true;
         bool const consumed = impl_->OnLeftButtonDown(event->modifiers().testFlag(Qt::ControlModifier),
                                                       width() / 2, height() / 2);
+        if (!IsAttached(self)) return true;
         return impl_->OnLeftButtonUp(width() / 2, height() / 2) || consumed;
     });
 }
@@ -201,10 +226,11 @@ void CNorvelianAdvancedControl::timerEvent(QTimerEvent* event) {
 }
 
 void CNorvelianAdvancedControl::ShowToolTip() {
-    Guarded("CNorvelianAdvancedControl: tool tip", [this] {
+    Self const self(this);
+    Guarded("CNorvelianAdvancedControl: tool tip", [this, &self] {
         auto const text = impl_->GetToolTipText(static_cast<unsigned short>(toolTipPosition_.x()),
                                                 static_cast<unsigned short>(toolTipPosition_.y()));
-        QToolTip::showText(mapToGlobal(toolTipPosition_), ToPlatformText(text), this);
+        if (self) QToolTip::showText(mapToGlobal(toolTipPosition_), ToPlatformText(text), this);
         return true;
     });
 }

@@ -2,6 +2,7 @@
 
 #include <QBasicTimer>
 #include <QPoint>
+#include <QPointer>
 #include <QWidget>
 
 namespace GUI {
@@ -9,10 +10,12 @@ namespace GUI {
 class AdvancedControlImpl;
 
 /// The window of a pane: paints all its pixels, and passes paint, mouse, focus and tool tip events on
-/// to the pane. An exception from the pane is dropped here and the event counts as not handled.
+/// to the pane. An exception from the pane is dropped here and the event counts as not handled. Whatever
+/// the pane is told may make it vanish, and this window with it.
 class CNorvelianAdvancedControl : public QWidget {
 public:
     CNorvelianAdvancedControl(AdvancedControlImpl& impl, QWidget* parent, bool tabStop);
+    ~CNorvelianAdvancedControl() override;
 
     /// Paints before it returns; while the top-level window is being painted, the repaint becomes part of
     /// that paint or of the next one. Painting a window inside its own paint recurses until the stack is
@@ -20,6 +23,7 @@ public:
     void RepaintNow();
     /// The impl is going away.
     void Detach() { impl_ = nullptr; }
+    bool IsHandlingEvent() const { return eventDepth_ != 0; }
     void UpdateDeviceContext();
 
 protected:
@@ -36,6 +40,10 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    using Self = QPointer<CNorvelianAdvancedControl>;
+    /// Whether a window is still there, and has its pane.
+    static bool IsAttached(Self const& self) { return self && self->impl_; }
+
     void ShowToolTip();
     void DrawFocusMark();
     void ShowDragCursor(bool dragable);
@@ -43,6 +51,7 @@ private:
     template <class Handler> bool Guarded(char const* where, Handler handler);
 
     AdvancedControlImpl* impl_;
+    int eventDepth_ = 0;
     bool painting_ = false;
     bool focusByKey_ = false;
     bool dragCursor_ = false;

@@ -14,9 +14,24 @@ namespace GUI {
 CNorvelianDialog::CNorvelianDialog(Dialog_PC& element, QWidget* parent, Qt::WindowFlags flags)
     : QDialog(parent, flags), element_(&element) {}
 
+void CNorvelianDialog::RepaintNow() {
+    if (PaintScope::IsPainting(*this))
+        update();
+    else
+        repaint();
+}
+
 void CNorvelianDialog::reject() {
     RunGuarded([this] {
         if (element_) element_->OnEscape();
+        return true;
+    });
+}
+
+void CNorvelianDialog::moveEvent(QMoveEvent* event) {
+    QDialog::moveEvent(event);
+    RunGuarded([this] {
+        if (element_) element_->OnMoved(pos().x(), pos().y());
         return true;
     });
 }
@@ -33,8 +48,12 @@ void CNorvelianDialog::closeEvent(QCloseEvent* event) {
     // The element closes the window if its data source lets it.
     event->ignore();
     RunGuarded([this, event] {
-        if (!element_ || TopLevel::CloseMainWindow(*element_))
+        if (!element_)
             event->accept();
+        else if (!element_->IsCloseable())
+            event->ignore();
+        else if (Application::Instance().GetMainWindow() == element_)
+            event->setAccepted(TopLevel::CloseMainWindow());
         else
             element_->OnCloseRequest();
         return true;
@@ -42,13 +61,13 @@ void CNorvelianDialog::closeEvent(QCloseEvent* event) {
 }
 
 void CNorvelianDialog::paintEvent(QPaintEvent* event) {
+    PaintScope const scope(*this);
     if (std::exchange(firstPaint_, false))
         RunGuarded([this] {
             if (element_ && element_->GetDataSource()) element_->GetDataSource()->SetDefaultSelection();
             return true;
         });
     QDialog::paintEvent(event);
-    PaintScope const scope(*this);
     RunGuarded([this] {
         if (!element_) return true;
         {

@@ -13,10 +13,13 @@ public:
     CNorvelianDialog(Dialog_PC& element, QWidget* parent, Qt::WindowFlags flags);
 
     void Detach() { element_ = nullptr; }
+    /// Paints before it returns, unless the window is being painted.
+    void RepaintNow();
     void accept() override {}
     void reject() override;
 
 protected:
+    void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

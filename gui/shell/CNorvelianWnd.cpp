@@ -62,7 +62,7 @@ void CNorvelianWnd::closeEvent(QCloseEvent* event) {
         if (!element_)
             accepted = true;
         else if (Application::Instance().GetMainWindow() == element_)
-            accepted = TopLevel::CloseMainWindow(*element_);
+            accepted = element_->IsCloseable() && TopLevel::CloseMainWindow();
         else
             accepted = element_->IsCloseable();
         return true;

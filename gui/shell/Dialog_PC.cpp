@@ -39,15 +39,18 @@ Qt::WindowFlags FlagsFor(AttributeReader const& reader, bool modeless) {
     flags |= Qt::WindowTitleHint;
     if (reader.FlagUnlessNo(WindowKeys::closeable))
         flags |= Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint;
+    if (reader.Flag(WindowKeys::dialogResizeable)) flags |= Qt::WindowMinMaxButtonsHint;
     return flags;
 }
 
 } // namespace
 
 Dialog_PC::~Dialog_PC() {
-    ReleaseChildren();
+    onClose_.Release();
+    ReleaseContents();
     Application::Instance().RemoveDialogFromList(*this);
-    if (GetDataSource()) GetDataSource()->SetDialogRootElement(nullptr);
+    if (GetDataSource() && GetDataSource()->GetDialogRootElement() == this)
+        GetDataSource()->SetDialogRootElement(nullptr);
     if (!window_) return;
     window_->hide();
     window_->Detach();
@@ -71,24 +74,23 @@ void Dialog_PC::Initialize(PlatformIndependentWindowID const& parent, Descriptio
     SetWindowID(identity);
     window_->setObjectName(ToPlatformText(GetElementName()));
     window_->setModal(!modeless);
+    closeable_ = reader.FlagUnlessNo(WindowKeys::closeable);
+    x_ = reader.Long(WindowKeys::dialogX);
+    y_ = reader.Long(WindowKeys::dialogY);
+    width_ = reader.Unsigned(WindowKeys::width);
+    height_ = reader.Unsigned(WindowKeys::height);
     ReadAttributes();
-    if (dataSource)
-        dataSource->SetCallback(GetElementName(), "OnClose",
-                                Utilities::MakeCallback(this, &Dialog_PC::OnClose));
+    if (dataSource) dataSource->SetCallback(GetElementName(), "OnClose", onClose_.Get());
     if (modeless) OnInitDialog();
 }
 
 void Dialog_PC::ReadAttributes() {
     AttributeReader const reader(description_);
     ShowCaption();
-    x_ = reader.Long(WindowKeys::dialogX);
-    y_ = reader.Long(WindowKeys::dialogY);
-    width_ = reader.Unsigned(WindowKeys::width);
-    height_ = reader.Unsigned(WindowKeys::height);
     fixedSize_ = !reader.Flag(WindowKeys::dialogResizeable);
     escKeyElementName_ = reader.Text(WindowKeys::escKeyElementName);
     backgroundBitmap_ = reader.Text(WindowKeys::backgroundBitmap);
-    if (reader.Text(WindowKeys::backgroundColor).Length() != 0) {
+    if (reader.HasColour(WindowKeys::backgroundColor)) {
         RGBVector const color = reader.Colour(WindowKeys::backgroundColor);
         QPalette palette = window_->palette();
         palette.setColor(QPalette::Window, QColor(color.GetRed(), color.GetGreen(), color.GetBlue()));
@@ -114,17 +116,39 @@ void Dialog_PC::OnInitDialog() {
     else
         Application::Instance().EnterWindow(*this);
     CreateContents();
+    if (auto* const observer = dynamic_cast<DialogObserver*>(GetDataSource())) observer->Initialize();
+    LayOutContents();
     QPoint corner(static_cast<int>(x_), static_cast<int>(y_));
     if (hasParent) corner = window_->parentWidget()->mapToGlobal(corner);
-    window_->move(corner);
+    SetPosition(static_cast<unsigned long>(corner.x()), static_cast<unsigned long>(corner.y()));
     // A modal dialog is shown by its own event loop.
     if (modeless_) window_->show();
 }
 
 void Dialog_PC::CreateContents() {
-    CreateChildren(*GetWindowID(), description_, GetDataSource());
-    if (GetDataSource()) GetDataSource()->SetDialogRootElement(this);
-    if (auto* const observer = dynamic_cast<DialogObserver*>(GetDataSource())) observer->Initialize();
+    ReleaseContents();
+    // Elements may add nodes to the tree that they are made from, and a dialog may be shown again.
+    DescriptionTree const contents = description_;
+    CreateChildren(*GetWindowID(), contents, GetDataSource());
+    if (!GetDataSource()) return;
+    GetDataSource()->SetDialogRootElement(this);
+    auto* const observer = dynamic_cast<DialogObserver*>(GetDataSource());
+    if (!observer || !GetFirstChild()) return;
+    auto root = GetChildrenList().Begin().Current();
+    observer->SetRootElement(root);
+}
+
+void Dialog_PC::ReleaseContents() {
+    auto* const observer = GetFirstChild() ? dynamic_cast<DialogObserver*>(GetDataSource()) : nullptr;
+    if (observer && observer->GetRootElement().Get() == GetFirstChild()) {
+        // The root hangs in this dialog's window and must not outlive it.
+        Utilities::SmartPointer<GUIElement> none;
+        observer->SetRootElement(none);
+    }
+    ReleaseChildren();
+}
+
+void Dialog_PC::LayOutContents() {
     SetSize(width_, height_);
     RecalculateSize();
 }
@@ -145,12 +169,13 @@ long Dialog_PC::OnClose(Anything const& /*argument*/) {
 
 void Dialog_PC::SetGUIDescriptionTree(DescriptionTree const& description) {
     if (!window_) return;
-    ReleaseChildren();
+    ReleaseContents();
     description_ = description;
     GUIElement::Initialize(*GetParentWindowID(), description_, GetDataSource());
     ReadAttributes();
     CreateContents();
-    window_->update();
+    LayOutContents();
+    window_->RepaintNow();
 }
 
 void Dialog_PC::SetPosition(unsigned long x, unsigned long y) {
@@ -165,6 +190,7 @@ void Dialog_PC::SetSize(unsigned long width, unsigned long height) {
         window_->setMinimumSize(0, 0);
         window_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
         window_->resize(size);
+        if (fixedSize_) window_->setFixedSize(size);
     }
     LayOut();
 }
@@ -175,6 +201,10 @@ void Dialog_PC::LayOut() {
     child->SetPosition(0, 0);
     child->SetSize(static_cast<unsigned long>(window_->width()),
                    static_cast<unsigned long>(window_->height()));
+}
+
+void Dialog_PC::OnMoved(int x, int y) {
+    GUIElement::SetPosition(static_cast<unsigned long>(x), static_cast<unsigned long>(y));
 }
 
 void Dialog_PC::OnResized() {

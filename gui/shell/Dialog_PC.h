@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/elements/OwnedCallback.h"
 #include "gui/shell/CNorvelianDialog.h"
 #include "gui/shell/Dialog.h"
 
@@ -14,6 +15,12 @@ namespace GUI {
 /// "Resizeable" (No), "Closeable" (Yes), "TitleBar" (Yes), "EscKeyElementName" (none), "BackgroundColor",
 /// "BackgroundBitmap" (none; name of an image of the image service, drawn under the elements at its own size
 /// from the top left corner).
+///
+/// Another description, for a dialog that has its window, changes "Caption", "Resizeable",
+/// "EscKeyElementName" and the background, and replaces the elements.
+///
+/// The position is the window's outer corner on the screen, whose coordinates may be negative and then
+/// come as large numbers. The first child is the root element that a `DialogObserver` is given.
 ///
 /// Closing it by its window runs the data source's callback "OnClose" of the dialog's name; the dialog
 /// enters one that closes it.
@@ -45,20 +52,25 @@ public:
                                  GUIElement const& element) const override;
     /// Draws what lies under the elements, above the background's colour.
     void PaintBackground(PlatformIndependentDeviceContext& context) const;
+    bool IsCloseable() const { return closeable_; }
     /// Switches resizing by the user on and off.
     void SetResizeable(bool resizeable);
 
     /// @name What the platform window tells
     /// @{
     void OnEscape();
+    void OnMoved(int x, int y);
     void OnResized();
     void OnCloseRequest();
     /// @}
 
 private:
+    /// What another description may change.
     void ReadAttributes();
     void ShowCaption();
     void CreateContents();
+    void ReleaseContents();
+    void LayOutContents();
     void LayOut();
 
     DescriptionTree description_;
@@ -70,7 +82,9 @@ private:
     unsigned long width_ = 10;
     unsigned long height_ = 10;
     bool modeless_ = false;
+    bool closeable_ = true;
     bool fixedSize_ = true;
+    OwnedCallback<Dialog_PC> onClose_{this, &Dialog_PC::OnClose};
 };
 
 } // namespace GUI

@@ -24,8 +24,16 @@ bool FindHelpAtMouse(GUIElement& dialog, String& file, unsigned long& topic) {
     QWidget const* const widget = WidgetOf(dialog);
     if (!widget) return false;
     QPoint const position = widget->mapFromGlobal(QCursor::pos());
-    return dialog.GetHelpInfo(file, topic, static_cast<unsigned long>(std::max(position.x(), 0)),
-                              static_cast<unsigned long>(std::max(position.y(), 0)));
+    // A place left of or above the dialog is a large number, and in none of its elements.
+    return dialog.GetHelpInfo(file, topic, static_cast<unsigned long>(position.x()),
+                              static_cast<unsigned long>(position.y()));
+}
+
+/// All screens together, since a window can be moved from one to the other. Offscreen there is none
+/// that a window could exceed.
+QSize DesktopSize(QWidget const& window) {
+    if (QGuiApplication::platformName() == "offscreen") return {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
+    return window.screen()->virtualSize();
 }
 
 } // namespace
@@ -58,14 +66,15 @@ void ApplyLimits(QWidget& window, SizeRange const& range, bool resizeable) {
     auto const bounded = [](unsigned long pixels) {
         return static_cast<int>(std::min<unsigned long>(pixels, QWIDGETSIZE_MAX));
     };
-    window.setMinimumSize(bounded(range.minimalWidth), bounded(range.minimalHeight));
-    window.setMaximumSize(std::max(bounded(range.maximalWidth), window.minimumWidth()),
-                          std::max(bounded(range.maximalHeight), window.minimumHeight()));
+    QSize const smallest(bounded(range.minimalWidth), bounded(range.minimalHeight));
+    QSize const largest(bounded(range.maximalWidth), bounded(range.maximalHeight));
+    window.setMinimumSize(smallest);
+    window.setMaximumSize(largest.boundedTo(DesktopSize(window)).expandedTo(smallest));
 }
 
-bool CloseMainWindow(GUIElement const& element) {
+bool CloseMainWindow() {
     Application& application = Application::Instance();
-    if (application.GetMainWindow() != &element || !application.MayClose()) return false;
+    if (!application.MayClose()) return false;
     application.SetMainWindow(nullptr);
     application.Quit(0);
     return true;

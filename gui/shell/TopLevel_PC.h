@@ -20,8 +20,8 @@ void PaintDecorators(QWidget& window, GUIElement const& element);
 void ShowHelp(bool shift);
 /// The limits for the user's resizing, capped by the screen.
 void ApplyLimits(QWidget& window, SizeRange const& range, bool resizeable);
-/// The main window was asked to close: true if the application is ending.
-bool CloseMainWindow(GUIElement const& element);
+/// The main window was asked to close: true if the application lets it, and is ending.
+bool CloseMainWindow();
 /// Moves a window to a place on some screen; one that no screen shows any more is left alone.
 void MoveTo(QWidget& window, WindowPlace const& place);
 

@@ -32,9 +32,11 @@ AttributeTable const table("Window", "GUIElement", attributes);
 } // namespace
 
 Window_PC::~Window_PC() {
+    onUpdate_.Release();
     ReleaseChildren();
     Application::Instance().RemoveDialogFromList(*this);
-    if (GetDataSource()) GetDataSource()->SetDialogRootElement(nullptr);
+    if (GetDataSource() && GetDataSource()->GetDialogRootElement() == this)
+        GetDataSource()->SetDialogRootElement(nullptr);
     if (!window_) return;
     window_->hide();
     window_->Detach();
@@ -48,19 +50,13 @@ void Window_PC::Initialize(PlatformIndependentWindowID const& parent, Descriptio
     Application::Instance().SetDialogToList(*this);
     if (dataSource) {
         dataSource->SetDialogRootElement(this);
-        dataSource->SetCallback(GetElementName(), "OnUpdate",
-                                Utilities::MakeCallback(this, &Window_PC::OnUpdate));
+        dataSource->SetCallback(GetElementName(), "OnUpdate", onUpdate_.Get());
     }
     CreateChildren(*GetWindowID(), description, dataSource);
 
     AttributeReader const reader(description);
     ApplyLimits();
-    auto const size = QSize(static_cast<int>(reader.Unsigned(WindowKeys::width)),
-                            static_cast<int>(reader.Unsigned(WindowKeys::height)))
-                          .expandedTo(window_->minimumSize())
-                          .boundedTo(window_->maximumSize());
-    SetSize(static_cast<unsigned long>(size.width()), static_cast<unsigned long>(size.height()));
-    if (!resizeable_) window_->setFixedSize(size);
+    SetSize(reader.Unsigned(WindowKeys::width), reader.Unsigned(WindowKeys::height));
     ApplyPlace(description);
 
     Anything const visible = dataSource ? dataSource->GetValue(GetElementName(), "Visible") : Anything();
@@ -120,7 +116,10 @@ void Window_PC::OnMoved(int x, int y) {
 void Window_PC::SetSize(unsigned long width, unsigned long height) {
     GUIElement::SetSize(width, height);
     QSize const size(static_cast<int>(width), static_cast<int>(height));
-    if (window_ && window_->size() != size) window_->resize(size);
+    if (window_ && !resizeable_)
+        window_->setFixedSize(size);
+    else if (window_ && window_->size() != size)
+        window_->resize(size);
     LayOut();
 }
 
@@ -132,6 +131,10 @@ void Window_PC::OnResized(int width, int height) {
 }
 
 void Window_PC::LayOut() {
+    // The limits may have kept the window from the size it was given, or changed its size.
+    if (window_)
+        GUIElement::SetSize(static_cast<unsigned long>(window_->width()),
+                            static_cast<unsigned long>(window_->height()));
     GUIElement* const child = GetFirstChild();
     if (!child) return;
     unsigned long width = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/elements/GUIElement.h"
+#include "gui/elements/OwnedCallback.h"
 #include "gui/shell/CNorvelianWnd.h"
 
 #include <QPointer>
@@ -25,6 +26,7 @@ public:
                     DialogDataSource* dataSource) override;
     /// Moves the window and remembers the place; a negative coordinate counts as 0.
     void SetPosition(unsigned long x, unsigned long y) override;
+    /// The window of a resizeable one takes the nearest size within its limits.
     void SetSize(unsigned long width, unsigned long height) override;
     void GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
                             unsigned long& minimalHeight, unsigned long& maximalHeight) override;
@@ -49,6 +51,7 @@ private:
 
     QPointer<CNorvelianWnd> window_;
     Utilities::String caption_;
+    OwnedCallback<Window_PC> onUpdate_{this, &Window_PC::OnUpdate};
     bool resizeable_ = true;
     bool closeable_ = true;
 };

@@ -5,6 +5,7 @@
 #include "gui/elements/SelectionServiceInterface.h"
 #include "tests/support/FakeDataSource.h"
 #include "tests/support/FakeWindowHost.h"
+#include "tests/support/FunctionCallback.h"
 #include "tests/support/RecordingDeviceContext.h"
 
 #include <gmock/gmock.h>
@@ -134,12 +135,30 @@ TEST_F(PaneTest, RepaintsAtOnceOrAtTheEndOfARunningPaint) {
     EXPECT_GE(host.GetPaintCount(inner), 2) << "not lost";
 }
 
-TEST_F(PaneTest, TakesItsCallbacksOutWhenItDies) {
+TEST_F(PaneTest, TakesBackItsOwnCallbackAloneWhenItDies) {
     auto pane = host.Create(Node({{"GUIElementType", "Patch"}, {"ElementName", "p"}}), &source);
-    EXPECT_TRUE(source.GetCallback("p", "OnUpdate").IsValid());
+    source.SetCallback("p", "OnClick", Tests::MakeCallback([](Anything const&) { return 5L; }));
+    source.Fire("p", "OnUpdate");
+    auto const asked = source.asked;
+    EXPECT_FALSE(asked.empty());
     pane = nullptr;
-    EXPECT_FALSE(source.GetCallback("p", "OnUpdate").IsValid());
+    source.Fire("p", "OnUpdate");
+    EXPECT_EQ(source.asked, asked);
+    EXPECT_EQ(source.Fire("p", "OnClick"), 5) << "what the host entered is the host's";
     EXPECT_EQ(host.GetWindowCount(), 0);
+}
+
+TEST_F(PaneTest, LaysItsInsideOutInAnUnchangedSizeToo) {
+    auto const node = Node({{"GUIElementType", "Pane"}, {"ElementName", "outer"}},
+                           {Node({{"GUIElementType", "Pane"}, {"ElementName", "inner"}})});
+    (*node)["BackgroundColor"] = RGBVector(1, 2, 3).GetAnything();
+    auto const outer = host.Create(node, &source);
+    EXPECT_EQ(dynamic_cast<Pane&>(*outer).GetBackgroundColor(), RGBVector(1, 2, 3)) << "given as a record";
+    GUI::GUIElement& inner = outer->FindElement("inner");
+    outer->SetSize(200, 50);
+    inner.SetSize(10, 10);
+    outer->SetSize(200, 50);
+    EXPECT_TRUE(inner.IfSizeEqual(200, 50));
 }
 
 // ------------------------------------------------------------------ every component

@@ -209,6 +209,8 @@ TEST(BoxLayout, AddsUpSizeRanges) {
     EXPECT_THAT(ranges(Node({{"GUIElementType", "LoopBox"}})), ElementsAre(0, 0, 0, 0));
     EXPECT_THAT(ranges(Node({{"GUIElementType", "GumBox"}, {"MinimalWidth", "5"}, {"MaximalWidth", "80"}})),
                 ElementsAre(0, 80, 0, 0));
+    EXPECT_THAT(ranges(Node({{"GUIElementType", "GumBox"}, {"MaximalWidth", "80"}, {"MaximalHeight", "x"}})),
+                ElementsAre(0, 80, 0, 0));
 }
 
 TEST(BoxLayout, AsksEachElementOncePerPassAndNeverKeepsAnAnswer) {

@@ -9,11 +9,14 @@
 #include "tests/support/QtApplication.h"
 
 #include <QImage>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -35,7 +38,7 @@ public:
         events.push_back((keyState == GUI::KeyState::Control ? "ctrl-down " : "down ") + std::to_string(x) +
                          "," + std::to_string(y));
         if (throwing) throw std::runtime_error("from a pane");
-        return consume;
+        return vanish ? std::exchange(vanish, nullptr)(), false : consume;
     }
     bool OnMouseMove(long x, long y) override {
         events.push_back("move " + std::to_string(x) + "," + std::to_string(y));
@@ -43,12 +46,15 @@ public:
     }
     void OnSelectionChanged(Utilities::String const& name, bool selected) override {
         events.push_back(name.GetStdString() + (selected ? " on" : " off"));
+        if (vanish && vanishWhenSelected) std::exchange(vanish, nullptr)();
     }
 
     int paints = 0;
     bool consume = true;
     bool throwing = false;
     std::function<void()> inPaint;
+    std::function<void()> vanish;
+    bool vanishWhenSelected = false;
     std::vector<std::string> events;
 };
 
@@ -148,8 +154,7 @@ TEST_F(PaneWindow, RepaintOfItselfOrOfASiblingInThePaintDoesNotRecurse) {
 
 TEST_F(PaneWindow, AClickFocusesSelectsAndReachesThePane) {
     EXPECT_TRUE(Press(inner_, {7, 9}, Qt::ControlModifier));
-    EXPECT_EQ(inner_.events,
-              (std::vector<std::string>{"PropertyInspector on", "PropertyInspector on", "ctrl-down 7,9"}));
+    EXPECT_EQ(inner_.events, (std::vector<std::string>{"PropertyInspector on", "ctrl-down 7,9"}));
     Reset();
     inner_.consume = false;
     EXPECT_FALSE(Press(inner_, {1, 2}));
@@ -183,6 +188,22 @@ TEST_F(PaneWindow, ExceptionsOfAPaneStayAtTheWindowsEdge) {
     EXPECT_EQ(dropped, (std::vector<std::string>{"CNorvelianAdvancedControl: left button down: from a pane",
                                                  "CNorvelianAdvancedControl: paint: in the paint"}));
     EXPECT_EQ(inner_.paints, 2) << "the window paints again after a failure";
+}
+
+TEST_F(PaneWindow, APaneMayVanishInWhateverItIsTold) {
+    for (bool const byKey : {true, false})
+        for (bool const whenSelected : {true, false}) {
+            auto pane = std::make_unique<TestPane>();
+            Make(*pane, identity_, {{"ElementName", "Victim"}, {"Selectable", "Yes"}});
+            pane->vanish = [&pane] { pane.reset(); };
+            pane->vanishWhenSelected = whenSelected;
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier);
+            if (byKey)
+                QApplication::sendEvent(&WidgetOf(*pane), &key);
+            else
+                Press(*pane, {1, 1});
+            EXPECT_EQ(pane, nullptr) << byKey << whenSelected;
+        }
 }
 
 TEST_F(PaneWindow, AWindowThatDiesFirstTakesItsPanesWindowsAlong) {

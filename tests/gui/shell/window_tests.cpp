@@ -18,8 +18,10 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QWindow>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -37,10 +39,15 @@ public:
         opened.push_back(fileName.GetStdString());
         return 1;
     }
+    bool OnBeforeCommandLine() override {
+        if (beforeCommandLine) beforeCommandLine();
+        return true;
+    }
     bool MayClose() override { return mayClose; }
     void ReportError(String const& text) override { errors.push_back(text.GetStdString()); }
 
     bool mayClose = true;
+    std::function<void()> beforeCommandLine;
     std::vector<std::string> opened;
     std::vector<std::string> errors;
 };
@@ -66,7 +73,14 @@ public:
         auto const found = values.find(element.GetStdString() + "." + name.GetStdString());
         return found == values.end() ? Anything() : found->second;
     }
+    void Initialize() override { ++initialized; }
+    void SetDefaultSelection() override {
+        if (defaultSelection) defaultSelection();
+    }
+
     std::map<std::string, Anything> values;
+    int initialized = 0;
+    std::function<void()> defaultSelection;
 };
 
 class Windows : public testing::Test {
@@ -126,10 +140,21 @@ TEST_F(Windows, TakesItsAttributesAndItsContentsLimits) {
     EXPECT_EQ(width, 500U);
     EXPECT_EQ(height, 60U);
 
+    window.SetSize(60, 20);
+    EXPECT_TRUE(window.FindElement("Content").IfSizeEqual(120, 50)) << "as small as the window gets";
+
     handler_.values = {{"Main.Visible", false}, {"Main.Caption", "caf\xE9"}};
     handler_.ExecuteCallback("Main", "OnUpdate", {});
     EXPECT_FALSE(widget.isVisible());
     EXPECT_EQ(widget.windowTitle(), QString::fromUtf8("caf\u00E9"));
+}
+
+TEST_F(Windows, AWindowOfFixedSizeIsResizedByItsElement) {
+    auto& window = Make<GUI::Window_PC>(Top("Window", "Main", {{"Resizeable", "No"}}, {Content()}));
+    window.SetSize(400, 90);
+    EXPECT_EQ(WidgetOf(window).size(), QSize(400, 90));
+    EXPECT_EQ(WidgetOf(window).minimumSize(), WidgetOf(window).maximumSize());
+    EXPECT_TRUE(window.FindElement("Content").IfSizeEqual(400, 90));
 }
 
 TEST_F(Windows, RemembersItsPlace) {
@@ -154,15 +179,90 @@ TEST_F(Windows, RemembersItsPlace) {
 }
 
 TEST_F(Windows, TheMainWindowAsksBeforeItCloses) {
-    auto& window = Make<GUI::Window_PC>(Top("Window", "Main"));
-    environment->app->SetMainWindow(&window);
-    environment->app->SetDialogToList(window);
-    environment->app->mayClose = false;
-    EXPECT_FALSE(WidgetOf(window).close());
-    EXPECT_EQ(environment->app->GetMainWindow(), &window);
-    environment->app->mayClose = true;
-    EXPECT_TRUE(WidgetOf(window).close());
-    EXPECT_EQ(environment->app->GetMainWindow(), nullptr);
+    auto& app = *environment->app;
+    for (char const* const type : {"Window", "Dialog"})
+        for (char const* const closeable : {"No", "Yes"}) {
+            auto& window = Make<GUI::GUIElement>(Top(type, "Main", {{"Closeable", closeable}}));
+            app.SetMainWindow(&window);
+            WidgetOf(window).show();
+            for (bool const mayClose : {false, true}) {
+                app.mayClose = mayClose;
+                bool const closes = mayClose && *closeable == 'Y';
+                EXPECT_EQ(WidgetOf(window).close(), closes) << type << ", " << closeable << mayClose;
+                EXPECT_EQ(WidgetOf(window).isVisible(), !closes) << type << ", " << closeable << mayClose;
+                EXPECT_EQ(app.GetMainWindow(), closes ? nullptr : &window) << type << closeable << mayClose;
+            }
+            app.SetMainWindow(nullptr);
+        }
+    EXPECT_FALSE(QApplication::quitOnLastWindowClosed()) << "other windows may close";
+}
+
+TEST_F(Windows, AnExitBeforeTheMainLoopHoldsAlsoFromADialog) {
+    auto& dialog = Make<GUI::Dialog_PC>(Top("Dialog", "Licence"));
+    QTimer tooLate;
+    QObject::connect(&tooLate, &QTimer::timeout, [] { QApplication::exit(1); });
+    tooLate.start(5000);
+    environment->app->beforeCommandLine = [&] {
+        QTimer::singleShot(0, [] { environment->app->Quit(7); });
+        dialog.RunModal();
+    };
+    EXPECT_EQ(environment->app->Run(), 7);
+    environment->app->beforeCommandLine = nullptr;
+    // The platform ends every dialog from now on, until a main loop has run.
+    QTimer::singleShot(0, [] { QApplication::exit(); });
+    QApplication::exec();
+}
+
+TEST_F(Windows, ADialogMayBeShownAgainAndDescribedAnew) {
+    auto& dialog = Make<GUI::Dialog_PC>(
+        Top("Dialog", "Twice", {{"X", "30"}, {"Y", "40"}, {"Resizeable", "Yes"}}, {Content()}));
+    auto& platform = dynamic_cast<GUI::ApplicationImplementation_PC&>(environment->app->GetImplementation());
+    QWidget& widget = WidgetOf(dialog);
+    EXPECT_TRUE(widget.windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+    for (int const times : {1, 2}) {
+        QTimer::singleShot(0, [&] {
+            EXPECT_EQ(dialog.GetChildrenList().GetSize(), 1);
+            EXPECT_EQ(handler_.GetRootElement().Get(), dialog.GetChildrenList().Begin().Current().Get());
+            EXPECT_TRUE(dialog.IfPositionEqual(30, 40));
+            widget.move(50, 60);
+            EXPECT_TRUE(dialog.IfPositionEqual(50, 60));
+            EXPECT_EQ(platform.OnShellCommand("[OPEN(\"x\")]"), 0) << "a modal dialog waits";
+
+            auto const changed = Node({{"ElementName", "Twice"}, {"Caption", "Changed"}}, {Content()});
+            dialog.SetGUIDescriptionTree(*changed);
+            EXPECT_EQ(widget.windowTitle(), "Changed");
+            EXPECT_TRUE(dialog.FindElement("Content").IfSizeEqual(300, 200));
+            EXPECT_EQ(handler_.initialized, times) << "once for each time it is shown";
+            dialog.Close(0);
+        });
+        dialog.RunModal();
+    }
+    element_ = nullptr;
+    EXPECT_TRUE(handler_.GetRootElement().IsNull());
+    EXPECT_EQ(handler_.ExecuteCallback("Twice", "OnClose", {}), 0);
+}
+
+std::vector<std::string> platformMessages;
+
+TEST_F(Windows, TheDefaultSelectionMayRepaint) {
+    auto& dialog = Make<GUI::Dialog_PC>(Top("Dialog", "Ask", {}, {Content()}));
+    bool selected = false;
+    handler_.defaultSelection = [&] {
+        selected = true;
+        dynamic_cast<GUI::Pane&>(dialog.FindElement("Content")).Repaint();
+    };
+    platformMessages.clear();
+    auto const former = qInstallMessageHandler([](QtMsgType, QMessageLogContext const&, QString const& text) {
+        platformMessages.push_back(text.toStdString());
+    });
+    QTimer::singleShot(0, [&] {
+        QApplication::processEvents();
+        dialog.Close(0);
+    });
+    dialog.RunModal();
+    qInstallMessageHandler(former);
+    EXPECT_TRUE(selected);
+    EXPECT_EQ(platformMessages, std::vector<std::string>());
 }
 
 TEST_F(Windows, DialogClosesThroughItsDataSourceAndByTheEscElement) {
@@ -263,6 +363,21 @@ TEST_F(Windows, BackgroundPicturesLieUnderTheElementsAtTheirOwnSize) {
     dialog.RunModal();
 }
 
+TEST_F(Windows, APaneThatDiesGivesTheDragCursorBack) {
+    struct Dragable : GUI::Pane {
+        bool IsDragable(std::pair<long, long> const& /*point*/) override { return true; }
+    };
+    auto& window = Make<GUI::Window_PC>(Top("Window", "Main"));
+    auto pane = std::make_unique<Dragable>();
+    pane->Initialize(*window.GetWindowID(), *Top("Pane", "Drag"), &handler_);
+    QMouseEvent move(QEvent::MouseMove, QPoint(1, 1), QPoint(1, 1), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(&WidgetOf(*pane), &move);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    pane.reset();
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(Windows, WhatAHandlerLetsEscapeGoesToTheApplication) {
     auto& dialog = Make<GUI::Dialog_PC>(Top("Dialog", "Ask"));
     handler_.SetCallback("Ask", "OnClose", Tests::MakeCallback([&](Anything const&) -> long {
@@ -299,10 +414,25 @@ TEST_F(Windows, KeysGoToAcceleratorsThenToTheMessageService) {
                          }));
     QKeyEvent release(QEvent::KeyRelease, Qt::Key_A, Qt::ShiftModifier, "A");
     QCoreApplication::sendEvent(WidgetOf(window).windowHandle(), &release);
-    EXPECT_EQ(keys, std::vector<std::string>{"65;1;0"});
+    QKeyEvent shiftedDigit(QEvent::KeyRelease, Qt::Key_Exclam, Qt::ShiftModifier, 10, 0, 0, "!");
+    QCoreApplication::sendEvent(WidgetOf(window).windowHandle(), &shiftedDigit);
+    EXPECT_EQ(keys, (std::vector<std::string>{"65;1;0", "49;1;0"}));
     service->RemoveCallback("Key");
 
     EXPECT_EQ(platform.OnShellCommand("[OPEN(\"/tmp/a (1).txt\")]"), 1);
     EXPECT_EQ(environment->app->opened.back(), "/tmp/a (1).txt");
     EXPECT_EQ(platform.OnShellCommand("[PRINT(\"x\")]"), 0);
+
+    auto const items = Utilities::MakeSmart<GUI::Menu::Items>();
+    auto const item = Utilities::MakeSmart<GUI::Menu::Items>();
+    static_cast<GUI::MenuItem&>(*item) = GUI::MenuItem("Refresh", "F5", 7);
+    items->AddChild(item);
+    GUI::Menu menu;
+    menu.BuildMenu(items);
+    platform.BuildAccelerators(menu);
+    environment->app->SetMainWindow(&window);
+    environment->app->errors.clear();
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_F5, Qt::NoModifier);
+    QCoreApplication::sendEvent(WidgetOf(window).windowHandle(), &press);
+    EXPECT_EQ(environment->app->errors, std::vector<std::string>()) << "a window without a menu";
 }

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/values/Callback.h"
+
+namespace GUI {
+
+/// A callback on a member function of the object that holds this. Once the object has gone, or has
+/// released it, what is left of it in some table does nothing and gives 0: a table needs no clearing, and
+/// the table's other entries are left alone. GUI thread only.
+template <class T> class OwnedCallback {
+public:
+    using Member = long (T::*)(Utilities::Anything const&);
+
+    OwnedCallback(T* owner, Member member) : owner_(owner), member_(member) {}
+    OwnedCallback(OwnedCallback const&) = delete;
+    OwnedCallback& operator=(OwnedCallback const&) = delete;
+    ~OwnedCallback() { Release(); }
+
+    Utilities::Callback Get() {
+        if (link_.IsNull()) link_ = Utilities::MakeSmart<Link>(owner_, member_);
+        return Utilities::Callback(link_);
+    }
+    /// For a destructor that does more than let go.
+    void Release() {
+        if (!link_.IsNull()) link_->Cut();
+    }
+
+private:
+    class Link : public Utilities::CallbackImplementation {
+    public:
+        Link(T* owner, Member member) : owner_(owner), member_(member) {}
+
+        Diagnostics::String GetValueString() override { return "OwnedCallback"; }
+        long Execute(Utilities::Anything const& argument) override {
+            return owner_ ? (owner_->*member_)(argument) : 0;
+        }
+        bool IsValid() override { return owner_ != nullptr; }
+        void Cut() { owner_ = nullptr; }
+
+    private:
+        T* owner_;
+        Member member_;
+    };
+
+    T* owner_;
+    Member member_;
+    Utilities::SmartPointer<Link> link_;
+};
+
+} // namespace GUI
