@@ -1,6 +1,5 @@
 #include "gui/charts/XYColorChart.h"
 
-#include "Diagnostics/Sink.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/charts/ScaleMap.h"
 #include "gui/elements/Attributes.h"
@@ -28,48 +27,21 @@ constexpr char const* selectionEvent = "SelectSample";
 
 } // namespace
 
-/// It is registered under a name that isn't the chart's, where others may follow it; somebody may still hold
-/// it when the chart dies, and it does nothing from then on.
-class XYColorChart::SelectionCallback : public Utilities::CallbackImplementation {
-public:
-    explicit SelectionCallback(XYColorChart* chart) : chart_(chart) {}
-
-    Diagnostics::String GetValueString() override { return "XYColorChart::SelectionCallback"; }
-    long Execute(Anything const& /*argument*/) override {
-        if (chart_) chart_->Repaint();
-        return 0;
-    }
-    bool IsValid() override { return chart_ != nullptr; }
-    void Forget() { chart_ = nullptr; }
-
-private:
-    XYColorChart* chart_;
-};
-
-XYColorChart::XYColorChart() : selectionCallback_(Utilities::MakeSmart<SelectionCallback>(this)) {}
-XYColorChart::~XYColorChart() {
-    selectionCallback_->Forget();
-    try {
-        // A data source may outlive the plug-in, whose code the callback is. Another's may stand there by
-        // now.
-        DialogDataSource* const source = GetDataSource();
-        if (source &&
-            source->GetCallback(selectionElement, selectionEvent) == Utilities::Callback(selectionCallback_))
-            source->SetCallback(selectionElement, selectionEvent, {});
-    } catch (...) {
-        Diagnostics::DropException("XYColorChart: giving up the selection's callback");
-    }
-}
+XYColorChart::~XYColorChart() { onSelectSample_.Release(GetDataSource(), selectionElement, selectionEvent); }
 
 void XYColorChart::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                               DialogDataSource* dataSource) {
     Pane::Initialize(parent, description, dataSource);
     AttributeReader const attributes(description);
     spotSize_ = attributes.Text(spotSizeKey).GetUnsignedShort();
-    if (dataSource)
-        dataSource->SetCallback(selectionElement, selectionEvent, Utilities::Callback(selectionCallback_));
+    if (dataSource) dataSource->SetCallback(selectionElement, selectionEvent, onSelectSample_.Get());
     backgroundBitmap_ = attributes.Text(backgroundBitmapKey);
     RegisterOnUpdate();
+}
+
+long XYColorChart::OnSelectSample(Anything const& /*argument*/) {
+    Repaint();
+    return 0;
 }
 
 long XYColorChart::OnUpdate(Anything const& /*command*/) {

@@ -22,7 +22,6 @@ namespace GUI {
 /// event "SelectSample" of the element "ColorChart" repaints; "OnUpdate" reads everything anew.
 class XYColorChart : public Pane {
 public:
-    XYColorChart();
     ~XYColorChart() override;
     Diagnostics::String GetValueString() override { return "XYColorChart"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -56,14 +55,13 @@ private:
         Pixel Of(Spot const& spot) const;
     };
 
-    class SelectionCallback;
-
+    long OnSelectSample(Utilities::Anything const& argument);
     Places GetPlaces() const;
     void ReadSpots();
     /// Leaves out spots that a later one at the same pixel covers; fills `visible_`.
     void FindVisible(Places const& places, long selected);
 
-    Utilities::SmartPointer<SelectionCallback> selectionCallback_;
+    OwnedCallback<XYColorChart> onSelectSample_{this, &XYColorChart::OnSelectSample};
     double xValueBegin_ = -100;
     double xValueEnd_ = 100;
     double yValueBegin_ = -100;

@@ -28,14 +28,15 @@ Utilities::SmartPointer<Utilities::TextAdapter> MakeAdapter(Utilities::String co
 
 } // namespace
 
+FixedText::~FixedText() { onUpdate_.Release(GetDataSource(), GUIElement::GetElementName(), "OnUpdate"); }
+
 void FixedText::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                            DialogDataSource* dataSource) {
     adapterName_ = AttributeReader(description).Text(adaptText);
     adapter_ = MakeAdapter(adapterName_);
     GUIElement::Initialize(parent, description, dataSource);
     if (dataSource && GetElementName().Length() != 0)
-        dataSource->SetCallback(GetElementName(), "OnUpdate",
-                                Utilities::MakeCallback(this, &FixedText::OnUpdate));
+        dataSource->SetCallback(GetElementName(), "OnUpdate", onUpdate_.Get());
 }
 
 void FixedText::OnLanguageChanged() {

@@ -2,6 +2,7 @@
 
 #include "gui/elements/Attributes.h"
 #include "gui/elements/GUIElement.h"
+#include "gui/elements/OwnedCallback.h"
 #include "services/TextAdapter.h"
 
 namespace GUI {
@@ -17,6 +18,7 @@ namespace GUI {
 /// "TextColor", "BackgroundColor", "Visible"; invalid answers change nothing.
 class FixedText : public GUIElement {
 public:
+    ~FixedText() override;
     static constexpr Attribute caption{"Caption", AttributeType::Text, "", "The text"};
     static constexpr Attribute adaptText{"AdaptText", AttributeType::Text, "", "Component of a text adapter"};
     static constexpr Attribute fontName{"FontName", AttributeType::Text, "",
@@ -43,6 +45,7 @@ protected:
     Utilities::Anything GetValue(char const* key);
 
 private:
+    OwnedCallback<FixedText> onUpdate_{this, &FixedText::OnUpdate};
     Utilities::String adapterName_;
     Utilities::SmartPointer<Utilities::TextAdapter> adapter_;
 };

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "Diagnostics/Sink.h"
 #include "core/values/Callback.h"
+#include "gui/elements/DialogDataSource.h"
 
 namespace GUI {
 
-/// A callback on a member function of the object that holds this. Once the object has gone, or has
-/// released it, what is left of it in some table does nothing and gives 0: a table needs no clearing, and
-/// the table's other entries are left alone. GUI thread only.
+/// A callback on a member function of the object that holds this. Once the object has released it, what is
+/// left of it in some table does nothing and gives 0, and the table's other entries are left alone. The
+/// object takes it out of the tables that it knows, since they may outlive the plug-in. GUI thread only.
 template <class T> class OwnedCallback {
 public:
     using Member = long (T::*)(Utilities::Anything const&);
@@ -23,6 +25,16 @@ public:
     /// For a destructor that does more than let go.
     void Release() {
         if (!link_.IsNull()) link_->Cut();
+    }
+    /// The same, and takes the callback out of the data source if it still stands there.
+    void Release(DialogDataSource* source, Utilities::String const& element, char const* event) {
+        try {
+            if (source && !link_.IsNull() && source->GetCallback(element, event) == Get())
+                source->SetCallback(element, event, {});
+        } catch (...) {
+            Diagnostics::DropException("OwnedCallback: release");
+        }
+        Release();
     }
 
 private:

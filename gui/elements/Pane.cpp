@@ -26,7 +26,7 @@ SmartPointer<SelectionServiceInterface> FindSelectionService() {
 } // namespace
 
 Pane::~Pane() {
-    onUpdate_.Release();
+    onUpdate_.Release(GetDataSource(), GUIElement::GetElementName(), "OnUpdate");
     try {
         if (topics_.GetSize() != 0) {
             auto const service = FindSelectionService();

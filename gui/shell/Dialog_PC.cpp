@@ -46,7 +46,7 @@ Qt::WindowFlags FlagsFor(AttributeReader const& reader, bool modeless) {
 } // namespace
 
 Dialog_PC::~Dialog_PC() {
-    onClose_.Release();
+    onClose_.Release(GetDataSource(), GUIElement::GetElementName(), "OnClose");
     ReleaseContents();
     Application::Instance().RemoveDialogFromList(*this);
     if (GetDataSource() && GetDataSource()->GetDialogRootElement() == this)

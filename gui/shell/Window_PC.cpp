@@ -32,7 +32,7 @@ AttributeTable const table("Window", "GUIElement", attributes);
 } // namespace
 
 Window_PC::~Window_PC() {
-    onUpdate_.Release();
+    onUpdate_.Release(GetDataSource(), GUIElement::GetElementName(), "OnUpdate");
     ReleaseChildren();
     Application::Instance().RemoveDialogFromList(*this);
     if (GetDataSource() && GetDataSource()->GetDialogRootElement() == this)
