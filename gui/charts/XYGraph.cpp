@@ -74,8 +74,9 @@ void XYGraph::ReadData(Range const& range) {
         if (!content.IsValid()) continue;
         auto const& entries = content.GetVectorOfAnythings();
         std::uint32_t const given = entries.GetSize() == 0 ? 0 : entries.GetSize() - 1;
-        Curve values(announced);
-        for (std::uint32_t i = 0; i < std::min(announced, given); ++i) values[i] = entries[i + 1].GetDouble();
+        // The message can't announce more than 65536 values; a source may give more.
+        Curve values(std::max(announced, given));
+        for (std::uint32_t i = 0; i < given; ++i) values[i] = entries[i + 1].GetDouble();
         curves_.Append(values);
         if (curveNames_.GetSize() < curves_.GetSize())
             curveNames_.Append(entries.GetSize() == 0 ? String() : entries[0].GetString());

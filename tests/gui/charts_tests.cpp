@@ -238,7 +238,7 @@ TEST_F(XYGraphTest, DrawsItsCurvesTheActiveOneFirst) {
     std::vector<std::string> const first{"SetBrush 1,2,3", "SetPen 1,2,3 1 0", "MoveTo 20 45",
                                          "LineTo 60 40"};
     std::vector<std::string> const second{"SetBrush 255,0,0", "SetPen 255,0,0 3 0", "MoveTo 20 0",
-                                          "LineTo 60 50"};
+                                          "LineTo 60 50", "LineTo 100 0"};
     auto const joined = [](auto a, auto const& b) {
         a.insert(a.end(), b.begin(), b.end());
         return a;
@@ -258,9 +258,9 @@ TEST_F(XYGraphTest, DrawsItsCurvesTheActiveOneFirst) {
 TEST_F(XYGraphTest, ReadsDataByItsMessage) {
     MakeCurves();
     std::pair<char const*, std::size_t> const rows[] = {
-        {"0;3", 0},        // one column of one value; what it gives beyond isn't shown
+        {"0;3", 1},        // one column of one value, and what it gives beyond
         {"0;3-9;3", 9},    // announced values that don't come are 0
-        {"0;0-2;65535", 4} // columns without values are passed over
+        {"0;0-0;65535", 3} // columns without values are passed over
     };
     for (auto const& [message, lines] : rows) {
         int const before = Paints();
@@ -274,7 +274,7 @@ TEST_F(XYGraphTest, ReadsDataByItsMessage) {
     EXPECT_ANY_THROW(Get().OnUpdate("a;b"));
     Get().OnUpdate({});
     Get().OnUpdate("Something");
-    EXPECT_EQ(Count("LineTo"), 2U) << "the data stay";
+    EXPECT_EQ(Count("LineTo"), 3U) << "the data stay";
 }
 
 TEST_F(XYGraphTest, TellsOfTheItemUnderThePoint) {
