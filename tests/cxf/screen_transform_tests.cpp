@@ -2,6 +2,7 @@
 #include "cxf/TristimException.h"
 #include "cxf/TristimService.h"
 #include "tests/cxf/support.h"
+#include "tests/support/WideProfile.h"
 
 #include <cmath>
 #include <lcms2.h>
@@ -19,22 +20,6 @@ static_assert(!std::is_invocable_v<decltype([](auto const& c) -> decltype(Screen
 static_assert(!std::is_constructible_v<Tristim::XYZ, ScreenColour>);
 
 namespace {
-
-/// A profile of a screen with gamma 1.8 and wide primaries, as a file would hold it.
-std::string WideProfile() {
-    cmsCIExyY const white{0.3457, 0.3585, 1};
-    cmsCIExyYTRIPLE const primaries{{0.7, 0.3, 1}, {0.2, 0.75, 1}, {0.13, 0.05, 1}};
-    cmsToneCurve* const curve = cmsBuildGamma(nullptr, 1.8);
-    cmsToneCurve* curves[3] = {curve, curve, curve};
-    cmsHPROFILE const profile = cmsCreateRGBProfile(&white, &primaries, curves);
-    cmsUInt32Number size = 0;
-    cmsSaveProfileToMem(profile, nullptr, &size);
-    std::string bytes(size, '\0');
-    cmsSaveProfileToMem(profile, bytes.data(), &size);
-    cmsCloseProfile(profile);
-    cmsFreeToneCurve(curve);
-    return bytes;
-}
 
 std::array<int, 3> Rgb(ScreenColour const& colour) {
     return {colour.GetRed(), colour.GetGreen(), colour.GetBlue()};
@@ -75,7 +60,7 @@ TEST(Screen, AgreesWithTheFormulaOfSrgb) {
 
 TEST(Screen, GamutDependsOnTheScreen) {
     ScreenTransform const srgb;
-    ScreenTransform const wide(WideProfile());
+    ScreenTransform const wide(Tests::WideProfile());
     // A saturated cyan: outside of sRGB, inside the wide screen.
     Tristim::XYZ const white{96.42, 100, 82.49};
     Tristim::XYZ const cyan = Tristim::XYZOf({60, -55, -20}, white);
@@ -122,7 +107,7 @@ TEST(Screen, BatchIsTheSameAsOneByOne) {
 TEST(Screen, BadProfilesAreRefused) {
     EXPECT_THROW(ScreenTransform{std::string_view("")}, Tristim::TristimException);
     EXPECT_THROW(ScreenTransform{std::string_view("no profile at all")}, Tristim::TristimException);
-    std::string const whole = WideProfile();
+    std::string const whole = Tests::WideProfile();
     EXPECT_THROW(ScreenTransform{std::string_view(whole).substr(0, 200)}, Tristim::TristimException);
     EXPECT_FALSE(ScreenTransform(whole).GetProfileName().empty());
 }

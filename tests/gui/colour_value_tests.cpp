@@ -73,18 +73,6 @@ TEST(SpectrumColor, ScreenValuesAreTruncatedAndNotClamped) {
     EXPECT_EQ(SpectrumColor(Ramp(2, 0)).GetRGB(), RGBVector(345 - 256, 345 - 256, 345 - 256));
 }
 
-TEST(SpectrumColor, CopiesShareNothing) {
-    SpectrumColor first(Ramp(0.2F, 0));
-    first.SetColorSpace("RGB");
-    SpectrumColor second(first);
-    SpectrumColor third;
-    third = first;
-    first.SetSpectrum(Ramp(0.9F, 0));
-    EXPECT_EQ(second.GetSpectrum().GetValues()[0], 0.2F);
-    EXPECT_EQ(third.GetSpectrum().GetValues()[0], 0.2F);
-    EXPECT_TRUE(third.GetColorSpace() == "RGB");
-}
-
 TEST(ScreenRGB, GivesTheRecordOfAPatchWithItsGamutFlag) {
     namespace Cxf = Norvelian::ColorExchangeFormat;
     Tintorium::ScreenRGB const screen;

@@ -69,9 +69,3 @@ TEST(ColourDeskProgram, SaysOnceAndClearlyWhyAFileIsRefused) {
         }
     }
 }
-
-TEST(ColourDeskProgram, RefusesUnknownOptions) {
-    Outcome const outcome = StartProgram("--nonsense");
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.output, "colourdesk: there is no option --nonsense\n");
-}
