@@ -19,7 +19,7 @@ namespace Utilities {
 
 namespace {
 
-ComponentCreatorSingleton<Preferences_PC> const creator({"Preferences", "$Revision: 1.4 $", "Utilities"});
+ComponentCreatorSingleton<Preferences_PC> creator({"Preferences", "$Revision: 1.4 $", "Utilities"});
 
 constexpr long longestValue = 1023;
 constexpr std::uint64_t largestFile = 16U << 20U;

@@ -1,7 +1,7 @@
 #include "services/RobustMutex_PC.h"
 
 #include "Diagnostics/Sink.h"
-#include "Utilities/Unstoppable.h"
+#include "Diagnostics/Unstoppable.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "services/ThreadKiller_PC.h"
 
-#include "Utilities/Unstoppable.h"
+#include "Diagnostics/Unstoppable.h"
 
 #include <array>
 #include <atomic>
@@ -140,6 +140,7 @@ void BlockKilling() {
 }
 
 bool KillThread(pthread_t thread, std::atomic<bool> const& ended, std::chrono::milliseconds patience) {
+    Unstoppable const whole;
     static std::mutex oneAtATime;
     std::lock_guard const lock(oneAtATime);
     Prepare();
@@ -156,8 +157,9 @@ bool KillThread(pthread_t thread, std::atomic<bool> const& ended, std::chrono::m
         WaitUntilGone(killed);
         return true;
     }
-    if (ended) ::pthread_join(thread, nullptr);
-    return ended;
+    bool const endedByItself = ended;
+    if (endedByItself) ::pthread_join(thread, nullptr);
+    return endedByItself;
 }
 
 } // namespace Utilities

@@ -1,7 +1,7 @@
 #include "gui/shell/MessageService_PC.h"
 
 #include "Diagnostics/Sink.h"
-#include "Utilities/Unstoppable.h"
+#include "Diagnostics/Unstoppable.h"
 #include "core/creators/ComponentCreator.h"
 
 #include <QCoreApplication>
@@ -14,8 +14,8 @@ using Utilities::String;
 
 namespace {
 
-Utilities::ComponentCreatorSingleton<MessageService_PC> const creator({"MessageService", "$Revision: 1.9 $",
-                                                                       "GUI"});
+Utilities::ComponentCreatorSingleton<MessageService_PC> creator({"MessageService", "$Revision: 1.9 $",
+                                                                 "GUI"});
 
 constexpr long lockTimeoutMilliseconds = 250000;
 /// A burst's memory is kept for the next one up to this size.

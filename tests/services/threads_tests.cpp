@@ -14,6 +14,7 @@
 #include <memory>
 #include <mutex>
 #include <stdexcept>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -147,13 +148,13 @@ TEST(Mutex, AProcessThatUsesANameHoldsUpNoOtherThatComesToIt) {
 
 TEST(Mutex, KeepsProcessesApartFromTheFirstUseOfAName) {
     // Each round all children make the mutex at once; the count is a plain variable in shared memory
-    // that only the mutex protects. It lives in a pipe: read, add, write back.
+    // that only the mutex protects, and every change of it gives the others time to come between.
+    auto* const count = static_cast<int volatile*>(
+        ::mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    ASSERT_NE(count, MAP_FAILED);
     for (int round = 0; round < 10; ++round) {
         String const name = Named(("race" + std::to_string(round)).c_str());
-        int count[2];
-        ASSERT_EQ(::pipe(count), 0);
-        int value = 0;
-        ASSERT_EQ(::write(count[1], &value, sizeof value), static_cast<ssize_t>(sizeof value));
+        *count = 0;
         std::vector<pid_t> children;
         for (int c = 0; c < 4; ++c) {
             children.push_back(::fork());
@@ -161,12 +162,10 @@ TEST(Mutex, KeepsProcessesApartFromTheFirstUseOfAName) {
             int failures = 0;
             for (int i = 0; i < 50; ++i) {
                 Mutex mutex(name);
-                int here = 0;
                 failures += !mutex.Lock(10000);
-                // Never empty while the mutex keeps the others out.
-                failures += ::read(count[0], &here, sizeof here) != sizeof here;
-                ++here;
-                failures += ::write(count[1], &here, sizeof here) != sizeof here;
+                int const here = *count;
+                std::this_thread::yield();
+                *count = here + 1;
                 mutex.Unlock();
             }
             ::_exit(failures == 0 ? 0 : 1);
@@ -176,11 +175,9 @@ TEST(Mutex, KeepsProcessesApartFromTheFirstUseOfAName) {
             ASSERT_EQ(::waitpid(child, &status, 0), child);
             EXPECT_EQ(status, 0);
         }
-        ASSERT_EQ(::read(count[0], &value, sizeof value), static_cast<ssize_t>(sizeof value));
-        EXPECT_EQ(value, 200);
-        ::close(count[0]);
-        ::close(count[1]);
+        EXPECT_EQ(*count, 200);
     }
+    ::munmap(const_cast<int*>(count), sizeof(int));
 }
 
 /// Runs a function as the object of a thread.
@@ -270,11 +267,23 @@ TEST(Thread, AForcedStopEndsAThreadWhereverItIsAndLeavesTheProcessSound) {
         held.Lock(-1);
         for (;; ++beats) service.PostMessage("Beat", 1L);
     });
-    Utilities::Runnable* const objects[] = {&computing, &allocating, &swallowing, &sleeping, &posting};
-    for (int round = 0; round < 250; ++round) {
+    // A sink with a lock of its own, in which its thread spends most of its time.
+    std::mutex ofSink;
+    std::atomic<long> reports = 0;
+    auto const former = Diagnostics::SetSink([&](auto const&, auto const&) {
+        std::lock_guard const lock(ofSink);
+        for (int i = 0; i < 1000; ++i) ++reports;
+    });
+    Job reporting([&]() -> long {
+        held.Lock(-1);
+        for (;; ++beats) Diagnostics::Report("test", "text");
+    });
+    Utilities::Runnable* const objects[] = {&computing, &allocating, &swallowing,
+                                            &sleeping,  &posting,    &reporting};
+    for (int round = 0; round < 300; ++round) {
         ThreadImplementation_PC thread;
         beats = 0;
-        thread.Start(objects[round % 5]);
+        thread.Start(objects[round % 6]);
         while (beats == 0) std::this_thread::yield();
         thread.Stop(0);
         ASSERT_EQ(thread.GetExitCode(), 99999) << round;
@@ -284,7 +293,9 @@ TEST(Thread, AForcedStopEndsAThreadWhereverItIsAndLeavesTheProcessSound) {
         std::thread([] { std::vector<std::string> used(1000, std::string(100, 'x')); }).join();
         EXPECT_EQ(beats, last) << "not one instruction more";
         service.PostMessage("Beat", 0L);
+        Diagnostics::Report("test", "text");
     }
+    Diagnostics::SetSink(former);
 }
 #endif
 #endif
@@ -297,6 +308,71 @@ TEST(Thread, TheFrontRunsTheComponent) {
     for (int i = 0; i < 5000 && runs == 0; ++i) std::this_thread::sleep_for(1ms);
     thread.Stop(50);
     EXPECT_EQ(runs, 1);
+    EXPECT_FALSE(thread.IsRunning());
+    EXPECT_EQ(thread.GetExitCode(), 1);
+}
+
+#if !defined(__SANITIZE_THREAD__) && !defined(__SANITIZE_ADDRESS__)
+TEST(Thread, TellsWhatBecameOfAForcedStop) {
+    std::atomic<bool> running = false;
+    Job yielding([&]() -> long {
+        running = true;
+        for (;;) std::this_thread::sleep_for(1h);
+    });
+    // With all signals blocked it can't be reached.
+    std::atomic<bool> mayEnd = false;
+    Job deaf([&]() -> long {
+        sigset_t all;
+        ::sigfillset(&all);
+        ::pthread_sigmask(SIG_BLOCK, &all, nullptr);
+        running = true;
+        while (!mayEnd) std::this_thread::yield();
+        return 5;
+    });
+    Utilities::Thread thread;
+    EXPECT_FALSE(thread.IsRunning());
+    thread.Start(&yielding);
+    while (!running) std::this_thread::yield();
+    thread.Stop(0);
+    EXPECT_FALSE(thread.IsRunning());
+    EXPECT_EQ(thread.GetExitCode(), 99999);
+
+    running = false;
+    thread.Start(&deaf);
+    while (!running) std::this_thread::yield();
+    thread.Stop(0);
+    EXPECT_TRUE(thread.IsRunning());
+    EXPECT_EQ(thread.GetExitCode(), Utilities::ThreadImplementation::stillActive);
+    mayEnd = true;
+    thread.Stop(200);
+    EXPECT_FALSE(thread.IsRunning());
+    EXPECT_EQ(thread.GetExitCode(), 5);
+}
+#endif
+
+TEST(Thread, StopReturnsWhenTheThreadHasGoneAltogether) {
+    // Destroyed by the thread's very end, after all code of its object and of the implementation.
+    struct AtThreadEnd {
+        ~AtThreadEnd() {
+            std::this_thread::sleep_for(20ms);
+            *ended = true;
+        }
+        std::atomic<bool>* ended = nullptr;
+    };
+    std::atomic<bool> ended = false;
+    std::atomic<bool> returning = false;
+    Job job([&]() -> long {
+        static thread_local AtThreadEnd last;
+        last.ended = &ended;
+        returning = true;
+        return 0;
+    });
+    ThreadImplementation_PC thread;
+    thread.Start(&job);
+    while (!returning) std::this_thread::yield();
+    WaitForEnd(thread);
+    thread.Stop(100000);
+    EXPECT_TRUE(ended);
 }
 
 } // namespace
