@@ -12,6 +12,7 @@ std::string GetExecutableStem();
 /// in it, otherwise "../share/<program>".
 std::string GetProgramDirectory();
 /// The plug-in module of that name: beside the libraries of this system, in their directory "norvelian".
+/// Empty if it can't be told where they are.
 std::string GetModulePath(std::string const& name);
 
 } // namespace Utilities

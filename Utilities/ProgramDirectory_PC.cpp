@@ -35,6 +35,8 @@ std::string GetModulePath(std::string const& name) {
     if (dladdr(reinterpret_cast<void const*>(&GetModulePath), &library) == 0 || !library.dli_fname) return {};
     std::error_code failure;
     fs::path const path = fs::canonical(library.dli_fname, failure);
+    // What is left would be a path into whatever directory is the current one.
+    if (failure) return {};
     return (path.parent_path() / "norvelian" / (name + ".so")).string();
 }
 
