@@ -1,8 +1,11 @@
 #include "Utilities/ProgramDirectory.h"
 
+#include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
+#include <pwd.h>
 #include <string_view>
+#include <unistd.h>
 
 namespace Utilities {
 
@@ -28,6 +31,17 @@ std::string GetProgramDirectory() {
     if (fs::is_directory(directory / "images", failure) || fs::is_directory(directory / "Languages", failure))
         return directory.string();
     return (directory.parent_path() / "share" / GetExecutableStem()).string();
+}
+
+std::string GetConfigurationDirectory() {
+    char const* const configured = std::getenv("XDG_CONFIG_HOME");
+    if (configured && *configured == '/') return configured;
+    char const* home = std::getenv("HOME");
+    if (!home || *home != '/') {
+        auto const* const user = ::getpwuid(::geteuid());
+        home = user ? user->pw_dir : nullptr;
+    }
+    return home && *home == '/' ? std::string(home) + "/.config" : std::string();
 }
 
 std::string GetModulePath(std::string const& name) {

@@ -4,6 +4,7 @@
 #include "Diagnostics/Unstoppable.h"
 #include "core/base/Exceptions.h"
 #include "core/creators/ComponentCreator.h"
+#include "services/RobustMutex_PC.h"
 #include "services/ThreadKiller_PC.h"
 
 #include <atomic>
@@ -129,7 +130,9 @@ void ThreadImplementation_PC::Stop(long waitMilliseconds) {
         Diagnostics::Report("ThreadImplementation::Stop", "the thread can't be ended and runs on");
         return;
     }
-    if (!started_->ended.exchange(true)) started_->exitCode = exitCodeOfForce;
+    if (started_->ended.exchange(true)) return;
+    started_->exitCode = exitCodeOfForce;
+    RobustMutex::ReleaseThoseOfDeadThreads();
 }
 
 bool ThreadImplementation_PC::IsRunning() const { return started_ && !started_->ended; }

@@ -39,7 +39,8 @@ private:
 } // namespace
 
 MessageService_PC::MessageService_PC()
-    : sequence_("NVBMessageService"), underWay_(std::make_shared<std::atomic<QEvent const*>>(nullptr)) {
+    : sequence_("Local\\NVBMessageService"),
+      underWay_(std::make_shared<std::atomic<QEvent const*>>(nullptr)) {
     GetMessageID();
 }
 

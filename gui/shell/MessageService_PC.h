@@ -24,8 +24,8 @@ public:
     MessageService_PC();
     ~MessageService_PC() override;
 
-    /// Safe on any thread. Serialised with all processes of this user by the mutex "NVBMessageService";
-    /// dropped if that can't be had within 250 seconds.
+    /// Safe on any thread. Serialised by the mutex "NVBMessageService" of this process; dropped if that
+    /// isn't free within 250 seconds.
     void PostMessage(Utilities::String const& name, Utilities::Anything const& value) override;
 
     /// Type of the wake-up event; registered when there is an application, 0 before.

@@ -4,18 +4,21 @@
 #include "Utilities/Thread.h"
 #include "gui/shell/MessageService_PC.h"
 #include "services/ThreadImplementation_PC.h"
+#include "tests/support/ChildProcess.h"
+#include "tests/support/TemporaryDirectory.h"
 
 #include <atomic>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <memory>
 #include <mutex>
+#include <sched.h>
 #include <stdexcept>
 #include <sys/mman.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -30,15 +33,14 @@ using Utilities::ThreadImplementation_PC;
 /// A name of this process alone, so that runs beside each other don't meet.
 String Named(char const* purpose) { return ("test " + std::to_string(::getpid()) + purpose).c_str(); }
 
-/// Named mutexes outlive their processes; those of this test are of no use to anybody.
-class RemovesNames : public testing::Environment {
-    void TearDown() override {
-        std::string const mine = "-test_" + std::to_string(::getpid());
-        for (auto const& entry : std::filesystem::directory_iterator("/dev/shm"))
-            if (entry.path().string().find(mine) != std::string::npos) std::filesystem::remove(entry.path());
-    }
+/// The files of named mutexes outlive their processes; those of this test are of no use to anybody.
+class OwnConfiguration : public testing::Environment {
+    void SetUp() override { ::setenv("XDG_CONFIG_HOME", directory_.GetPath().c_str(), 1); }
+
+    Tests::TemporaryDirectory const directory_;
 };
-auto* const removesNames = testing::AddGlobalTestEnvironment(std::make_unique<RemovesNames>().release());
+auto* const ownConfiguration =
+    testing::AddGlobalTestEnvironment(std::make_unique<OwnConfiguration>().release());
 
 bool LockElsewhere(Mutex& mutex, long timeout) {
     bool gained = false;
@@ -180,6 +182,114 @@ TEST(Mutex, KeepsProcessesApartFromTheFirstUseOfAName) {
     ::munmap(const_cast<int*>(count), sizeof(int));
 }
 
+/// A process that holds the mutex of that name for as long as this lives.
+struct OtherHolder {
+    explicit OtherHolder(String const& name) {
+        int ready[2];
+        EXPECT_EQ(::pipe(ready), 0);
+        process = Tests::Fork([&] {
+            Mutex held(name);
+            bool const locked = held.Lock(1000);
+            if (::write(ready[1], &locked, 1) == 1)
+                for (;;) ::pause();
+        });
+        EXPECT_EQ(::read(ready[0], &holds, 1), 1);
+        ::close(ready[0]);
+        ::close(ready[1]);
+    }
+    OtherHolder(OtherHolder const&) = delete;
+    OtherHolder& operator=(OtherHolder const&) = delete;
+    ~OtherHolder() {
+        ::kill(process, SIGKILL);
+        ::waitpid(process, nullptr, 0);
+    }
+
+    pid_t process = 0;
+    bool holds = false;
+};
+
+/// Runs `body` in a process that is number 1 of a new namespace of processes.
+template <class Body> pid_t ForkNumberOne(Body body) {
+    return Tests::Fork([&] {
+        if (::unshare(CLONE_NEWPID) != 0) ::_exit(99);
+        pid_t const one = ::fork();
+        if (one == 0) ::_exit(body());
+        int status = -1;
+        ::waitpid(one, &status, 0);
+        ::_exit(WIFEXITED(status) ? WEXITSTATUS(status) : 98);
+    });
+}
+
+int ExitCodeOf(pid_t process) {
+    int status = -1;
+    EXPECT_EQ(::waitpid(process, &status, 0), process);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(Mutex, ExcludesAHolderWhoHasTheSameNumberInAnotherNamespace) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only the superuser makes namespaces";
+    String const name = Named("namespaces");
+    int held[2];
+    int release[2];
+    ASSERT_EQ(::pipe(held), 0);
+    ASSERT_EQ(::pipe(release), 0);
+    char mark = 'x';
+    pid_t const holder = ForkNumberOne([&] {
+        Mutex mutex(name);
+        bool const locked = mutex.Lock(0);
+        bool const told = ::write(held[1], &mark, 1) == 1 && ::read(release[0], &mark, 1) == 1;
+        return locked && told ? 0 : 1;
+    });
+    ASSERT_EQ(::read(held[0], &mark, 1), 1);
+    EXPECT_EQ(ExitCodeOf(ForkNumberOne([&] { return Mutex(name).Lock(0) ? 1 : 0; })), 0);
+    ASSERT_EQ(::write(release[1], &mark, 1), 1);
+    EXPECT_EQ(ExitCodeOf(holder), 0);
+}
+
+TEST(Mutex, TakesNoFileThatAnotherUserCanReach) {
+    namespace fs = std::filesystem;
+    std::string const former = ::getenv("XDG_CONFIG_HOME");
+    Tests::TemporaryDirectory const directory;
+    std::string const folder = directory / "norvelian";
+    ::setenv("XDG_CONFIG_HOME", directory.GetPath().c_str(), 1);
+    int number = 0;
+    /// Whether a mutex of a new name is shared with another process; if it isn't, that is reported.
+    auto const isShared = [&] {
+        String const name = Named(("planted" + std::to_string(++number)).c_str());
+        OtherHolder const other(name);
+        std::string reported;
+        auto const sink =
+            Diagnostics::SetSink([&](auto const&, auto const& what) { reported = what.GetCharPointer(); });
+        bool const gained = Mutex(name).Lock(0);
+        Diagnostics::SetSink(sink);
+        EXPECT_EQ(gained, reported.find("excludes no other process") != std::string::npos) << reported;
+        return !gained;
+    };
+    EXPECT_TRUE(isShared());
+    EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
+    fs::permissions(folder, fs::perms::all);
+    EXPECT_FALSE(isShared()) << "a folder that everybody may write to";
+    if (::geteuid() == 0) {
+        fs::permissions(folder, fs::perms::owner_all);
+        ASSERT_EQ(::chown(folder.c_str(), Tests::nobody, Tests::nobody), 0);
+        EXPECT_FALSE(isShared()) << "a folder of somebody else";
+    }
+    fs::rename(folder, directory / "elsewhere");
+    fs::create_directory_symlink(directory / "elsewhere", folder);
+    EXPECT_FALSE(isShared()) << "a link";
+    ::setenv("XDG_CONFIG_HOME", former.c_str(), 1);
+}
+
+TEST(Mutex, NoOtherProcessHoldsUpPosting) {
+    OtherHolder const other("NVBMessageService");
+    OtherHolder const local("Local\\NVBMessageService");
+    EXPECT_TRUE(other.holds && local.holds);
+    GUI::MessageService_PC service;
+    auto const start = std::chrono::steady_clock::now();
+    service.PostMessage("Beat", 1L);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
+}
+
 /// Runs a function as the object of a thread.
 template <class Body> class Job : public Utilities::Runnable {
 public:
@@ -313,6 +423,21 @@ TEST(Thread, TheFrontRunsTheComponent) {
 }
 
 #if !defined(__SANITIZE_THREAD__) && !defined(__SANITIZE_ADDRESS__)
+TEST(Thread, AForcedStopFreesANamedMutexForOtherProcessesToo) {
+    String const name = Named("forced");
+    std::atomic<bool> locked = false;
+    Job holding([&]() -> long {
+        Mutex mutex(name);
+        locked = mutex.Lock(0);
+        for (;;) std::this_thread::sleep_for(1h);
+    });
+    ThreadImplementation_PC thread;
+    thread.Start(&holding);
+    while (!locked) std::this_thread::yield();
+    thread.Stop(0);
+    EXPECT_TRUE(OtherHolder(name).holds);
+}
+
 TEST(Thread, TellsWhatBecameOfAForcedStop) {
     std::atomic<bool> running = false;
     Job yielding([&]() -> long {
