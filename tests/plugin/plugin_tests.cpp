@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
@@ -19,6 +20,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <sys/resource.h>
 #include <thread>
 
 namespace {
@@ -174,6 +176,41 @@ TEST(PluginModule, BuildsAndDropsAWindowTwice) {
         EXPECT_TRUE(plugin.Unload()) << round;
         EXPECT_FALSE(IsMapped("NorvelianGui.so")) << round;
     }
+}
+
+TEST(PluginModule, APictureThatDoesNotFitOnTheDiskLeavesTheFormerOne) {
+    Plugin const plugin(ModulePath());
+    Tests::TemporaryDirectory const directory;
+    std::string const path = directory / "picture.png";
+    GUI::Application application("plugin-tests");
+    application.SetOffscreen(true);
+    auto& platform = application.GetImplementation();
+    auto const none =
+        Utilities::ResolveComponent<GUI::PlatformIndependentWindowID>("PlatformIndependentWindowID");
+    auto const window = Utilities::ResolveComponent<GUI::GUIElement>("Window");
+    window->Initialize(
+        *none,
+        GUI::GUIDescriptionReader::Parse(
+            R"(<Window ElementName="Main" Width="200" Height="100"><Pane ElementName="A"/></Window>)",
+            "test"),
+        nullptr);
+    EXPECT_FALSE(platform.SaveWindowPicture(*window, directory / "picture.unknown"));
+    EXPECT_FALSE(platform.SaveWindowPicture(*window, directory / "picture"));
+    ASSERT_TRUE(platform.SaveWindowPicture(*window, path));
+    std::string const whole = Tests::ReadFile(path);
+    EXPECT_EQ(whole.substr(1, 3), "PNG");
+
+    rlimit former{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &former), 0);
+    auto* const handler = ::signal(SIGXFSZ, SIG_IGN);
+    rlimit const full{whole.size() / 2, former.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &full), 0);
+    bool const written = platform.SaveWindowPicture(*window, path);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &former), 0);
+    ::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(written);
+    EXPECT_EQ(Tests::ReadFile(path), whole);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory.GetPath()), {}), 1);
 }
 
 TEST(PluginModule, ShippedDescriptionsSayOnlyWhatTheirElementsRead) {
