@@ -111,7 +111,8 @@ std::string Resolved(std::string path) {
         ssize_t const length = ::readlink(path.c_str(), target.data(), target.size());
         if (length < 0) return path;
         std::string const next(target.data(), static_cast<std::size_t>(length));
-        path = next.starts_with('/') ? next : DirectoryOf(path) + "/" + next;
+        path = next.starts_with('/') ? std::string() : DirectoryOf(path) + "/";
+        path += next;
     }
     errno = ELOOP;
     Fail(given, "follow its links");

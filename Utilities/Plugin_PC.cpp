@@ -36,7 +36,7 @@ std::string Canonical(std::string const& path) {
     std::filesystem::path const given(path);
     if (!given.is_absolute()) Refuse('"' + path + '"', "its path isn't absolute");
     std::error_code failure;
-    std::string const canonical = std::filesystem::canonical(given, failure).string();
+    std::string canonical = std::filesystem::canonical(given, failure).string();
     if (failure) Refuse(path, failure.message());
     return canonical;
 }

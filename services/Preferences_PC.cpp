@@ -23,7 +23,7 @@ ComponentCreatorSingleton<Preferences_PC> creator({"Preferences", "$Revision: 1.
 
 constexpr long longestValue = 1023;
 constexpr std::uint64_t largestFile = 16U << 20U;
-constexpr long lockTimeoutMilliseconds = 1000;
+constexpr long lockTimeoutMilliseconds = 3000;
 
 /// Asked for with every read, and the system takes longer to tell than to read the file.
 std::string const& ExecutableStem() {

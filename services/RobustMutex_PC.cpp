@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <pthread.h>
 #include <string_view>
 #include <sys/stat.h>
@@ -36,7 +37,7 @@ constexpr std::string_view localPrefix = "Local\\";
 constexpr int looksBeforeSleep = 100;
 /// A lock on a file can't be waited for with a time-out, so it is asked for again and again.
 constexpr std::chrono::microseconds shortestPause(50);
-constexpr std::chrono::microseconds longestPause(2000);
+constexpr std::chrono::microseconds longestPause(1000);
 
 [[noreturn]] void ThrowError(int number, std::string const& what) {
     throw std::system_error(number, std::generic_category(), what);
@@ -94,11 +95,41 @@ int OpenLockFile(std::string const& name) {
     return file;
 }
 
-int SetFileLock(int file, short kind) {
-    struct flock whole {};
-    whole.l_type = kind;
-    whole.l_whence = SEEK_SET;
-    return ::fcntl(file, F_SETLK, &whole) == 0 ? 0 : errno;
+/// The bytes of the file that are locked. Who waits for the mutex locks the queue meanwhile, and nobody
+/// passes by it: a process that lets go and asks again at once would otherwise always come first.
+enum class Byte : std::uint8_t { Queue, Mutex };
+
+struct flock LockOf(Byte byte, short kind) {
+    struct flock lock {};
+    lock.l_type = kind;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = static_cast<off_t>(byte);
+    lock.l_len = 1;
+    return lock;
+}
+
+bool TryLockByte(int file, Byte byte) {
+    auto lock = LockOf(byte, F_WRLCK);
+    return ::fcntl(file, F_SETLK, &lock) == 0;
+}
+
+void UnlockByte(int file, Byte byte) {
+    auto lock = LockOf(byte, F_UNLCK);
+    ::fcntl(file, F_SETLK, &lock);
+}
+
+bool IsLockedByAnother(int file, Byte byte) {
+    auto lock = LockOf(byte, F_WRLCK);
+    return ::fcntl(file, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+
+/// Asks for a lock until `end`, which may be never.
+bool LockByteWithin(int file, Byte byte, std::optional<Clock::time_point> end) {
+    for (auto pause = shortestPause; !TryLockByte(file, byte); pause = std::min(pause * 2, longestPause)) {
+        if (end && Clock::now() >= *end) return false;
+        std::this_thread::sleep_for(pause);
+    }
+    return true;
 }
 
 int LockWithin(pthread_mutex_t* mutex, long milliseconds) {
@@ -151,24 +182,25 @@ struct RobustMutex::State {
         if (result == EBUSY && timeout > 0) result = LockWithin(&mutex, timeout);
         if (result == EBUSY && timeout < 0) result = ::pthread_mutex_lock(&mutex);
         if (result != EOWNERDEAD) return result;
-        // The process still has the lock on the file that the dead thread had.
+        // The process still has what the dead thread had locked of the file.
         depth = 0;
+        if (file >= 0) UnlockFile();
         return ::pthread_mutex_consistent(&mutex);
     }
-    bool TryFile() {
-        Unstoppable const whole;
-        if (SetFileLock(file, F_WRLCK) != 0) return false;
-        ++depth;
-        return true;
+    bool LockFile(long timeout) const {
+        if (!IsLockedByAnother(file, Byte::Queue) && TryLockByte(file, Byte::Mutex)) return true;
+        if (timeout == 0) return false;
+        std::optional<Clock::time_point> end;
+        if (timeout > 0) end = Clock::now() + std::chrono::milliseconds(timeout);
+        if (!LockByteWithin(file, Byte::Queue, end)) return false;
+        bool const gained = LockByteWithin(file, Byte::Mutex, end);
+        UnlockByte(file, Byte::Queue);
+        return gained;
     }
-    bool LockFile(long timeout) {
-        if (TryFile()) return true;
-        auto const start = Clock::now();
-        for (auto pause = shortestPause;; pause = std::min(pause * 2, longestPause)) {
-            if (timeout >= 0 && Clock::now() - start >= std::chrono::milliseconds(timeout)) return false;
-            std::this_thread::sleep_for(pause);
-            if (TryFile()) return true;
-        }
+    /// Also what a thread has left that died while it waited.
+    void UnlockFile() const {
+        UnlockByte(file, Byte::Mutex);
+        UnlockByte(file, Byte::Queue);
     }
 
     pthread_mutex_t mutex{};
@@ -234,7 +266,7 @@ void RobustMutex::ReleaseThoseOfDeadThreads() {
         if (result == EOWNERDEAD) {
             ::pthread_mutex_consistent(&state.mutex);
             state.depth = 0;
-            if (state.file >= 0) SetFileLock(state.file, F_UNLCK);
+            if (state.file >= 0) state.UnlockFile();
         }
         if (result == 0 || result == EOWNERDEAD) ::pthread_mutex_unlock(&state.mutex);
     }
@@ -248,14 +280,17 @@ bool RobustMutex::Lock(long timeout) const {
         ++state.depth;
         return true;
     }
-    if (state.LockFile(timeout)) return true;
+    if (state.LockFile(timeout)) {
+        state.depth = 1;
+        return true;
+    }
     ::pthread_mutex_unlock(&state.mutex);
     return false;
 }
 
 int RobustMutex::Unlock() const {
     Unstoppable const whole;
-    if (state_->file >= 0 && --state_->depth == 0) SetFileLock(state_->file, F_UNLCK);
+    if (state_->file >= 0 && --state_->depth == 0) UnlockByte(state_->file, Byte::Mutex);
     return ::pthread_mutex_unlock(&state_->mutex);
 }
 

@@ -168,7 +168,7 @@ void ShellCommandListener::Receive(Connection& connection) {
 }
 
 bool ShellCommandListener::Send(String const& program, String const& text) {
-    std::string const bytes = text.GetStdString();
+    std::string const& bytes = text.GetStdString();
     Folder const folder;
     Descriptor const socket(MakeSocket());
     if (bytes.empty() || bytes.size() > maximalBytes || bytes.find('\0') != std::string::npos ||

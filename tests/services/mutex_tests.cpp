@@ -235,6 +235,24 @@ TEST(Mutex, TakesNoFileThatAnotherUserCanReach) {
     ::setenv("XDG_CONFIG_HOME", former.c_str(), 1);
 }
 
+TEST(Mutex, AProcessThatLocksAgainAtOnceLetsOthersComeFirst) {
+    String const name = Named("fair");
+    pid_t const greedy = Tests::Fork([&] {
+        for (Mutex mutex(name);; mutex.Unlock()) {
+            mutex.Lock(-1);
+            std::this_thread::sleep_for(5ms);
+        }
+    });
+    Mutex mutex(name);
+    for (int i = 0; i < 10; ++i) {
+        std::this_thread::sleep_for(10ms);
+        EXPECT_TRUE(mutex.Lock(3000)) << i;
+        mutex.Unlock();
+    }
+    ::kill(greedy, SIGKILL);
+    EXPECT_EQ(::waitpid(greedy, nullptr, 0), greedy);
+}
+
 TEST(Mutex, NoOtherProcessHoldsUpPosting) {
     OtherHolder const other("NVBMessageService");
     OtherHolder const local("Local\\NVBMessageService");
