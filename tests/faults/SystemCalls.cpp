@@ -3,7 +3,9 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <map>
 #include <new>
@@ -147,6 +149,15 @@ int open(char const* path, int flags, ...) {
     NoteOpened(descriptor, path, flags);
     return descriptor;
 }
+
+FILE* fopen64(char const* path, char const* mode) {
+    using Open = FILE*(char const*, char const*);
+    static auto* const next = reinterpret_cast<Open*>(::dlsym(RTLD_NEXT, "fopen64"));
+    if (!Fails(Call::Open)) return next(path, mode);
+    errno = EMFILE;
+    return nullptr;
+}
+FILE* fopen(char const* path, char const* mode) { return fopen64(path, mode); }
 
 ssize_t read(int descriptor, void* bytes, size_t count) {
     if (Fails(Call::Read)) return FailWith(EIO);

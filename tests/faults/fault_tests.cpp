@@ -38,6 +38,7 @@ void WithEachFailure(
     std::function<void(bool told)> const& check, std::function<void()> const& prepare = [] {}) {
     auto const former = Diagnostics::SetSink([](auto const&, auto const&) { ++reports; });
     scenario(); // what is made once isn't a leak
+    int failures = 0;
     for (Call const call : calls) {
         long n = 1;
         for (bool reached = true; reached; ++n) {
@@ -53,12 +54,14 @@ void WithEachFailure(
                 thrown = true;
             }
             reached = Tests::SystemCalls::StopFailing();
+            failures += reached ? 1 : 0;
             EXPECT_EQ(OpenFiles(), open);
             check(thrown || reports > 0);
             if (testing::Test::HasFailure()) break;
         }
         ASSERT_LT(n, 1000000);
     }
+    EXPECT_GT(failures, 0) << "nothing of it was reached";
     Diagnostics::SetSink(former);
 }
 
@@ -108,7 +111,7 @@ TEST_F(Faults, AFileIsReadAsAWholeOrNotAtAll) {
     std::string const samples = SHIPPED_DATA "samples/cie_named_34_36band.txt";
     std::size_t found = 0;
     WithEachFailure(
-        {Call::Open, Call::Read},
+        {Call::Open},
         [&] {
             found = 0;
             found = Cxf::ReadSampleSet(samples)->GetSamples().size();
