@@ -188,7 +188,10 @@ struct RobustMutex::State {
         return ::pthread_mutex_consistent(&mutex);
     }
     bool LockFile(long timeout) const {
-        if (!IsLockedByAnother(file, Byte::Queue) && TryLockByte(file, Byte::Mutex)) return true;
+        // Whoever waits has had a chance if this process held it for a moment only; looking costs as much as
+        // locking.
+        bool const othersFirst = heldForLong && IsLockedByAnother(file, Byte::Queue);
+        if (!othersFirst && TryLockByte(file, Byte::Mutex)) return true;
         if (timeout == 0) return false;
         std::optional<Clock::time_point> end;
         if (timeout > 0) end = Clock::now() + std::chrono::milliseconds(timeout);
@@ -208,6 +211,8 @@ struct RobustMutex::State {
     int const file;
     /// How often the holder has locked it.
     long depth = 0;
+    Clock::time_point lockedAt;
+    bool heldForLong = false;
 };
 
 namespace {
@@ -237,7 +242,7 @@ RobustMutex RobustMutex::MakePrivate() { return Make(-1); }
 
 RobustMutex RobustMutex::OpenShared(std::string const& name) {
     std::string failure;
-    auto const opened = [&] {
+    auto opened = [&] {
         Unstoppable const whole;
         auto& all = Opened<RobustMutex>::Instance();
         std::lock_guard const lock(all.guard);
@@ -282,6 +287,7 @@ bool RobustMutex::Lock(long timeout) const {
     }
     if (state.LockFile(timeout)) {
         state.depth = 1;
+        state.lockedAt = Clock::now();
         return true;
     }
     ::pthread_mutex_unlock(&state.mutex);
@@ -290,7 +296,10 @@ bool RobustMutex::Lock(long timeout) const {
 
 int RobustMutex::Unlock() const {
     Unstoppable const whole;
-    if (state_->file >= 0 && --state_->depth == 0) UnlockByte(state_->file, Byte::Mutex);
+    if (state_->file >= 0 && --state_->depth == 0) {
+        state_->heldForLong = Clock::now() - state_->lockedAt > shortestPause;
+        UnlockByte(state_->file, Byte::Mutex);
+    }
     return ::pthread_mutex_unlock(&state_->mutex);
 }
 
