@@ -9,8 +9,8 @@ namespace Utilities {
 ///
 /// A value is replaced by writing a whole new file beside the old one, flushing and renaming it, so that a
 /// process killed, or a power failure, at any moment leaves one of the two. A named mutex keeps the changes
-/// of several programs apart; one that holds it for longer than three seconds is overtaken. Files above 16 MiB and
-/// what isn't an ordinary file are left alone and count as unreadable.
+/// of several programs apart; one that holds it for longer than three seconds is overtaken. Files above 16
+/// MiB and what isn't an ordinary file are left alone and count as unreadable.
 class Preferences_PC : public Preferences {
 public:
     String GetValue(String const& section, String const& key, String const& defaultValue) override;
