@@ -48,12 +48,19 @@ void File::Create() { OpenAs(std::ios::out | std::ios::trunc, "Can't create "); 
 
 String File::ReadLine() {
     std::string line;
-    if (!stream_ || !std::getline(*stream_, line)) return {};
+    if (!stream_) return {};
+    std::getline(*stream_, line);
+    // A disk that fails is no end of the file.
+    if (stream_->bad())
+        throw Norvelian::Utilities::Exceptions::ResourceException("Can't read " + path_.GetStdString());
     if (line.ends_with('\r')) line.pop_back();
     return {std::move(line)};
 }
 
-bool File::IsAtEnd() { return !stream_ || !stream_->good() || stream_->peek() == endOfFile; }
+bool File::IsAtEnd() {
+    if (!stream_ || !stream_->good()) return !stream_ || !stream_->bad();
+    return stream_->peek() == endOfFile && !stream_->bad();
+}
 
 void File::Write(String const& text) {
     if (stream_) stream_->write(text.GetCharPointer(), text.Length());

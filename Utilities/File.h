@@ -32,6 +32,7 @@ public:
     /// Makes it anew and opens it for writing; throws as `Open` does.
     void Create();
 
+    /// Throws `ResourceException` naming the path if the rest can't be read.
     String ReadLine() override;
     bool IsAtEnd() override;
     /// A failure shows with `Close`.

@@ -24,12 +24,26 @@ TranslationService::~TranslationService() {
 
 TranslationService* TranslationService::FindLiving() { return Living(); }
 
+namespace {
+
+String Translate(TranslationService& service, String const& key) {
+    if (!service.IsLoaded()) try {
+            service.Load();
+        } catch (...) {
+            // One file that doesn't fit is no reason to do without the others.
+            Diagnostics::DropException("LanguageServiceInterface: loading the languages");
+        }
+    return service.GetTranslation(key);
+}
+
+} // namespace
+
 String LanguageServiceInterface::GetTranslation(String const& key) {
     try {
-        if (TranslationService* const service = Living()) return service->GetTranslation(key);
+        if (TranslationService* const service = Living()) return Translate(*service, key);
         if (!NamingService::Instance()->IsRegistered("LanguageService")) return key;
         auto const service = ResolveComponent<TranslationService>("LanguageService");
-        return service.IsNull() ? key : service->GetTranslation(key);
+        return service.IsNull() ? key : Translate(*service, key);
     } catch (...) {
         Diagnostics::DropException("LanguageServiceInterface::GetTranslation");
         return key;

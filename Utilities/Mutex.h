@@ -5,10 +5,12 @@
 
 namespace Utilities {
 
-/// Mutual exclusion between threads and, by name, between processes of one user.
+/// Mutual exclusion between threads and, by name, between processes of one user. A name that begins with
+/// "Local\" belongs to this process alone.
 ///
 /// The thread that holds it may lock it again and unlocks it as often. A holder that dies, be it a
-/// thread or a whole process, releases it: the next one to lock gains it and finds what it protects in
+/// thread or a whole process, releases it (a thread that ends by itself and still holds a named one: for its
+/// own process only): the next one to lock gains it and finds what it protects in
 /// whatever state it was left. The object itself may be used from several threads; one that dies while
 /// its thread holds the mutex releases it.
 class Mutex {

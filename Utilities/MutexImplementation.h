@@ -11,7 +11,7 @@ class MutexImplementation : public Component {
 public:
     virtual Diagnostics::String GetDescription() const { return {}; }
     /// Makes the mutex, not held at the start: an unnamed one if the name is empty, else the one that
-    /// all processes of this user share by that name.
+    /// all processes of this user share by that name; if it begins with "Local\", only this process.
     virtual void Create(String const& name) = 0;
     /// Waits at most `timeout` milliseconds, for ever if it is negative; true if the mutex was gained.
     virtual bool Lock(long timeout) = 0;

@@ -23,8 +23,14 @@ public:
     /// exist or can't be read. A key with an empty value gives the empty text. Section and key are
     /// matched without regard to the case of ASCII letters.
     virtual String GetValue(String const& section, String const& key, String const& defaultValue) = 0;
-    /// Writes the value at once and creates file, section and key as needed. A failure is dropped.
+    /// Writes the value at once and creates file, section and key as needed. A failure goes to the
+    /// diagnostics sink.
     virtual void SetValue(String const& section, String const& key, String const& value) = 0;
+    /// The same for a caller that wants to know. Throws `ResourceException` with file and reason, or
+    /// `InvalidArgumentException` for a section or key that can't be in a file of settings.
+    virtual void StoreValue(String const& section, String const& key, String const& value) {
+        SetValue(section, key, value);
+    }
 
     /// The application name that names the file written to; a process-wide setting that a host makes
     /// once, at its start. Empty, as it is at first, stands for the executable's stem, so that both

@@ -11,7 +11,11 @@ std::string GetExecutableStem();
 /// Where the program's own files lie: the directory of the executable if "images" or "Languages" stand
 /// in it, otherwise "../share/<program>".
 std::string GetProgramDirectory();
+/// Where the user's settings lie: $XDG_CONFIG_HOME, or ~/.config where that isn't an absolute path. Empty for
+/// a user without a home.
+std::string GetConfigurationDirectory();
 /// The plug-in module of that name: beside the libraries of this system, in their directory "norvelian".
+/// Empty if it can't be told where they are.
 std::string GetModulePath(std::string const& name);
 
 } // namespace Utilities

@@ -1,8 +1,11 @@
 #include "Utilities/ProgramDirectory.h"
 
+#include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
+#include <pwd.h>
 #include <string_view>
+#include <unistd.h>
 
 namespace Utilities {
 
@@ -30,11 +33,24 @@ std::string GetProgramDirectory() {
     return (directory.parent_path() / "share" / GetExecutableStem()).string();
 }
 
+std::string GetConfigurationDirectory() {
+    char const* const configured = std::getenv("XDG_CONFIG_HOME");
+    if (configured && *configured == '/') return configured;
+    char const* home = std::getenv("HOME");
+    if (!home || *home != '/') {
+        auto const* const user = ::getpwuid(::geteuid());
+        home = user ? user->pw_dir : nullptr;
+    }
+    return home && *home == '/' ? std::string(home) + "/.config" : std::string();
+}
+
 std::string GetModulePath(std::string const& name) {
     Dl_info library{};
     if (dladdr(reinterpret_cast<void const*>(&GetModulePath), &library) == 0 || !library.dli_fname) return {};
     std::error_code failure;
     fs::path const path = fs::canonical(library.dli_fname, failure);
+    // What is left would be a path into whatever directory is the current one.
+    if (failure) return {};
     return (path.parent_path() / "norvelian" / (name + ".so")).string();
 }
 

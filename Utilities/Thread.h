@@ -24,7 +24,8 @@ namespace Utilities {
 /// and left running, and then its object must stay alive. So it is with every thread that computes in a
 /// program's own code if the memory allocator is linked into that program itself.
 ///
-/// A `Thread` that dies while its thread runs leaves it running.
+/// A `Thread` that dies while its thread runs leaves it running; the plug-in can't be unloaded before it has
+/// ended.
 class Thread {
 public:
     /// Throws `ResourceNotAvailableException` if the plug-in that implements threads isn't loaded.
@@ -35,6 +36,11 @@ public:
 
     void Start(Runnable* object);
     void Stop(long waitMilliseconds);
+    /// After `Stop`, whether the thread couldn't be ended.
+    bool IsRunning() const;
+    /// What the object returned, -1 after an exception, 99999 after a forced stop; 259 while the thread runs
+    /// or if none was started.
+    long GetExitCode() const;
 
 private:
     SmartPointer<ThreadImplementation> implementation_;

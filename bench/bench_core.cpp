@@ -32,7 +32,7 @@ bool WriteAll(std::string const& path, std::string const& text, bool sync) {
     int const file = ::open(path.c_str(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, 0644);
     if (file < 0) return false;
     bool good = ::write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size());
-    if (sync) good = good && ::fdatasync(file) == 0;
+    if (sync) good = good && ::fsync(file) == 0;
     return ::close(file) == 0 && good;
 }
 
@@ -230,10 +230,10 @@ void RegisterAll() {
     RegisterBenchmark("preferences.read/ours", PreferencesRead)->Unit(kMicrosecond);
     RegisterBenchmark("preferences.read/floor:read-and-scan", ReadAndScan)->Unit(kMicrosecond);
     RegisterBenchmark("preferences.write/ours", PreferencesWrite)->Unit(kMicrosecond)->UseRealTime();
-    RegisterBenchmark("preferences.write/floor:temp-and-rename", TempAndRename, false)
+    RegisterBenchmark("preferences.write/floor:temp-flush-and-rename", TempAndRename, true)
         ->Unit(kMicrosecond)
         ->UseRealTime();
-    RegisterBenchmark("preferences.write/alt:temp-sync-and-rename", TempAndRename, true)
+    RegisterBenchmark("preferences.write/alt:temp-and-rename", TempAndRename, false)
         ->Unit(kMicrosecond)
         ->UseRealTime();
     for (int const threads : {1, 4}) {

@@ -13,8 +13,8 @@ class PlatformIndependentDeviceContext_PC;
 
 /// A raster picture: the component "Bitmap".
 ///
-/// How a file is read hangs on its name in upper case. With "BMP" in it, it is read as a Windows bitmap;
-/// otherwise by the reader of all formats if that is complete (see `PictureReader`), and if it isn't, with
+/// A file's name in upper case decides how it is read. With "BMP" in it, it is read as a Windows bitmap;
+/// otherwise by the reader of all formats if the platform has one (see `PictureReader`), and if not, with
 /// "JPG" in the name through libjpeg (3 components only) and else as a Windows bitmap.
 ///
 /// No picture is larger than `largestPicture`, 128 MiB: making or loading one fails, and the former picture
@@ -31,7 +31,7 @@ public:
 
     bool Create(unsigned long width, unsigned long height) override;
     bool Load(Utilities::File const& file) override;
-    /// False if the reader of all formats isn't complete.
+    /// False without the reader of all formats.
     bool LoadAndResize(Utilities::File const& file, unsigned long width, unsigned long height) override;
     unsigned long GetWidth() const override { return static_cast<unsigned long>(image_.width()); }
     unsigned long GetHeight() const override { return static_cast<unsigned long>(image_.height()); }

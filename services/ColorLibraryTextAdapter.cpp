@@ -8,8 +8,8 @@ namespace Utilities {
 
 namespace {
 
-ComponentCreatorSingleton<ColorLibraryTextAdapter> const creator({"ColorLibraryTextAdapter",
-                                                                  "$Revision: 1.4 $", "Tools"});
+ComponentCreatorSingleton<ColorLibraryTextAdapter> creator({"ColorLibraryTextAdapter", "$Revision: 1.4 $",
+                                                            "Tools"});
 
 constexpr std::string_view word = "PANTONE";
 

@@ -16,8 +16,7 @@ using Utilities::String;
 
 namespace {
 
-Utilities::ComponentCreatorSingleton<ImageService> const creator({"ImageService", "$Revision: 1.20 $",
-                                                                  "GUI"});
+Utilities::ComponentCreatorSingleton<ImageService> creator({"ImageService", "$Revision: 1.20 $", "GUI"});
 
 constexpr char const* unknownBitmap = "UnknownBitmap";
 constexpr char const* fallbackLanguage = "English";

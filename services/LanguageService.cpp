@@ -15,8 +15,7 @@ namespace Utilities {
 
 namespace {
 
-ComponentCreatorSingleton<LanguageService> const creator({"LanguageService", "$Revision: 1.35 $",
-                                                          "Utilities"});
+ComponentCreatorSingleton<LanguageService> creator({"LanguageService", "$Revision: 1.35 $", "Utilities"});
 
 constexpr char const* section = "LanguageService";
 constexpr char const* breakTag = "<br>";

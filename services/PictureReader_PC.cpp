@@ -1,5 +1,6 @@
 #include "services/PictureReader_PC.h"
 
+#include "Diagnostics/Sink.h"
 #include "Utilities/WholeFile.h"
 #include "services/JpegReader_PC.h"
 
@@ -8,10 +9,19 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace GUI::PictureReader {
 
 namespace {
+
+constexpr char const* tooManyScans = "it has too many scans";
+
+/// No picture, and the sink is told why.
+QImage Refused(std::string const& path, std::string const& reason) {
+    Diagnostics::Report("PictureReader", (path + ": the picture can't be shown: " + reason).c_str());
+    return {};
+}
 
 bool IsAllowed(QSize size) {
     return size.isEmpty() ||
@@ -46,14 +56,23 @@ char const* FormatOf(std::string_view file) {
     return found == signatures.end() ? "" : found->format;
 }
 
-QImage ReadAs(char const* format, std::string_view file) {
+bool IsReadable(char const* format) {
+    static auto const formats = QImageReader::supportedImageFormats();
+    return formats.contains(format);
+}
+
+QImage ReadAs(char const* format, std::string_view file, std::string const& path) {
+    if (*format && !IsReadable(format))
+        return Refused(path, std::string("no reader of ") + format + " is installed");
     auto bytes = QByteArray::fromRawData(file.data(), static_cast<qsizetype>(file.size()));
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, format);
     if (*format) reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
-    return IsAllowed(reader.size()) ? AsShown(reader.read()) : QImage();
+    if (!IsAllowed(reader.size())) return Refused(path, "it is too large");
+    QImage image = AsShown(reader.read());
+    return image.isNull() ? Refused(path, reader.errorString().toStdString()) : image;
 }
 
 /// Where a JPEG says how it is to be turned; one that doesn't has no such block among its first.
@@ -63,30 +82,30 @@ bool MayBeTurned(std::string_view file) {
 }
 
 std::string ReadFile(std::string const& path) {
-    return Utilities::ReadWholeFile(path, largestPicture).contents;
+    auto file = Utilities::ReadWholeFile(path, largestPicture);
+    if (file.state == Utilities::FileState::Unreadable)
+        Refused(path, "the file can't be read, is too large or is no ordinary file");
+    else if (file.state == Utilities::FileState::Read && file.contents.empty())
+        Refused(path, "the file is empty");
+    return std::move(file.contents);
 }
 
 } // namespace
 
 bool IsAvailable() {
-    static bool const available = [] {
-        auto const formats = QImageReader::supportedImageFormats();
-        std::array<char const*, 5> const wanted{"jpeg", "bmp", "gif", "tiff", "png"};
-        return std::all_of(wanted.begin(), wanted.end(),
-                           [&](char const* format) { return formats.contains(format); });
-    }();
-    return available;
+    // The readers of the other formats are separate packages. One that is missing is a matter of its format.
+    return IsReadable("png");
 }
 
 QImage Read(std::string const& path) {
     std::string const file = ReadFile(path);
     if (file.empty()) return {};
     char const* const format = FormatOf(file);
-    if (std::string_view(format) == "jpeg" && HasEndlessScans(file)) return {};
+    if (std::string_view(format) == "jpeg" && HasEndlessScans(file)) return Refused(path, tooManyScans);
     // Our own way to libjpeg is the faster one; it can't turn pictures and knows three components only.
     if (std::string_view(format) == "jpeg" && !MayBeTurned(file))
         if (QImage image = ReadJpeg(file); !image.isNull()) return image;
-    return ReadAs(format, file);
+    return ReadAs(format, file, path);
 }
 
 QImage ReadScaled(std::string const& path, unsigned long width, unsigned long height) {
@@ -100,12 +119,15 @@ QImage ReadScaled(std::string const& path, unsigned long width, unsigned long he
 
 QImage ReadBmp(std::string const& path) {
     std::string const file = ReadFile(path);
-    return file.empty() ? QImage() : ReadAs("bmp", file);
+    return file.empty() ? QImage() : ReadAs("bmp", file, path);
 }
 
 QImage ReadJpegFile(std::string const& path) {
     std::string const file = ReadFile(path);
-    return HasEndlessScans(file) ? QImage() : ReadJpeg(file);
+    if (file.empty()) return {};
+    if (HasEndlessScans(file)) return Refused(path, tooManyScans);
+    QImage image = ReadJpeg(file);
+    return image.isNull() ? Refused(path, "it is no whole JPEG of three components") : image;
 }
 
 } // namespace GUI::PictureReader

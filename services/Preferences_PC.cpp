@@ -5,25 +5,25 @@
 #include "Utilities/Mutex.h"
 #include "Utilities/ProgramDirectory.h"
 #include "Utilities/WholeFile.h"
+#include "core/base/Exceptions.h"
 #include "core/creators/ComponentCreator.h"
 #include "services/IniText.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
-#include <optional>
-#include <pwd.h>
-#include <unistd.h>
 
 namespace Utilities {
 
+using Norvelian::Utilities::Exceptions::InvalidArgumentException;
+using Norvelian::Utilities::Exceptions::ResourceException;
+
 namespace {
 
-ComponentCreatorSingleton<Preferences_PC> const creator({"Preferences", "$Revision: 1.4 $", "Utilities"});
+ComponentCreatorSingleton<Preferences_PC> creator({"Preferences", "$Revision: 1.4 $", "Utilities"});
 
 constexpr long longestValue = 1023;
 constexpr std::uint64_t largestFile = 16U << 20U;
-constexpr long lockTimeoutMilliseconds = 5000;
+constexpr long lockTimeoutMilliseconds = 3000;
 
 /// Asked for with every read, and the system takes longer to tell than to read the file.
 std::string const& ExecutableStem() {
@@ -31,19 +31,8 @@ std::string const& ExecutableStem() {
     return stem;
 }
 
-std::string ConfigurationDirectory() {
-    char const* const configured = std::getenv("XDG_CONFIG_HOME");
-    if (configured && *configured == '/') return configured;
-    char const* home = std::getenv("HOME");
-    if (!home || *home != '/') {
-        auto const* const user = ::getpwuid(::geteuid());
-        home = user ? user->pw_dir : nullptr;
-    }
-    return home && *home == '/' ? std::string(home) + "/.config" : std::string();
-}
-
 std::string PathFor(std::string const& name) {
-    std::string const directory = ConfigurationDirectory();
+    std::string const directory = GetConfigurationDirectory();
     // The name is a file's name, never a path out of the directory.
     if (directory.empty() || name.find('/') != std::string::npos) return {};
     return directory + '/' + name + ".ini";
@@ -56,21 +45,24 @@ std::string PathToWrite() {
 
 void Write(std::string const& path, String const& section, String const& key, String const& value) {
     // What another program adds between reading and writing must not be lost. If the holder hangs, a
-    // setting that may overtake another's is better than one that is lost. The mutex goes free with
-    // its object.
+    // setting that may overtake another's is better than one that is lost.
     Mutex changing("Preferences");
-    changing.Lock(lockTimeoutMilliseconds);
+    MutexLock const lock(changing, lockTimeoutMilliseconds);
+    if (!lock.IsHeld())
+        Diagnostics::Report("Preferences", (path + ": another program has kept the settings locked; they are "
+                                                   "changed all the same")
+                                               .c_str());
     std::filesystem::create_directories(path.substr(0, path.rfind('/')));
     auto const [state, text] = ReadWholeFile(path, largestFile);
-    // What can't be read must not be replaced.
+    if (state == FileState::Unreadable)
+        throw ResourceException(path + ": can't be read, and so isn't replaced");
     auto const changed =
-        state == FileState::Unreadable
-            ? std::nullopt
-            : IniText::WithValue(text, section.GetStdString(), key.GetStdString(), value.GetStdString());
+        IniText::WithValue(text, section.GetStdString(), key.GetStdString(), value.GetStdString());
     if (!changed)
-        Diagnostics::Report("Preferences::SetValue", "file unreadable, or section or key can't be written");
-    else if (*changed != text)
-        WriteFileAtomically(path, *changed, Durability::ProcessDeath);
+        throw InvalidArgumentException(path + ": no file of settings can hold the key \"" +
+                                       key.GetStdString() + "\" of the section \"" + section.GetStdString() +
+                                       '"');
+    if (*changed != text) WriteFileAtomically(path, *changed, Durability::Whole);
 }
 
 } // namespace
@@ -91,10 +83,23 @@ String Preferences_PC::GetValue(String const& section, String const& key, String
 
 void Preferences_PC::SetValue(String const& section, String const& key, String const& value) {
     try {
-        std::string const path = PathToWrite();
-        if (!path.empty()) Write(path, section, key, value);
+        StoreValue(section, key, value);
     } catch (...) {
         Diagnostics::DropException("Preferences::SetValue");
+    }
+}
+
+void Preferences_PC::StoreValue(String const& section, String const& key, String const& value) {
+    std::string const path = PathToWrite();
+    if (path.empty())
+        throw ResourceException(GetConfigurationDirectory().empty()
+                                    ? "There is no place for settings: the user has no home folder"
+                                    : "\"" + GetApplicationName().GetStdString() +
+                                          "\" can't be a file's name");
+    try {
+        Write(path, section, key, value);
+    } catch (std::filesystem::filesystem_error const& failure) {
+        throw ResourceException(path + ": can't be written: " + failure.code().message());
     }
 }
 

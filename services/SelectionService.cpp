@@ -13,8 +13,8 @@ using Utilities::String;
 
 namespace {
 
-Utilities::ComponentCreatorSingleton<SelectionService> const creator({"SelectionService",
-                                                                      "$Revision: 1.12.2.1 $", "GUI"});
+Utilities::ComponentCreatorSingleton<SelectionService> creator({"SelectionService", "$Revision: 1.12.2.1 $",
+                                                                "GUI"});
 
 } // namespace
 

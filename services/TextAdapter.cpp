@@ -10,7 +10,7 @@ namespace Utilities {
 
 namespace {
 
-ComponentCreatorSingleton<TextAdapter> const creator({"TextAdapter", "$Revision: 1.7 $", "Tools"});
+ComponentCreatorSingleton<TextAdapter> creator({"TextAdapter", "$Revision: 1.7 $", "Tools"});
 
 constexpr char ellipsis = '\x85';
 

@@ -1,15 +1,20 @@
 #include "services/ThreadImplementation_PC.h"
 
 #include "Diagnostics/Sink.h"
+#include "Diagnostics/Unstoppable.h"
 #include "core/base/Exceptions.h"
 #include "core/creators/ComponentCreator.h"
+#include "services/RobustMutex_PC.h"
 #include "services/ThreadKiller_PC.h"
 
 #include <atomic>
 #include <chrono>
 #include <cxxabi.h>
+#include <mutex>
 #include <pthread.h>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace Utilities {
 
@@ -47,9 +52,15 @@ struct ThreadImplementation_PC::Started {
         return nullptr;
     }
 
+    /// Only after this does the thread run none of the plug-in's code. It is past being stopped by then.
+    void Join() {
+        if (!std::exchange(gone, true)) ::pthread_join(thread, nullptr);
+    }
+
     Runnable* object;
     pthread_t thread{};
-    bool joined = false;
+    /// Joined, or ended by force and so never to be joined.
+    bool gone = false;
     std::atomic<long> exitCode = stillActive;
     std::atomic<bool> ended = false;
 };
@@ -57,9 +68,43 @@ struct ThreadImplementation_PC::Started {
 ThreadImplementation_PC::ThreadImplementation_PC() = default;
 ThreadImplementation_PC::~ThreadImplementation_PC() { LetGo(); }
 
+/// Running threads that nobody holds any more.
+struct ThreadImplementation_PC::LeftBehind {
+    static LeftBehind& Instance() {
+        static LeftBehind all;
+        return all;
+    }
+
+    void JoinEnded() {
+        std::erase_if(threads, [](auto const& started) {
+            if (started->ended) started->Join();
+            return started->gone;
+        });
+    }
+
+    std::mutex guard;
+    std::vector<std::shared_ptr<Started>> threads;
+};
+
 void ThreadImplementation_PC::LetGo() {
-    if (started_ && !started_->joined) ::pthread_detach(started_->thread);
+    if (!started_) return;
+    if (started_->ended) started_->Join();
+    if (!started_->gone) {
+        Unstoppable const whole;
+        LeftBehind& all = LeftBehind::Instance();
+        std::lock_guard const lock(all.guard);
+        all.JoinEnded();
+        all.threads.push_back(started_);
+    }
     started_.reset();
+}
+
+long ThreadImplementation_PC::GetLeftBehind() {
+    Unstoppable const whole;
+    LeftBehind& all = LeftBehind::Instance();
+    std::lock_guard const lock(all.guard);
+    all.JoinEnded();
+    return static_cast<long>(all.threads.size());
 }
 
 void ThreadImplementation_PC::Start(Runnable* object) {
@@ -73,16 +118,24 @@ void ThreadImplementation_PC::Start(Runnable* object) {
 }
 
 void ThreadImplementation_PC::Stop(long waitMilliseconds) {
-    if (!started_ || started_->ended) return;
-    if (waitMilliseconds > 0) std::this_thread::sleep_for(std::chrono::milliseconds(waitMilliseconds));
-    if (started_->ended) return;
-    started_->joined = KillThread(started_->thread, started_->ended, patienceWithForce);
-    if (!started_->joined) {
+    if (!started_) return;
+    if (!started_->ended && waitMilliseconds > 0)
+        std::this_thread::sleep_for(std::chrono::milliseconds(waitMilliseconds));
+    if (started_->ended) {
+        started_->Join();
+        return;
+    }
+    started_->gone = KillThread(started_->thread, started_->ended, patienceWithForce);
+    if (!started_->gone) {
         Diagnostics::Report("ThreadImplementation::Stop", "the thread can't be ended and runs on");
         return;
     }
-    if (!started_->ended.exchange(true)) started_->exitCode = exitCodeOfForce;
+    if (started_->ended.exchange(true)) return;
+    started_->exitCode = exitCodeOfForce;
+    RobustMutex::ReleaseThoseOfDeadThreads();
 }
+
+bool ThreadImplementation_PC::IsRunning() const { return started_ && !started_->ended; }
 
 long ThreadImplementation_PC::GetExitCode() const {
     return started_ ? started_->exitCode.load() : stillActive;

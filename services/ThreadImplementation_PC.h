@@ -10,10 +10,6 @@ namespace Utilities {
 /// it lets go of the first thread, which runs on.
 class ThreadImplementation_PC : public ThreadImplementation {
 public:
-    static constexpr long stillActive = 0x103;
-    static constexpr long exitCodeOfException = -1;
-    static constexpr long exitCodeOfForce = 99999;
-
     ThreadImplementation_PC();
     ThreadImplementation_PC(ThreadImplementation_PC const&) = delete;
     ThreadImplementation_PC& operator=(ThreadImplementation_PC const&) = delete;
@@ -22,11 +18,15 @@ public:
     void Stop(long waitMilliseconds) override;
     void Start(Runnable* object) override;
 
-    /// `stillActive` while the thread runs, or before there is one.
-    long GetExitCode() const;
+    bool IsRunning() const override;
+    long GetExitCode() const override;
+
+    /// How many threads run whose objects of this class have let go of them.
+    static long GetLeftBehind();
 
 private:
     struct Started;
+    struct LeftBehind;
 
     void LetGo();
 

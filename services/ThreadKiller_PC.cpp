@@ -1,6 +1,6 @@
 #include "services/ThreadKiller_PC.h"
 
-#include "Utilities/Unstoppable.h"
+#include "Diagnostics/Unstoppable.h"
 
 #include <array>
 #include <atomic>
@@ -71,6 +71,8 @@ GuardedCode& Guarded() {
 std::atomic<pthread_t> condemned{};
 /// The kernel's number of the thread that the handler has ended, 0 if it hasn't yet.
 std::atomic<pid_t> killed = 0;
+/// How often the handler came at a place where the thread must not end.
+std::atomic<unsigned> refusals = 0;
 
 int Signal() { return SIGRTMAX - 4; }
 
@@ -108,10 +110,13 @@ void EndThisThread() {
     ::syscall(SYS_exit, 0);
 }
 
-void EndIfSound(int, siginfo_t*, void* context) {
+void TerminateIfSafe(int, siginfo_t*, void* context) {
     if (condemned.load() != ::pthread_self() || Unstoppable::Defer(&EndThisThread)) return;
     auto const place = WhereInterrupted(*static_cast<ucontext_t const*>(context));
-    if (place.waitingInKernel || !Guarded().Holds(place.instruction)) EndThisThread();
+    if (place.waitingInKernel || !Guarded().Holds(place.instruction))
+        EndThisThread();
+    else
+        ++refusals;
 }
 
 void Prepare() {
@@ -119,7 +124,7 @@ void Prepare() {
                         RangeOfLibraryAround(reinterpret_cast<Address>(&::pthread_create)),
                         RangeOfLibraryAround(static_cast<Address>(::getauxval(AT_BASE)))};
     struct sigaction action {};
-    action.sa_sigaction = EndIfSound;
+    action.sa_sigaction = TerminateIfSafe;
     action.sa_flags = SA_SIGINFO;
     ::sigemptyset(&action.sa_mask);
     ::sigaction(Signal(), &action, nullptr);
@@ -140,6 +145,7 @@ void BlockKilling() {
 }
 
 bool KillThread(pthread_t thread, std::atomic<bool> const& ended, std::chrono::milliseconds patience) {
+    Unstoppable const whole;
     static std::mutex oneAtATime;
     std::lock_guard const lock(oneAtATime);
     Prepare();
@@ -147,8 +153,10 @@ bool KillThread(pthread_t thread, std::atomic<bool> const& ended, std::chrono::m
     condemned = thread;
     for (auto const end = std::chrono::steady_clock::now() + patience;
          killed == 0 && !ended && std::chrono::steady_clock::now() < end;) {
+        unsigned const before = refusals;
         ::pthread_kill(thread, Signal());
-        for (int looks = 0; looks < 20 && killed == 0 && !ended; ++looks) ::usleep(50);
+        // On a busy machine each of these pauses takes far longer, so a refusal is answered at once.
+        for (int looks = 0; looks < 20 && killed == 0 && !ended && refusals == before; ++looks) ::usleep(50);
     }
     // Whoever takes the mark away decides: this thread gives up, or the other one is on its way out.
     if (condemned.exchange(pthread_t{}) != thread) {
@@ -156,8 +164,9 @@ bool KillThread(pthread_t thread, std::atomic<bool> const& ended, std::chrono::m
         WaitUntilGone(killed);
         return true;
     }
-    if (ended) ::pthread_join(thread, nullptr);
-    return ended;
+    bool const endedByItself = ended;
+    if (endedByItself) ::pthread_join(thread, nullptr);
+    return endedByItself;
 }
 
 } // namespace Utilities

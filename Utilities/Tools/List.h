@@ -29,18 +29,13 @@ public:
     List() = default;
     List(List const& other) { CopyFrom(other); }
     List(List&& other) noexcept { Swap(other); }
+    /// What is assigned may lie within an element of this list, so the former elements die last.
     List& operator=(List const& other) {
-        if (this != &other) {
-            Clear();
-            CopyFrom(other);
-        }
+        if (this != &other) List(other).Swap(*this);
         return *this;
     }
     List& operator=(List&& other) noexcept {
-        if (this != &other) {
-            Clear();
-            Swap(other);
-        }
+        List(std::move(other)).Swap(*this);
         return *this;
     }
     ~List() { Clear(); }
@@ -68,6 +63,10 @@ public:
     ListIterator<T> Append(T const& value) { return Link(MakeNode(outOfMemory, value), last_, nullptr); }
     /// A default value, for the caller to fill through the iterator.
     ListIterator<T> Append() { return Link(MakeNode(outOfMemory), last_, nullptr); }
+    /// A value made of these arguments.
+    template <class... Arguments> ListIterator<T> Emplace(Arguments const&... arguments) {
+        return Link(MakeNode(outOfMemory, arguments...), last_, nullptr);
+    }
     ListIterator<T> InsertAfter(ListIterator<T> const& position, T const& value) {
         if (!position.IsValid())
             throw Norvelian::Utilities::Exceptions::OutOfRangeException(

@@ -3,6 +3,7 @@
 #include "Utilities/Tools/List.h"
 #include "Utilities/Tools/Pair.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <type_traits>
@@ -27,9 +28,10 @@ template <class Key, class T> class Map {
 
 public:
     Map() = default;
-    explicit Map(std::uint32_t bucketCount) : bucketCount_(bucketCount) {}
+    /// Of one chain at least.
+    explicit Map(std::uint32_t bucketCount) : bucketCount_(std::max<std::uint32_t>(bucketCount, 1)) {}
     Map(Map const& other) : count_(other.count_), bucketCount_(other.bucketCount_) {
-        if (!other.buckets_) return;
+        if (other.count_ == 0) return;
         buckets_ = std::make_unique<std::unique_ptr<Chain>[]>(bucketCount_);
         for (std::uint32_t bucket = 0; bucket < bucketCount_; ++bucket)
             if (other.buckets_[bucket]) buckets_[bucket] = std::make_unique<Chain>(*other.buckets_[bucket]);
@@ -41,10 +43,12 @@ public:
         if (this != &other) *this = Map(other);
         return *this;
     }
+    /// What is assigned may lie within a value of this map, so the former values die last.
     Map& operator=(Map&& other) noexcept {
-        count_ = std::exchange(other.count_, 0);
-        buckets_ = std::move(other.buckets_);
-        bucketCount_ = other.bucketCount_;
+        Map taken(std::move(other));
+        std::swap(count_, taken.count_);
+        std::swap(buckets_, taken.buckets_);
+        std::swap(bucketCount_, taken.bucketCount_);
         return *this;
     }
     virtual ~Map() = default;
@@ -56,8 +60,7 @@ public:
         std::unique_ptr<Chain>& chain = buckets_[bucket];
         if (!chain) chain = std::make_unique<Chain>();
         if (Entry* const found = chain->FindIf(HasKey(key))) return found->second;
-        Entry& added = chain->Append().Current();
-        added.first = key;
+        Entry& added = chain->Emplace(key, T()).Current();
         ++count_;
         return added.second;
     }

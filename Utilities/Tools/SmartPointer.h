@@ -43,6 +43,9 @@ public:
         counter_ = new Detail::SharedCount{1, object, [](void* owned) { delete static_cast<T*>(owned); }};
         static_cast<void>(guard.release());
     }
+    /// Takes ownership of an object that `destroy` deletes, whoever lets go of it last.
+    SmartPointer(std::unique_ptr<T> object, void (*destroy)(void* object))
+        : counter_(new Detail::SharedCount{1, object.get(), destroy}), object_(object.release()) {}
     SmartPointer(SmartPointer const& other) : counter_(other.counter_), object_(other.object_) { Hold(); }
     SmartPointer(SmartPointer&& other) noexcept
         : counter_(std::exchange(other.counter_, nullptr)), object_(std::exchange(other.object_, nullptr)) {}
@@ -75,6 +78,8 @@ public:
     }
 
     bool IsNull() const { return object_ == nullptr; }
+    /// How many pointers hold the object together, this one included; 0 for a null one.
+    std::uint16_t GetHolderCount() const { return counter_ ? counter_->holders : 0; }
     /// The object or null, for tests and back references.
     T* Get() const { return object_; }
 

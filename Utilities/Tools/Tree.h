@@ -29,10 +29,13 @@ public:
     }
     Tree& operator=(Tree&& other) noexcept {
         if (this == &other) return *this;
+        // It may be one of the children that go.
+        Tree taken(std::move(other));
         Disown();
-        T::operator=(static_cast<T&&>(other));
-        name_ = std::move(other.name_);
-        TakeChildren(other);
+        Children const former(std::move(children_));
+        T::operator=(static_cast<T&&>(taken));
+        name_ = std::move(taken.name_);
+        TakeChildren(taken);
         return *this;
     }
     // Overrides where `T` has a virtual destructor, which it needn't have.

@@ -30,9 +30,11 @@ public:
         if (this != &other) *this = Vector(other);
         return *this;
     }
+    /// What is assigned may lie within an element of this vector, so the former elements die last.
     Vector& operator=(Vector&& other) noexcept {
-        size_ = std::exchange(other.size_, 0);
-        elements_ = std::move(other.elements_);
+        Vector taken(std::move(other));
+        std::swap(size_, taken.size_);
+        std::swap(elements_, taken.elements_);
         return *this;
     }
     virtual ~Vector() = default;

@@ -4,6 +4,9 @@
 #include "Utilities/NamingService.h"
 #include "core/component/ComponentCreatorBase.h"
 
+#include <atomic>
+#include <memory>
+
 namespace Utilities {
 
 /// Enters itself into the directory of components for as long as it lives. A failure to do so leaves
@@ -36,7 +39,46 @@ private:
     ComponentDescription description_;
 };
 
-/// Makes a new `T` on each request.
+namespace Detail {
+
+/// What a singleton makes in its constructor is a part of it, and lives and dies with it.
+class SingletonBeingMade {
+public:
+    SingletonBeingMade() { ++depth_; }
+    ~SingletonBeingMade() { --depth_; }
+    SingletonBeingMade(SingletonBeingMade const&) = delete;
+    SingletonBeingMade& operator=(SingletonBeingMade const&) = delete;
+
+    static bool IsAny() { return depth_ > 0; }
+
+private:
+    static inline thread_local int depth_ = 0;
+};
+
+/// Makes objects of a class and counts those that live.
+template <class T> class CountedObjects {
+public:
+    static SmartPointer<T> Make() {
+        if (SingletonBeingMade::IsAny()) return MakeSmart<T>();
+        SmartPointer<T> made(std::make_unique<T>(), [](void* object) {
+            std::default_delete<T>{}(static_cast<T*>(object));
+            --living_;
+        });
+        ++living_;
+        return made;
+    }
+    static long GetCount() { return living_; }
+
+private:
+    /// Threads let go of components too, of mutexes for example.
+    static inline std::atomic<long> living_ = 0;
+};
+
+} // namespace Detail
+
+/// Makes a new `T` on each request. A class whose objects leave something behind that runs its code has a
+/// static `GetLeftBehind()` that says how much.
+
 template <class T> class ComponentCreatorNormal final : public RegisteringComponentCreator {
 public:
     explicit ComponentCreatorNormal(ComponentDescription const& description)
@@ -46,12 +88,18 @@ public:
     ~ComponentCreatorNormal() override { UnRegister(); }
 
     void Create(SmartPointer<Component>& result) override {
-        result = SmartPointer<Component>(MakeSmart<T>());
+        result = SmartPointer<Component>(Detail::CountedObjects<T>::Make());
     }
     bool PrepareForUnload() override { return true; }
+    long GetLivingCount() const override {
+        long leftBehind = 0;
+        if constexpr (requires { T::GetLeftBehind(); }) leftBehind = T::GetLeftBehind();
+        return Detail::CountedObjects<T>::GetCount() + leftBehind;
+    }
 };
 
-/// Makes one `T` on the first request and hands out that one until the creator dies.
+/// Makes one `T` on the first request, and so must not be a constant itself, and hands out that one until the
+/// creator dies.
 template <class T> class ComponentCreatorSingleton final : public RegisteringComponentCreator {
 public:
     explicit ComponentCreatorSingleton(ComponentDescription const& description)
@@ -61,10 +109,14 @@ public:
     ~ComponentCreatorSingleton() override { UnRegister(); }
 
     void Create(SmartPointer<Component>& result) override {
-        if (instance_.IsNull()) instance_ = MakeSmart<T>();
+        if (instance_.IsNull()) {
+            Detail::SingletonBeingMade const making;
+            instance_ = MakeSmart<T>();
+        }
         result = SmartPointer<Component>(instance_);
     }
     bool PrepareForUnload() override { return instance_.IsNull() || instance_->PrepareForUnload(); }
+    long GetLivingCount() const override { return instance_.GetHolderCount() > 1 ? 1 : 0; }
 
 private:
     SmartPointer<T> instance_;

@@ -1,6 +1,9 @@
 #include "core/plugin/Exports.h"
 
 #include "Diagnostics/Sink.h"
+#include "Utilities/PluginInterface.h"
+
+NORVELIAN_PLUGIN_INTERFACE_NOTE;
 
 void PluginResolve(Utilities::String const& name, Utilities::SmartPointer<Utilities::Component>& result) {
     Diagnostics::String text("Function \"PluginResolve\": ");

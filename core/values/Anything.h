@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <variant>
 
 namespace Utilities {
@@ -46,8 +47,15 @@ public:
 
     Anything(Anything const&) = default;
     Anything(Anything&&) noexcept = default;
-    Anything& operator=(Anything const&) = default;
-    Anything& operator=(Anything&&) noexcept = default;
+    /// The value assigned may lie within the one that is replaced, so that one dies last.
+    Anything& operator=(Anything const& other) {
+        if (this != &other) Value(other.value_).swap(value_);
+        return *this;
+    }
+    Anything& operator=(Anything&& other) noexcept {
+        Value(std::move(other.value_)).swap(value_);
+        return *this;
+    }
     virtual ~Anything() = default;
 
     Kind GetKind() const { return static_cast<Kind>(value_.index()); }

@@ -18,7 +18,9 @@ void MessageService::RemoveCallback(String const& name) {
 }
 
 long MessageService::SendMessage(String const& name, Anything const& value) {
-    return callbacks_[name].Execute(value);
+    // Names come from anywhere; one that nobody takes mustn't stay.
+    auto const* const callback = callbacks_.FindValue(name);
+    return callback ? Callback(*callback).Execute(value) : 0;
 }
 
 void MessageService::Suspend() { ++suspendCount_; }

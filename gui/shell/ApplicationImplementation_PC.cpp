@@ -1,7 +1,9 @@
 #include "gui/shell/ApplicationImplementation_PC.h"
 
 #include "Diagnostics/Sink.h"
+#include "Utilities/AtomicFile.h"
 #include "Utilities/TranslationService.h"
+#include "core/base/Exceptions.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
 #include "gui/platform/DisplayProfile_PC.h"
@@ -15,12 +17,14 @@
 #include "gui/shell/ShellCommandListener_PC.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QThread>
 #include <QTimer>
 #include <QToolTip>
 #include <array>
+#include <filesystem>
 
 namespace GUI {
 
@@ -233,7 +237,19 @@ bool ApplicationImplementation_PC::SaveWindowPicture(GUIElement& window, String 
     QWidget* const widget = identity.IsNull() ? nullptr : PlatformIndependentWindowID_PC::WindowOf(*identity);
     if (!widget) return false;
     QApplication::processEvents();
-    return widget->grab().save(ToPlatformText(fileName));
+    // The format is the one of the name. A picture that can't be written whole leaves no part of it behind.
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    std::string const path = fileName.GetStdString();
+    std::string const extension = std::filesystem::path(path).extension().string();
+    if (extension.empty() || !widget->grab().save(&buffer, extension.c_str() + 1)) return false;
+    try {
+        Utilities::WriteFileAtomically(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    } catch (Norvelian::Utilities::Exceptions::ResourceException const&) {
+        Diagnostics::DropException("ApplicationImplementation::SaveWindowPicture");
+        return false;
+    }
+    return true;
 }
 
 long ApplicationImplementation_PC::OnShellCommand(String const& text) {

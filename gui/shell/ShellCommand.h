@@ -8,12 +8,18 @@
 namespace GUI {
 
 /// One command of a text in the form `[OPEN("path")]`: an upper-case verb and its argument.
+///
+/// Between double quotes every character is itself, brackets and parentheses too; a double quote in there
+/// is written as two.
 struct ShellCommand {
     Utilities::String verb;
     Utilities::String argument;
+
+    /// The command as a text, with its argument in quotes.
+    Utilities::String GetText() const;
 };
 
-/// The commands of a text in order. An argument in double quotes is what stands between the first two.
+/// The commands of a text in order. An argument that holds quotes is what is quoted first.
 std::vector<ShellCommand> ParseShellCommands(Utilities::String const& text);
 
 /// The file of a text that begins with `[OPEN("`, in any mix of cases.

@@ -4,37 +4,56 @@
 
 #include <QSocketNotifier>
 #include <functional>
+#include <list>
 #include <memory>
-#include <optional>
-#include <string>
 
 namespace GUI {
 
-/// Takes commands of the form `[OPEN("path")]` from other programs of the same user: a local socket in
-/// the user's runtime directory, named after the program. One datagram is one command, of at most
-/// `maximalBytes`. If there is another instance that listens already, this one doesn't.
+/// Takes commands of the form `[OPEN("path")]` from other programs of the same user (see `ShellCommand`).
+///
+/// They come through a local socket in the folder "norvelian" of the user's runtime directory, or of the
+/// configuration folder where there is none; it is named after the program. A folder that is a link, belongs
+/// to somebody else or may be written by others isn't used, and both sides ask the system who the other one
+/// is. Nothing here waits: not for the other side, and not for a lock.
+///
+/// Of the instances of a program the first one listens, until it ends. A command is one packet of at most
+/// `maximalBytes` without a zero byte; others are reported to the diagnostics sink and dropped.
 class ShellCommandListener {
 public:
     using Handler = std::function<long(Utilities::String const& text)>;
 
+    /// The handler may destroy the listener.
     ShellCommandListener(Utilities::String const& program, Handler handler);
     ShellCommandListener(ShellCommandListener const&) = delete;
     ShellCommandListener& operator=(ShellCommandListener const&) = delete;
     ~ShellCommandListener();
 
-    /// Sends a command to the running instance of a program; false if there is none.
-    static bool Send(Utilities::String const& program, Utilities::String const& text);
-    static std::string SocketPath(Utilities::String const& program);
+    bool IsListening() const { return notifier_ != nullptr; }
 
-    static constexpr int maximalBytes = 520;
+    /// Hands a command to the instance of a program that listens; false if there is none, if it has so many
+    /// waiting that it takes no more, or if the command is none that it would take.
+    static bool Send(Utilities::String const& program, Utilities::String const& text);
+
+    static constexpr int maximalBytes = 65536;
 
 private:
-    void Receive();
+    class Folder;
+    class Descriptor;
+    struct Connection;
+
+    void Accept();
+    void Receive(Connection& connection);
 
     Handler handler_;
-    std::string path_;
-    int socket_ = -1;
+    std::string name_;
+    std::unique_ptr<Folder> folder_;
+    /// Held as long as this instance is the one that listens.
+    std::unique_ptr<Descriptor> election_;
+    std::unique_ptr<Descriptor> socket_;
     std::unique_ptr<QSocketNotifier> notifier_;
+    std::list<Connection> connections_;
+    /// Done with, but their notification may still be on the stack.
+    std::list<Connection> finished_;
 };
 
 } // namespace GUI

@@ -169,6 +169,20 @@ TEST(Anything, SharesItsContentsUntilDetached) {
     EXPECT_EQ(value.GetMapOfAnythings()["inner"].GetMapOfAnythings()["x"].GetLong(), 1);
 }
 
+TEST(Anything, MayBeAssignedFromWithinItself) {
+    Anything::VectorOfAnythings three(1);
+    three[0] = "a text that is too long to be stored in place";
+    Anything::MapOfAnythings two;
+    two["Value"] = three;
+    Anything::MapOfAnythings one;
+    one["Value"] = two;
+    Anything value(one);
+    value = value.GetMapOfAnythings()["Value"];
+    value = value.GetMapOfAnythings()["Value"];
+    value = value.GetVectorOfAnythings()[0];
+    EXPECT_EQ(value.GetString(), "a text that is too long to be stored in place");
+}
+
 TEST(Callback, MayReplaceItselfWhileItRuns) {
     struct Owner {
         long Run(Anything const& argument) {

@@ -3,16 +3,25 @@
 #include "Utilities/NamingService.h"
 #include "Utilities/Plugin.h"
 #include "Utilities/ProgramDirectory.h"
+#include "Utilities/Thread.h"
 #include "gui/elements/Application.h"
 #include "gui/elements/Attributes.h"
 #include "gui/elements/GUIDescriptionReader.h"
+#include "tests/support/TemporaryDirectory.h"
 
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
-#include <optional>
+#include <gmock/gmock.h>
+#include <map>
+#include <memory>
 #include <set>
+#include <sys/resource.h>
+#include <thread>
 
 namespace {
 
@@ -84,9 +93,65 @@ TEST(PluginModule, ExportsAnswerAsContracted) {
     EXPECT_TRUE(result.IsNull()) << "the export leaves the result alone";
     NamingService::Instance()->Resolve("HBox", result);
     EXPECT_FALSE(result.IsNull());
-    EXPECT_EQ(plugin.GetComponentDescriptors(), plugin.GetComponentDescriptors());
+    using Descriptors = Utilities::List<std::map<std::string, Utilities::Anything>>;
+    auto const* const descriptors = static_cast<Descriptors const*>(plugin.GetComponentDescriptors());
+    EXPECT_EQ(descriptors->GetSize(), 0U);
+    plugin.PrepareForUnload();
+    EXPECT_EQ(plugin.GetComponentDescriptors(), descriptors);
     EXPECT_TRUE(plugin.CanUnload()) << "even while components are alive";
     result = nullptr;
+}
+
+TEST(PluginModule, StaysLoadedWhileItsObjectsLive) {
+    auto plugin = std::make_unique<Plugin>(ModulePath());
+    auto const refusal = [&plugin] {
+        try {
+            plugin->Unload();
+        } catch (Norvelian::Utilities::Exceptions::ResourceException const& failure) {
+            std::string const text = failure.what();
+            return text.substr(text.find(';'));
+        }
+        return std::string("unloaded");
+    };
+    auto one = Utilities::ResolveComponent<Utilities::Component>("HBox");
+    auto another = Utilities::ResolveComponent<Utilities::Component>("HBox");
+    auto service = Utilities::ResolveComponent<Utilities::Component>("MessageService");
+    EXPECT_EQ(refusal(), "; there still live: 2 HBox, 1 MessageService");
+    one = nullptr;
+    EXPECT_EQ(refusal(), "; there still live: 1 HBox, 1 MessageService");
+    another = nullptr;
+    service = nullptr;
+
+    // A thread goes on in the module's code after its object has died.
+    struct Waiting : Utilities::Runnable {
+        long Run() override {
+            while (!mayEnd) std::this_thread::yield();
+            return 0;
+        }
+        std::atomic<bool> mayEnd = false;
+    } waiting;
+    { Utilities::Thread().Start(&waiting); }
+    EXPECT_EQ(refusal(), "; there still live: 1 ThreadImplementation");
+    waiting.mayEnd = true;
+    for (int i = 0; i < 5000 && refusal() != "unloaded"; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    EXPECT_FALSE(IsMapped("NorvelianGui.so"));
+
+    // Going out of scope can't throw: the module stays, and the object with it.
+    std::string reported;
+    auto const former =
+        Diagnostics::SetSink([&](auto const&, auto const& what) { reported = what.GetCharPointer(); });
+    plugin = std::make_unique<Plugin>(ModulePath());
+    one = Utilities::ResolveComponent<Utilities::Component>("HBox");
+    plugin.reset();
+    Diagnostics::SetSink(former);
+    EXPECT_TRUE(reported.ends_with("stays loaded; there still live: 1 HBox")) << reported;
+    EXPECT_TRUE(IsMapped("NorvelianGui.so"));
+    one = nullptr;
+    void* const stillThere = ::dlopen(ModulePath().c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    ::dlclose(stillThere);
+    ::dlclose(stillThere);
+    EXPECT_FALSE(IsMapped("NorvelianGui.so"));
 }
 
 TEST(PluginModule, BuildsAndDropsAWindowTwice) {
@@ -113,6 +178,41 @@ TEST(PluginModule, BuildsAndDropsAWindowTwice) {
     }
 }
 
+TEST(PluginModule, APictureThatDoesNotFitOnTheDiskLeavesTheFormerOne) {
+    Plugin const plugin(ModulePath());
+    Tests::TemporaryDirectory const directory;
+    std::string const path = directory / "picture.png";
+    GUI::Application application("plugin-tests");
+    application.SetOffscreen(true);
+    auto& platform = application.GetImplementation();
+    auto const none =
+        Utilities::ResolveComponent<GUI::PlatformIndependentWindowID>("PlatformIndependentWindowID");
+    auto const window = Utilities::ResolveComponent<GUI::GUIElement>("Window");
+    window->Initialize(
+        *none,
+        GUI::GUIDescriptionReader::Parse(
+            R"(<Window ElementName="Main" Width="200" Height="100"><Pane ElementName="A"/></Window>)",
+            "test"),
+        nullptr);
+    EXPECT_FALSE(platform.SaveWindowPicture(*window, directory / "picture.unknown"));
+    EXPECT_FALSE(platform.SaveWindowPicture(*window, directory / "picture"));
+    ASSERT_TRUE(platform.SaveWindowPicture(*window, path));
+    std::string const whole = Tests::ReadFile(path);
+    EXPECT_EQ(whole.substr(1, 3), "PNG");
+
+    rlimit former{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &former), 0);
+    auto* const handler = ::signal(SIGXFSZ, SIG_IGN);
+    rlimit const full{whole.size() / 2, former.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &full), 0);
+    bool const written = platform.SaveWindowPicture(*window, path);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &former), 0);
+    ::signal(SIGXFSZ, handler);
+    EXPECT_FALSE(written);
+    EXPECT_EQ(Tests::ReadFile(path), whole);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory.GetPath()), {}), 1);
+}
+
 TEST(PluginModule, ShippedDescriptionsSayOnlyWhatTheirElementsRead) {
     Plugin plugin(ModulePath());
     std::vector<std::string> unknown;
@@ -131,8 +231,47 @@ TEST(PluginModule, ShippedDescriptionsSayOnlyWhatTheirElementsRead) {
     Diagnostics::SetSink(former);
 }
 
+/// The reason for which a file isn't loaded.
+std::string Refusal(std::string const& path) {
+    try {
+        Plugin const plugin(path);
+    } catch (Norvelian::Utilities::Exceptions::ResourceNotAvailableException const& failure) {
+        std::string const text = failure.what();
+        return text.substr(text.find("loaded: ") + 8);
+    }
+    return "loaded";
+}
+
 TEST(PluginModule, AFileThatIsNoPluginIsRefusedWithTheReason) {
-    EXPECT_THROW(Plugin("/nonexistent/x.so"),
-                 Norvelian::Utilities::Exceptions::ResourceNotAvailableException);
-    EXPECT_THROW(Plugin("libm.so.6"), Norvelian::Utilities::Exceptions::ResourceNotAvailableException);
+    using testing::HasSubstr;
+    Tests::TemporaryDirectory const directory;
+    EXPECT_EQ(Refusal("/nonexistent/x.so"), "No such file or directory");
+    EXPECT_EQ(Refusal(directory.GetPath()), "it isn't an ordinary file");
+    Tests::WriteFile(directory / "text.so",
+                     "no module, but long enough to hold the header of one: " + std::string(100, '.'));
+    EXPECT_EQ(Refusal(directory / "text.so"), "it isn't a module for this system");
+    std::string const whole = Tests::ReadFile(ModulePath());
+    for (std::size_t const size : {std::size_t{0}, std::size_t{100}, whole.size() / 10, whole.size() / 2}) {
+        Tests::WriteFile(directory / "cut.so", whole.substr(0, size));
+        EXPECT_EQ(Refusal(directory / "cut.so"), "the file is cut short") << size;
+    }
+
+    // A module in the current directory, as a relative path would find it.
+    std::filesystem::copy_file(ModulePath(), directory / "near.so");
+    auto const former = std::filesystem::current_path();
+    std::filesystem::current_path(directory.GetPath());
+    for (char const* const path : {"near.so", "./near.so", "libm.so.6", ""})
+        EXPECT_EQ(Refusal(path), "its path isn't absolute") << path;
+    std::filesystem::current_path(former);
+
+    EXPECT_THAT(Refusal(BAD_MODULES "NO_NOTE.so"), HasSubstr("it has no note of its interface"));
+    EXPECT_THAT(Refusal(BAD_MODULES "OTHER_INTERFACE.so"),
+                testing::MatchesRegex("it is built for interface 1, .*, this program for interface .*"));
+    EXPECT_FALSE(::getenv("BAD_MODULE_RAN")) << "neither of the two was run";
+    EXPECT_THAT(Refusal(BAD_MODULES "MISSING_SYMBOL.so"), HasSubstr("undefined symbol: NobodyHasThis"));
+    EXPECT_THAT(Refusal(BAD_MODULES "NO_EXPORTS.so"), HasSubstr("undefined symbol: PluginResolve"));
+    EXPECT_EQ(Refusal(BAD_MODULES "DATA_EXPORT.so"), "PluginCanUnloadDll is no function");
+    EXPECT_TRUE(::getenv("BAD_MODULE_RAN"));
+    EXPECT_DEATH(Refusal(BAD_MODULES "THROWING.so"),
+                 "THROWING.so threw .* while it was being loaded: on purpose");
 }

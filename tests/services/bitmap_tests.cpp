@@ -1,3 +1,4 @@
+#include "Diagnostics/Sink.h"
 #include "core/base/Exceptions.h"
 #include "services/Bitmap_PC.h"
 #include "services/JpegReader_PC.h"
@@ -6,12 +7,16 @@
 #include "tests/support/QtApplication.h"
 #include "tests/support/TemporaryDirectory.h"
 
+#include <QCoreApplication>
 #include <QPainter>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <string>
+#include <sys/stat.h>
+#include <vector>
 
 namespace {
 
@@ -148,6 +153,45 @@ TEST(Bitmap, LibjpegItselfTakesThreeComponentsOnly) {
     EXPECT_FALSE(bitmap.LoadJpeg(Picture("empty.png")));
     ASSERT_TRUE(bitmap.LoadJpeg(Picture("rgb.jpg")));
     EXPECT_TRUE(GUI::PictureReader::IsAvailable()) << "install the TIFF plug-in of the platform";
+}
+
+TEST(Bitmap, SaysWhyAFileCannotBeShown) {
+    Tests::TemporaryDirectory const directory;
+    ASSERT_EQ(::mkfifo((directory / "pipe.png").c_str(), 0600), 0);
+    std::vector<std::string> reports;
+    auto const former = Diagnostics::SetSink([&reports](auto const& /*where*/, auto const& what) {
+        std::string const text = what.GetCharPointer();
+        reports.push_back(text.substr(text.rfind('/') + 1));
+    });
+    Bitmap_PC bitmap;
+    for (char const* const name : {"rgb.png", "missing.png", "text.png", "empty.png", "bomb.bmp"})
+        bitmap.Load(Picture(name));
+    bitmap.Load(File(directory / "pipe.png"));
+    bitmap.LoadJpeg(Picture("grey.jpg"));
+    Diagnostics::SetSink(former);
+    std::string const cant = ": the picture can't be shown: ";
+    EXPECT_THAT(reports,
+                testing::ElementsAre(
+                    "text.png" + cant + "Unsupported image format", "empty.png" + cant + "the file is empty",
+                    testing::StartsWith("bomb.bmp" + cant),
+                    "pipe.png" + cant + "the file can't be read, is too large or is no ordinary file",
+                    "grey.jpg" + cant + "it is no whole JPEG of three components"));
+}
+
+TEST(Bitmap, OneMissingReaderTakesNoOtherFormatAway) {
+    // In a process of its own, since the platform looks for its readers once.
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_EXIT(
+        {
+            QCoreApplication::setLibraryPaths({});
+            Diagnostics::SetSink(
+                [](auto const&, auto const& what) { std::fputs(what.GetCharPointer(), stderr); });
+            Bitmap_PC bitmap;
+            bool const right = bitmap.Load(Picture("rgb.png")) && bitmap.Load(Picture("rgb.jpg")) &&
+                               !bitmap.Load(Picture("rgb.tif"));
+            std::_Exit(right ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "rgb.tif: the picture can't be shown: no reader of tiff is installed");
 }
 
 TEST(Bitmap, LoadsAtAnySizeWithinLimits) {

@@ -1,3 +1,4 @@
+#include "Diagnostics/Sink.h"
 #include "Utilities/CurrentLanguage.h"
 #include "Utilities/LanguageServiceInterface.h"
 #include "Utilities/NamingService.h"
@@ -154,6 +155,20 @@ Translations for this language are not taken!
     EXPECT_EQ(service.GetTranslation("One"), "Bat") << "reported once, the others are usable";
     EXPECT_EQ(service.GetLanguages().GetSize(), 2U);
     EXPECT_THROW(service.SetLanguage("Albanian"), OutOfRangeException);
+}
+
+TEST_F(LanguageServiceTest, AStaleFileOfAnotherLanguageLeavesNoTextUntranslated) {
+    Language("Languages.key", "2\nOne\n");
+    Language("Albanian.lang", "1\nNje\n");
+    Language("Basque.lang", "2\nBat\n");
+    Set("Language", "Basque");
+    LanguageService const service;
+    std::string reported;
+    auto const former =
+        Diagnostics::SetSink([&](auto const&, auto const& what) { reported = what.GetCharPointer(); });
+    EXPECT_EQ(LanguageServiceInterface::GetTranslation("One"), "Bat") << "the first text that is shown";
+    Diagnostics::SetSink(former);
+    EXPECT_NE(reported.find("Languagefile = Albanian.lang"), std::string::npos) << reported;
 }
 
 TEST_F(LanguageServiceTest, FindsEachOfManyKeysAndTheLastTranslationOfEach) {

@@ -1,6 +1,9 @@
+#include "Diagnostics/Sink.h"
+#include "Utilities/Mutex.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
 #include "services/Preferences_PC.h"
+#include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryDirectory.h"
 
 #include <chrono>
@@ -8,7 +11,6 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -93,14 +95,79 @@ TEST_F(PreferencesTest, AFailureIsDroppedAndLeavesTheFileAlone) {
     EXPECT_EQ(std::filesystem::file_size(file_), (16U << 20U) + 1);
 }
 
-/// Runs `body` in a child process and returns its number.
-template <class Body> pid_t Fork(Body body) {
-    pid_t const child = ::fork();
-    if (child == 0) {
-        body();
-        ::_exit(0);
+TEST_F(PreferencesTest, TellsWhyAValueWasNotStored) {
+    auto const failure = [](char const* key) {
+        try {
+            Resolved()->StoreValue("s", key, "v");
+        } catch (std::exception const& caught) {
+            return std::string(caught.what());
+        }
+        return std::string("stored");
+    };
+    EXPECT_EQ(failure("k"), "stored");
+    EXPECT_EQ(Get("s", "k"), "v");
+    EXPECT_EQ(failure("a=b"), file_ + ": no file of settings can hold the key \"a=b\" of the section \"s\"");
+    std::filesystem::remove(file_);
+    ASSERT_EQ(::mkfifo(file_.c_str(), 0600), 0);
+    EXPECT_EQ(failure("k"), file_ + ": can't be read, and so isn't replaced");
+    Tests::WriteFile(directory_ / "blocked", "a file, not a folder");
+    ::setenv("XDG_CONFIG_HOME", (directory_ / "blocked").c_str(), 1);
+    EXPECT_EQ(failure("k"), directory_ / "blocked/preferences_tests.ini: can't be written: Not a directory");
+
+    // A user whom the system doesn't know, without a home.
+    std::string const noHome = "There is no place for settings: the user has no home folder";
+    constexpr uid_t unknown = 54321;
+    auto const fails = [&] {
+        ::unsetenv("XDG_CONFIG_HOME");
+        ::setenv("HOME", "", 1);
+        return ::geteuid() != unknown || failure("k") == noHome ? 0 : 1;
+    };
+    EXPECT_EQ(Tests::RunUnprivileged(fails, unknown), 0);
+}
+
+TEST_F(PreferencesTest, AReadOnlyOrForeignFileIsNotReplaced) {
+    Tests::WriteFile(file_, "[s]\nk=old\n");
+    ASSERT_EQ(::chmod(file_.c_str(), 0444), 0);
+    if (::geteuid() == 0) {
+        for (auto const& path : {directory_.GetPath(), directory_ / "config", file_})
+            ASSERT_EQ(::chown(path.c_str(), Tests::nobody, Tests::nobody), 0);
     }
-    return child;
+    EXPECT_EQ(Tests::RunUnprivileged([] {
+                  std::string reported;
+                  Diagnostics::SetSink(
+                      [&](auto const&, auto const& what) { reported = what.GetCharPointer(); });
+                  Set("s", "k", "new");
+                  return reported.ends_with("can't write: Permission denied") ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(Tests::ReadFile(file_), "[s]\nk=old\n");
+}
+
+TEST_F(PreferencesTest, AStoppedHolderOfTheLockDelaysOthersForAShortTime) {
+    int ready[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    pid_t const holder = Tests::Fork([&] {
+        Utilities::Mutex changing("Preferences");
+        bool const held = changing.Lock(0);
+        if (::write(ready[1], &held, 1) == 1)
+            for (;;) ::pause();
+    });
+    bool held = false;
+    ASSERT_EQ(::read(ready[0], &held, 1), 1);
+    ASSERT_TRUE(held);
+    ::kill(holder, SIGSTOP);
+    std::string reported;
+    auto const former =
+        Diagnostics::SetSink([&](auto const&, auto const& what) { reported = what.GetCharPointer(); });
+    auto const start = std::chrono::steady_clock::now();
+    Set("s", "k", "v");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+    Diagnostics::SetSink(former);
+    EXPECT_EQ(reported,
+              file_ + ": another program has kept the settings locked; they are changed all the same");
+    EXPECT_EQ(Get("s", "k"), "v");
+    ::kill(holder, SIGKILL);
+    ASSERT_EQ(::waitpid(holder, nullptr, 0), holder);
 }
 
 TEST_F(PreferencesTest, AProcessKilledWhileWritingLeavesAWholeFile) {
@@ -108,7 +175,7 @@ TEST_F(PreferencesTest, AProcessKilledWhileWritingLeavesAWholeFile) {
     for (int i = 0; i < 200; ++i) lines += "key" + std::to_string(i) + "=value\n";
     Tests::WriteFile(file_, lines);
     for (int round = 0; round < 60; ++round) {
-        pid_t const child = Fork([] {
+        pid_t const child = Tests::Fork([] {
             for (long i = 0;; ++i)
                 Set("s", "key100", String(std::string(static_cast<std::size_t>(i % 50), 'v')));
         });
@@ -125,16 +192,16 @@ TEST_F(PreferencesTest, AProcessKilledWhileWritingLeavesAWholeFile) {
     EXPECT_EQ(Get("s", "key0"), "after") << "the dead left the lock behind";
 }
 
-TEST_F(PreferencesTest, TwoProcessesDoNotLoseEachOthersKeys) {
-    constexpr int keys = 150;
-    pid_t children[2];
-    for (int c = 0; c < 2; ++c)
-        children[c] = Fork([c] {
+TEST_F(PreferencesTest, ThreeProcessesDoNotLoseEachOthersKeys) {
+    constexpr int keys = 100;
+    pid_t children[3];
+    for (int c = 0; c < 3; ++c)
+        children[c] = Tests::Fork([c] {
             for (int i = 0; i < keys; ++i)
                 Set("s", ("p" + std::to_string(c) + "k" + std::to_string(i)).c_str(), "v");
         });
     for (pid_t const child : children) ASSERT_EQ(::waitpid(child, nullptr, 0), child);
-    for (int c = 0; c < 2; ++c)
+    for (int c = 0; c < 3; ++c)
         for (int i = 0; i < keys; ++i)
             ASSERT_EQ(Get("s", ("p" + std::to_string(c) + "k" + std::to_string(i)).c_str()), "v")
                 << c << ' ' << i;

@@ -1,187 +1,28 @@
 #include "Diagnostics/Sink.h"
-#include "Utilities/Mutex.h"
-#include "Utilities/NamingService.h"
 #include "Utilities/Thread.h"
 #include "gui/shell/MessageService_PC.h"
 #include "services/ThreadImplementation_PC.h"
+#include "tests/services/MutexSupport.h"
 
 #include <atomic>
 #include <chrono>
 #include <csignal>
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <memory>
 #include <mutex>
 #include <stdexcept>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 namespace {
 
 using namespace std::chrono_literals;
+using Tests::Named;
+using Tests::OtherHolder;
 using Utilities::Mutex;
 using Utilities::String;
 using Utilities::ThreadImplementation_PC;
-
-/// A name of this process alone, so that runs beside each other don't meet.
-String Named(char const* purpose) { return ("test " + std::to_string(::getpid()) + purpose).c_str(); }
-
-/// Named mutexes outlive their processes; those of this test are of no use to anybody.
-class RemovesNames : public testing::Environment {
-    void TearDown() override {
-        std::string const mine = "-test_" + std::to_string(::getpid());
-        for (auto const& entry : std::filesystem::directory_iterator("/dev/shm"))
-            if (entry.path().string().find(mine) != std::string::npos) std::filesystem::remove(entry.path());
-    }
-};
-auto* const removesNames = testing::AddGlobalTestEnvironment(std::make_unique<RemovesNames>().release());
-
-bool LockElsewhere(Mutex& mutex, long timeout) {
-    bool gained = false;
-    std::thread([&] {
-        gained = mutex.Lock(timeout);
-        if (gained) mutex.Unlock();
-    }).join();
-    return gained;
-}
-
-TEST(Mutex, ExcludesOtherThreadsAndCountsItsHolders) {
-    String const name = Named("count");
-    Mutex first(name);
-    Mutex second(name);
-    Mutex other(Named("other"));
-    Mutex unnamed;
-    ASSERT_TRUE(first.Lock(0));
-    ASSERT_TRUE(second.Lock(0)) << "the holder may lock again, also through another object";
-    EXPECT_FALSE(LockElsewhere(first, 0));
-    EXPECT_TRUE(LockElsewhere(other, 0));
-    EXPECT_TRUE(LockElsewhere(unnamed, -1));
-
-    auto const start = std::chrono::steady_clock::now();
-    EXPECT_FALSE(LockElsewhere(second, 50));
-    EXPECT_GE(std::chrono::steady_clock::now() - start, 50ms);
-
-    first.Unlock();
-    EXPECT_FALSE(LockElsewhere(first, 0));
-    second.Unlock();
-    EXPECT_TRUE(LockElsewhere(first, 0));
-}
-
-TEST(Mutex, AnUnlockThatFailsIsADiagnosticText) {
-    std::string seen;
-    auto const former =
-        Diagnostics::SetSink([&](auto const&, auto const& what) { seen = what.GetCharPointer(); });
-    Mutex().Unlock();
-    Diagnostics::SetSink(former);
-    EXPECT_EQ(seen, "Could not unlock CMutex. Error number: 1");
-}
-
-TEST(Mutex, IsFreeAgainWhenItsObjectThreadOrProcessDies) {
-    String const name = Named("death");
-    Mutex mutex(name);
-    { // the object
-        Mutex dying(name);
-        ASSERT_TRUE(dying.Lock(0));
-    }
-    EXPECT_TRUE(LockElsewhere(mutex, 0));
-
-    Mutex unnamed;
-    std::thread([&] { ASSERT_TRUE(mutex.Lock(0) && unnamed.Lock(0)); }).join();
-    EXPECT_TRUE(LockElsewhere(mutex, 1000));
-    EXPECT_TRUE(LockElsewhere(unnamed, 1000));
-
-    for (int round = 0; round < 20; ++round) {
-        int ready[2];
-        ASSERT_EQ(::pipe(ready), 0);
-        pid_t const child = ::fork();
-        if (child == 0) {
-            Mutex held(name);
-            bool const locked = held.Lock(1000);
-            if (::write(ready[1], &locked, 1) == 1)
-                for (;;) ::pause();
-        }
-        bool locked = false;
-        ASSERT_EQ(::read(ready[0], &locked, 1), 1);
-        ASSERT_TRUE(locked);
-        EXPECT_FALSE(mutex.Lock(0)) << "another process holds it";
-        ::kill(child, SIGKILL);
-        ASSERT_TRUE(mutex.Lock(10000));
-        mutex.Unlock();
-        ASSERT_EQ(::waitpid(child, nullptr, 0), child);
-        ::close(ready[0]);
-        ::close(ready[1]);
-    }
-}
-
-TEST(Mutex, AProcessThatUsesANameHoldsUpNoOtherThatComesToIt) {
-    String const name = Named("resident");
-    int told[2];
-    int released[2];
-    ASSERT_EQ(::pipe(told), 0);
-    ASSERT_EQ(::pipe(released), 0);
-    pid_t const resident = ::fork();
-    if (resident == 0) {
-        ::close(released[1]);
-        Mutex const mutex(name);
-        char mark = 'x';
-        bool const going = ::write(told[1], &mark, 1) == 1 && ::read(released[0], &mark, 1) == 0;
-        ::_exit(going ? 0 : 1);
-    }
-    char mark = 0;
-    ASSERT_EQ(::read(told[0], &mark, 1), 1);
-    pid_t const comer = ::fork();
-    if (comer == 0) {
-        ::alarm(5);
-        ::_exit(Mutex(name).Lock(1000) ? 0 : 1);
-    }
-    int status = -1;
-    ASSERT_EQ(::waitpid(comer, &status, 0), comer);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    ::close(released[1]);
-    ASSERT_EQ(::waitpid(resident, &status, 0), resident);
-    EXPECT_EQ(status, 0);
-}
-
-TEST(Mutex, KeepsProcessesApartFromTheFirstUseOfAName) {
-    // Each round all children make the mutex at once; the count is a plain variable in shared memory
-    // that only the mutex protects. It lives in a pipe: read, add, write back.
-    for (int round = 0; round < 10; ++round) {
-        String const name = Named(("race" + std::to_string(round)).c_str());
-        int count[2];
-        ASSERT_EQ(::pipe(count), 0);
-        int value = 0;
-        ASSERT_EQ(::write(count[1], &value, sizeof value), static_cast<ssize_t>(sizeof value));
-        std::vector<pid_t> children;
-        for (int c = 0; c < 4; ++c) {
-            children.push_back(::fork());
-            if (children.back() != 0) continue;
-            int failures = 0;
-            for (int i = 0; i < 50; ++i) {
-                Mutex mutex(name);
-                int here = 0;
-                failures += !mutex.Lock(10000);
-                // Never empty while the mutex keeps the others out.
-                failures += ::read(count[0], &here, sizeof here) != sizeof here;
-                ++here;
-                failures += ::write(count[1], &here, sizeof here) != sizeof here;
-                mutex.Unlock();
-            }
-            ::_exit(failures == 0 ? 0 : 1);
-        }
-        for (pid_t const child : children) {
-            int status = -1;
-            ASSERT_EQ(::waitpid(child, &status, 0), child);
-            EXPECT_EQ(status, 0);
-        }
-        ASSERT_EQ(::read(count[0], &value, sizeof value), static_cast<ssize_t>(sizeof value));
-        EXPECT_EQ(value, 200);
-        ::close(count[0]);
-        ::close(count[1]);
-    }
-}
 
 /// Runs a function as the object of a thread.
 template <class Body> class Job : public Utilities::Runnable {
@@ -270,11 +111,23 @@ TEST(Thread, AForcedStopEndsAThreadWhereverItIsAndLeavesTheProcessSound) {
         held.Lock(-1);
         for (;; ++beats) service.PostMessage("Beat", 1L);
     });
-    Utilities::Runnable* const objects[] = {&computing, &allocating, &swallowing, &sleeping, &posting};
-    for (int round = 0; round < 250; ++round) {
+    // A sink with a lock of its own, in which its thread spends most of its time.
+    std::mutex ofSink;
+    std::atomic<long> reports = 0;
+    auto const former = Diagnostics::SetSink([&](auto const&, auto const&) {
+        std::lock_guard const lock(ofSink);
+        for (int i = 0; i < 1000; ++i) ++reports;
+    });
+    Job reporting([&]() -> long {
+        held.Lock(-1);
+        for (;; ++beats) Diagnostics::Report("test", "text");
+    });
+    Utilities::Runnable* const objects[] = {&computing, &allocating, &swallowing,
+                                            &sleeping,  &posting,    &reporting};
+    for (int round = 0; round < 300; ++round) {
         ThreadImplementation_PC thread;
         beats = 0;
-        thread.Start(objects[round % 5]);
+        thread.Start(objects[round % 6]);
         while (beats == 0) std::this_thread::yield();
         thread.Stop(0);
         ASSERT_EQ(thread.GetExitCode(), 99999) << round;
@@ -284,7 +137,9 @@ TEST(Thread, AForcedStopEndsAThreadWhereverItIsAndLeavesTheProcessSound) {
         std::thread([] { std::vector<std::string> used(1000, std::string(100, 'x')); }).join();
         EXPECT_EQ(beats, last) << "not one instruction more";
         service.PostMessage("Beat", 0L);
+        Diagnostics::Report("test", "text");
     }
+    Diagnostics::SetSink(former);
 }
 #endif
 #endif
@@ -297,6 +152,86 @@ TEST(Thread, TheFrontRunsTheComponent) {
     for (int i = 0; i < 5000 && runs == 0; ++i) std::this_thread::sleep_for(1ms);
     thread.Stop(50);
     EXPECT_EQ(runs, 1);
+    EXPECT_FALSE(thread.IsRunning());
+    EXPECT_EQ(thread.GetExitCode(), 1);
+}
+
+#if !defined(__SANITIZE_THREAD__) && !defined(__SANITIZE_ADDRESS__)
+TEST(Thread, AForcedStopFreesANamedMutexForOtherProcessesToo) {
+    String const name = Named("forced");
+    std::atomic<bool> locked = false;
+    Job holding([&]() -> long {
+        Mutex mutex(name);
+        locked = mutex.Lock(0);
+        for (;;) std::this_thread::sleep_for(1h);
+    });
+    ThreadImplementation_PC thread;
+    thread.Start(&holding);
+    while (!locked) std::this_thread::yield();
+    thread.Stop(0);
+    EXPECT_TRUE(OtherHolder(name).holds);
+}
+
+TEST(Thread, TellsWhatBecameOfAForcedStop) {
+    std::atomic<bool> running = false;
+    Job yielding([&]() -> long {
+        running = true;
+        for (;;) std::this_thread::sleep_for(1h);
+    });
+    // With all signals blocked it can't be reached.
+    std::atomic<bool> mayEnd = false;
+    Job deaf([&]() -> long {
+        sigset_t all;
+        ::sigfillset(&all);
+        ::pthread_sigmask(SIG_BLOCK, &all, nullptr);
+        running = true;
+        while (!mayEnd) std::this_thread::yield();
+        return 5;
+    });
+    Utilities::Thread thread;
+    EXPECT_FALSE(thread.IsRunning());
+    thread.Start(&yielding);
+    while (!running) std::this_thread::yield();
+    thread.Stop(0);
+    EXPECT_FALSE(thread.IsRunning());
+    EXPECT_EQ(thread.GetExitCode(), 99999);
+
+    running = false;
+    thread.Start(&deaf);
+    while (!running) std::this_thread::yield();
+    thread.Stop(0);
+    EXPECT_TRUE(thread.IsRunning());
+    EXPECT_EQ(thread.GetExitCode(), Utilities::ThreadImplementation::stillActive);
+    mayEnd = true;
+    thread.Stop(200);
+    EXPECT_FALSE(thread.IsRunning());
+    EXPECT_EQ(thread.GetExitCode(), 5);
+}
+#endif
+
+TEST(Thread, StopReturnsWhenTheThreadHasGoneAltogether) {
+    // Destroyed by the thread's very end, after all code of its object and of the implementation.
+    struct AtThreadEnd {
+        ~AtThreadEnd() {
+            std::this_thread::sleep_for(20ms);
+            *ended = true;
+        }
+        std::atomic<bool>* ended = nullptr;
+    };
+    std::atomic<bool> ended = false;
+    std::atomic<bool> returning = false;
+    Job job([&]() -> long {
+        static thread_local AtThreadEnd last;
+        last.ended = &ended;
+        returning = true;
+        return 0;
+    });
+    ThreadImplementation_PC thread;
+    thread.Start(&job);
+    while (!returning) std::this_thread::yield();
+    WaitForEnd(thread);
+    thread.Stop(100000);
+    EXPECT_TRUE(ended);
 }
 
 } // namespace

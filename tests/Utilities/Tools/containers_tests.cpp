@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -235,6 +236,91 @@ TEST(Tree, CopiesDeeplyAndGrowsUnderAWalk) {
     auto const child = copy.GetChildren().Current();
     copy = Node();
     EXPECT_EQ(child->GetParent(), nullptr) << "a child that outlives its parent knows it";
+}
+
+// ------------------------------------------------------------------ a value within the one it replaces
+
+struct Nested {
+    List<Nested> list;
+    Map<String, Nested> map;
+    Vector<Nested> vector;
+    int number = 0;
+};
+
+/// A 1 that holds a 2 that holds a 3, in each kind of container.
+Nested Chained(int number = 1) {
+    Nested nested;
+    nested.number = number;
+    if (number == 3) return nested;
+    nested.list.Append(Chained(number + 1));
+    nested.map["next"] = Chained(number + 1);
+    nested.vector.Resize(1);
+    nested.vector[0] = Chained(number + 1);
+    return nested;
+}
+
+TEST(Containers, MayBeAssignedFromWithinThemselves) {
+    for (bool const moving : {false, true}) {
+        auto const assign = [moving](auto& whole, auto& part) {
+            if (moving)
+                whole = std::move(part);
+            else
+                whole = part;
+        };
+        Nested top = Chained();
+        assign(top.list, top.list.Begin().Current().list);
+        ASSERT_EQ(top.list.GetSize(), 1U);
+        EXPECT_EQ(top.list.Begin().Current().number, 3);
+        assign(top.map, top.map["next"].map);
+        ASSERT_EQ(top.map.GetSize(), 1U);
+        EXPECT_EQ(top.map["next"].number, 3);
+        assign(top.vector, top.vector[0].vector);
+        ASSERT_EQ(top.vector.GetSize(), 1U);
+        EXPECT_EQ(top.vector[0].number, 3);
+
+        Node root;
+        root.AddChild(MakeSmart<Node>());
+        Node& child = *root.GetChildren().Current();
+        child["text"] = "a text that is too long to be stored in place";
+        child.SetName("child");
+        child.AddChild(MakeSmart<Node>());
+        child.GetChildren().Current()->SetName("grandchild");
+        assign(root, child);
+        EXPECT_EQ(root["text"].GetString(), "a text that is too long to be stored in place");
+        EXPECT_EQ(root.GetName(), "child");
+        EXPECT_EQ(root.GetChildren().Current()->GetName(), "grandchild");
+        EXPECT_EQ(root.GetChildren().Current()->GetParent(), &root);
+    }
+}
+
+TEST(Map, AKeyThatCantBeCopiedLeavesNoEntry) {
+    struct Key {
+        int number = 0;
+        bool* mayCopy = nullptr;
+        Key() = default;
+        Key(int value, bool* permission) : number(value), mayCopy(permission) {}
+        Key(Key const& other) { *this = other; }
+        Key& operator=(Key const& other) {
+            if (other.mayCopy && !*other.mayCopy) throw std::runtime_error("no copies");
+            number = other.number;
+            mayCopy = other.mayCopy;
+            return *this;
+        }
+        ~Key() = default;
+        bool operator==(Key const& other) const { return number == other.number; }
+        unsigned long GetHash(unsigned long) const { return 0; }
+    };
+    for (std::uint32_t const buckets : {0U, 1U}) {
+        bool mayCopy = true;
+        Map<Key, int> map(buckets);
+        map[Key(1, &mayCopy)] = 1;
+        mayCopy = false;
+        EXPECT_THROW((map[Key(2, &mayCopy)]), std::runtime_error);
+        int walked = 0;
+        for (auto it = map.Begin(); it.IsValid(); ++it) ++walked;
+        EXPECT_EQ(walked, 1);
+        EXPECT_EQ(map.FindValue(Key()), nullptr);
+    }
 }
 
 struct Base {

@@ -1,5 +1,4 @@
 #include "gui/shell/Accelerators.h"
-#include "gui/shell/ShellCommand.h"
 
 #include <gtest/gtest.h>
 
@@ -57,17 +56,4 @@ TEST(Accelerators, SwitchingOffKeepsTheEntriesAside) {
     EXPECT_EQ(table.FindCommand('S', AcceleratorEntry::control), 0);
     table.Enable(true);
     EXPECT_EQ(table.FindCommand('S', AcceleratorEntry::control), 3);
-}
-
-TEST(ShellCommands, AreCutIntoVerbsAndArguments) {
-    auto const commands = GUI::ParseShellCommands("[open(\"/a/b (1).txt\")][Print(2)] [Quit]");
-    ASSERT_EQ(commands.size(), 3U);
-    EXPECT_EQ(commands[0].verb, "OPEN");
-    EXPECT_EQ(commands[0].argument, "/a/b (1).txt");
-    EXPECT_EQ(commands[1].verb, "PRINT");
-    EXPECT_EQ(commands[1].argument, "2");
-    EXPECT_EQ(commands[2].verb, "QUIT");
-    EXPECT_EQ(commands[2].argument, "");
-    EXPECT_EQ(GUI::FileToOpen("[Open(\"x\")]").value_or(""), "x");
-    EXPECT_FALSE(GUI::FileToOpen(" [OPEN(\"x\")]").has_value());
 }

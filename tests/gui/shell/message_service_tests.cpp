@@ -1,3 +1,4 @@
+#include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
 #include "gui/shell/MessageService_PC.h"
 #include "tests/support/FunctionCallback.h"
@@ -6,9 +7,12 @@
 #include <QEventLoop>
 #include <QTimer>
 #include <array>
+#include <atomic>
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <optional>
 #include <stdexcept>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -187,6 +191,71 @@ TEST(MessageService, ALoopInsideACallbackGoesOnDelivering) {
     service.PostMessage("Number", 2L);
     Application::RunUntilIdle();
     EXPECT_EQ(recorder.numbers.size(), 3U);
+}
+
+TEST(MessageService, ABoundedSenderChoosesWhatBecomesOfTooMany) {
+    using WhenFull = GUI::PostBound::WhenFull;
+    MessageService_PC service;
+    Recorder recorder(service);
+    auto const post = [&service](WhenFull whenFull, long first, long last) {
+        std::vector<long> refused;
+        for (long i = first; i <= last; ++i)
+            if (!service.PostMessageWithin({3, whenFull, 50}, "Number", i)) refused.push_back(i);
+        return refused;
+    };
+    EXPECT_EQ(post(WhenFull::Refuse, 1, 5), (Numbers{4, 5}));
+    EXPECT_EQ(post(WhenFull::DropOldest, 6, 7), Numbers());
+    EXPECT_EQ(post(WhenFull::Wait, 8, 8), Numbers{8}) << "the GUI thread can't wait for itself";
+    service.PostMessage("Number", 9L);
+    std::vector<long> refused;
+    std::thread([&] { refused = post(WhenFull::Wait, 10, 10); }).join();
+    EXPECT_EQ(refused, Numbers{10}) << "nobody made room in time";
+    service.DeliverPosted();
+    EXPECT_EQ(recorder.numbers, (Numbers{3, 6, 7, 9}));
+
+    recorder.numbers.clear();
+    std::atomic<bool> done = false;
+    std::thread waiting([&] {
+        for (long i = 0; i < 1000; ++i)
+            if (!service.PostMessageWithin({3, WhenFull::Wait, 10000}, "Number", i)) refused.push_back(i);
+        done = true;
+    });
+    while (!done || recorder.numbers.size() < 1000) service.DeliverPosted();
+    waiting.join();
+    EXPECT_EQ(refused, Numbers{10});
+    EXPECT_TRUE(std::is_sorted(recorder.numbers.begin(), recorder.numbers.end()));
+
+    service.Suspend();
+    EXPECT_EQ(post(WhenFull::DropOldest, 1, 1), Numbers{1});
+}
+
+TEST(MessageService, ABlockedLoopMakesNoSenderSwellAndIsReported) {
+    MessageService_PC service;
+    Recorder recorder(service);
+    std::vector<std::string> reports;
+    auto const former = Diagnostics::SetSink(
+        [&](auto const&, auto const& what) { reports.emplace_back(what.GetCharPointer()); });
+    Anything::VectorOfAnythings large(1000);
+    for (Anything& each : large) each = 1.0;
+    auto const before = ::mallinfo2().uordblks;
+    for (int i = 0; i < 5000; ++i)
+        service.PostMessageWithin({10, GUI::PostBound::WhenFull::DropOldest}, "Curve", large);
+    EXPECT_LT(::mallinfo2().uordblks - before, 2U << 20U);
+    EXPECT_TRUE(reports.empty());
+    for (long i = 0; i < 250000; ++i) service.PostMessage("Number", i);
+    Diagnostics::SetSink(former);
+    EXPECT_EQ(reports, (std::vector<std::string>{"100000 messages wait for the message loop",
+                                                 "200000 messages wait for the message loop"}));
+    service.DeliverPosted();
+    EXPECT_EQ(recorder.numbers.size(), 250000U);
+}
+
+TEST(MessageService, NamesThatNobodyTakesAreNotKept) {
+    MessageService_PC service;
+    auto const before = ::mallinfo2().uordblks;
+    for (int i = 0; i < 20000; ++i)
+        EXPECT_EQ(service.SendMessage(("name " + std::to_string(i)).c_str(), {}), 0);
+    EXPECT_LT(::mallinfo2().uordblks, before + 100000);
 }
 
 TEST(MessageService, EightThreadsLoseNothingAndKeepTheirOrder) {

@@ -1,4 +1,4 @@
-#include "Utilities/Unstoppable.h"
+#include "Diagnostics/Unstoppable.h"
 
 #include <atomic>
 
