@@ -49,6 +49,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/KeyCodes_PC.cpp
   gui/platform/PlatformIndependentDeviceContext_PC.cpp
   gui/platform/DisplayProfile_PC.cpp
+  gui/platform/PixelSurface.cpp
   gui/platform/RasterSurface.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
