@@ -38,6 +38,9 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/Chart.cpp
   gui/charts/CurvePainter.cpp
   gui/charts/Graph.cpp
+  gui/charts/ScaleNumbers.cpp
+  gui/charts/UpdateMessage.cpp
+  gui/charts/ZeroAxes.cpp
   gui/controls/CNorvelianFixedText.cpp
   gui/controls/FixedText.cpp
   gui/controls/TextAdaption.cpp
