@@ -26,8 +26,11 @@ constexpr Attribute zeroAxesKey{"ZeroAxes", AttributeType::Flag, "No",
                                 "Axes through zero with ticks and numbers"};
 constexpr Attribute lineColorKey{"LineColor", AttributeType::Colour, "92,92,92",
                                  "Colour of the axes and their numbers"};
-constexpr Attribute attributeList[] = {spotSizeKey, backgroundBitmapKey, isotropicKey,
-                                       zeroAxesKey, lineColorKey,        PatchAttributes::markOutside};
+constexpr Attribute gridColorKey{"GridColor", AttributeType::Colour, "",
+                                 "Colour of lines at the numbers of the axes; none if absent"};
+constexpr Attribute attributeList[] = {
+    spotSizeKey,  backgroundBitmapKey,         isotropicKey, zeroAxesKey, lineColorKey,
+    gridColorKey, PatchAttributes::markOutside};
 
 Utilities::ComponentCreatorNormal<XYColorChart> const creator({"XYColorChart", "$Revision: 1.9 $", "GUI"});
 AttributeTable const table("XYColorChart", "Pane", attributeList);
@@ -49,6 +52,7 @@ void XYColorChart::Initialize(PlatformIndependentWindowID const& parent, Descrip
     hasZeroAxes_ = attributes.Flag(zeroAxesKey);
     marksOutside_ = attributes.Flag(PatchAttributes::markOutside);
     lineColor_ = attributes.Colour(lineColorKey);
+    if (attributes.HasColour(gridColorKey)) gridColor_ = attributes.Colour(gridColorKey);
     if (dataSource) dataSource->SetCallback(selectionElement, selectionEvent, onSelectSample_.Get());
     backgroundBitmap_ = attributes.Text(backgroundBitmapKey);
     RegisterOnUpdate();
@@ -157,7 +161,7 @@ void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
                      {static_cast<long>(places.paneWidth), static_cast<long>(places.paneHeight),
                       places.originX, places.originY, places.width / places.xRange,
                       places.height / places.yRange},
-                     lineColor_);
+                     lineColor_, gridColor_);
     FindVisible(places, selected);
     bool isPlainPen = false;
     // NOLINTNEXTLINE(modernize-loop-convert): reversed views of both compilers don't agree yet

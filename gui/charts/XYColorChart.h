@@ -3,6 +3,7 @@
 #include "gui/elements/Pane.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace GUI {
@@ -13,8 +14,8 @@ namespace GUI {
 /// Attributes: "SpotSize" (4, a spot's radius in pixels), "BackgroundBitmap" (stem of the picture's name),
 /// "Isotropic" (No; with Yes one unit is as long on both axes, and the longer side of the pane shows more
 /// than its range), "ZeroAxes" (No; axes through zero with ticks and numbers, beneath the spots),
-/// "LineColor" (92,92,92; of these axes), "MarkOutside" (No; with Yes the selected spot lies on top with two
-/// rings around it, instead of a white outline).
+/// "LineColor" (92,92,92; of these axes), "GridColor" (none; of lines at their numbers), "MarkOutside" (No;
+/// with Yes the selected spot lies on top with two rings around it, instead of a white outline).
 ///
 /// Values asked of the data source under the element's name: "BackgroundBitmapExtension" (appended to the
 /// stem), "NrOfPatches", "XValueBegin", "XValueEnd", "YValueBegin", "YValueEnd" (the ranges, as short), at
@@ -81,6 +82,7 @@ private:
     bool hasZeroAxes_ = false;
     bool marksOutside_ = false;
     RGBVector lineColor_;
+    std::optional<RGBVector> gridColor_;
     Utilities::String backgroundBitmap_;
 
     /// Kept from paint to paint, so that painting allocates nothing.

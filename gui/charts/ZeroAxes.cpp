@@ -11,9 +11,11 @@ namespace GUI {
 namespace {
 
 constexpr short fontHeight = 9;
-/// Half of a tick, without its middle pixel, and from an axis to the numbers beside it.
+/// Half of a tick, without its middle pixel.
 constexpr int halfTick = 2;
-constexpr int toNumbers = 5;
+/// Of numbers: from their lines, and from the pane's edges.
+constexpr long toLine = 3;
+constexpr long toEdge = 4;
 constexpr long mostParts = 8;
 /// Room that a number takes along an axis.
 constexpr long roomAcross = 44;
@@ -28,8 +30,8 @@ double StepFor(long pixels, double unit, long room) {
 
 } // namespace
 
-void DrawZeroAxes(PlatformIndependentDeviceContext& context, ValuePlane const& plane,
-                  RGBVector const& color) {
+void DrawZeroAxes(PlatformIndependentDeviceContext& context, ValuePlane const& plane, RGBVector const& color,
+                  std::optional<RGBVector> const& gridColor) {
     auto const isUsable = [](double unit) { return std::isfinite(unit) && unit != 0; };
     if (plane.paneWidth < 1 || plane.paneHeight < 1 || !isUsable(plane.xUnit) || !isUsable(plane.yUnit))
         return;
@@ -37,39 +39,46 @@ void DrawZeroAxes(PlatformIndependentDeviceContext& context, ValuePlane const& p
     double yStep = StepFor(plane.paneHeight, plane.yUnit, roomDown);
     if (std::abs(plane.xUnit) == std::abs(plane.yUnit)) xStep = yStep = std::max(xStep, yStep);
 
-    context.SetPen(color, 1, PlatformIndependentDeviceContext::solid);
     context.SetFont(fontHeight, 0, 0, "Arial", 0);
     RGBVector const formerText = context.SetTextColor(color);
     auto const width = static_cast<double>(plane.paneWidth);
     auto const height = static_cast<double>(plane.paneHeight);
+    auto const onX = ScaleNumbers::Multiples(context, -plane.originX / plane.xUnit,
+                                             (width - plane.originX) / plane.xUnit, xStep);
+    auto const onY = ScaleNumbers::Multiples(context, (plane.originY - height) / plane.yUnit,
+                                             plane.originY / plane.yUnit, yStep);
+    auto const place = [&](ScaleNumbers::Number const& number, bool isX) {
+        return Short(isX ? plane.originX + number.value * plane.xUnit
+                         : plane.originY - number.value * plane.yUnit);
+    };
+    if (gridColor) {
+        context.SetPen(*gridColor, 1, PlatformIndependentDeviceContext::solid);
+        for (auto const& number : onX)
+            context.DrawLine(place(number, true), 0, place(number, true), Short(height));
+        for (auto const& number : onY)
+            context.DrawLine(0, place(number, false), Short(width), place(number, false));
+    }
+    context.SetPen(color, 1, PlatformIndependentDeviceContext::solid);
     short const axisX = Short(std::clamp(plane.originX, 0.0, width - 1));
     short const axisY = Short(std::clamp(plane.originY, 0.0, height - 1));
     context.DrawLine(0, axisY, Short(width), axisY);
     context.DrawLine(axisX, 0, axisX, Short(height));
-
-    for (auto const& number : ScaleNumbers::Multiples(context, -plane.originX / plane.xUnit,
-                                                      (width - plane.originX) / plane.xUnit, xStep)) {
-        if (number.value == 0) continue;
-        int const x = Short(plane.originX + number.value * plane.xUnit);
-        context.DrawLine(Short(x), Short(axisY - halfTick), Short(x), Short(axisY + halfTick + 1));
-        long const left = x - number.width / 2;
-        long const below = axisY + toNumbers;
-        long const top =
-            below + number.height <= plane.paneHeight ? below : axisY - toNumbers - number.height;
-        if (left < 0 || left + number.width > plane.paneWidth || top < 0) continue;
+    long lowest = plane.paneHeight;
+    for (auto const& number : onX) {
+        short const x = place(number, true);
+        context.DrawLine(x, Short(axisY - halfTick), x, Short(axisY + halfTick + 1));
+        long const left = x + toLine;
+        long const top = plane.paneHeight - toEdge - number.height;
+        if (left + number.width > plane.paneWidth || top < 0) continue;
         context.DrawText(Short(static_cast<double>(left)), Short(static_cast<double>(top)), number.text);
+        lowest = top;
     }
-    for (auto const& number : ScaleNumbers::Multiples(context, (plane.originY - height) / plane.yUnit,
-                                                      plane.originY / plane.yUnit, yStep)) {
-        if (number.value == 0) continue;
-        int const y = Short(plane.originY - number.value * plane.yUnit);
-        context.DrawLine(Short(axisX - halfTick), Short(y), Short(axisX + halfTick + 1), Short(y));
-        long const top = y - number.height / 2;
-        long const leftOf = axisX - toNumbers - number.width;
-        long const left = leftOf >= 0 ? leftOf : axisX + toNumbers;
-        if (top < 0 || top + number.height > plane.paneHeight || left + number.width > plane.paneWidth)
-            continue;
-        context.DrawText(Short(static_cast<double>(left)), Short(static_cast<double>(top)), number.text);
+    for (auto const& number : onY) {
+        short const y = place(number, false);
+        context.DrawLine(Short(axisX - halfTick), y, Short(axisX + halfTick + 1), y);
+        long const top = y - number.height;
+        if (top < 0 || y > lowest || toEdge + number.width > plane.paneWidth) continue;
+        context.DrawText(toEdge, Short(static_cast<double>(top)), number.text);
     }
     context.SetTextColor(formerText);
 }

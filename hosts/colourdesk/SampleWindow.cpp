@@ -93,8 +93,6 @@ Anything SampleWindow::GetCurveValue(String const& key) const {
     if (key == "XScaleEnd") return 730.0;
     if (key == "YScaleBegin") return 0.0;
     if (key == "YScaleEnd") return reflectanceEnd_;
-    if (key == "XScaleDrawLines") return 20.0;
-    if (key == "YScaleDrawLines") return 0.2;
     if (key == "XValueBegin" || key == "ValueBegin") return "380";
     if (key == "DeltaXValue" || key == "ValueStep") return "10";
     if (key == "ActiveCurve") return static_cast<short>(selected_);

@@ -120,19 +120,25 @@ TEST_F(XYColorChartTest, ShowsUnitsOfOneLength) {
 TEST_F(XYColorChartTest, DrawsAxesThroughZero) {
     source.values[{"E", "XValueBegin"}] = short{-20};
     source.values[{"E", "XValueEnd"}] = short{80};
-    Make({{"ZeroAxes", "Yes"}, {"LineColor", "1,2,3"}});
+    Make({{"ZeroAxes", "Yes"}, {"LineColor", "1,2,3"}, {"GridColor", "4,5,6"}});
     element->SetSize(200, 100);
     Get().OnUpdate({});
     auto rows = Paint();
     rows.erase(rows.begin(), rows.begin() + 3);
-    EXPECT_THAT(rows, ElementsAre("SetPen 1,2,3 1 0", "SetFont 9 0 0 \"Arial\" 0", "SetTextColor 1,2,3",
-                                  "DrawLine 0 50 200 50", "DrawLine 40 0 40 100",
-                                  // Four parts have room across: steps of 50; and three down: of 100.
-                                  "DrawLine 140 48 140 53", "DrawText 134 55 \"50\"",
-                                  "DrawLine 38 100 43 100", "DrawLine 38 0 43 0", "SetTextColor 0,0,0"));
+    // Four parts have room across: steps of 50; and three down: of 100.
+    EXPECT_THAT(rows, ElementsAre("SetFont 9 0 0 \"Arial\" 0", "SetTextColor 1,2,3", "SetPen 4,5,6 1 0",
+                                  "DrawLine 40 0 40 100", "DrawLine 140 0 140 100", "DrawLine 0 100 200 100",
+                                  "DrawLine 0 50 200 50", "DrawLine 0 0 200 0", "SetPen 1,2,3 1 0",
+                                  "DrawLine 0 50 200 50", "DrawLine 40 0 40 100", "DrawLine 40 48 40 53",
+                                  "DrawText 43 86 \"0\"", "DrawLine 140 48 140 53", "DrawText 143 86 \"50\"",
+                                  "DrawLine 38 100 43 100", "DrawLine 38 50 43 50", "DrawText 4 40 \"0\"",
+                                  "DrawLine 38 0 43 0", "SetTextColor 0,0,0"));
     source.values[{"E", "XValueBegin"}] = short{20};
     Get().OnUpdate({});
     EXPECT_THAT(Paint("DrawLine"), testing::Contains("DrawLine 0 0 0 100")) << "zero is left of the pane";
+    source.values[{"E", "XValueEnd"}] = short{20};
+    Get().OnUpdate({});
+    EXPECT_EQ(Count("DrawLine"), 0U) << "an empty scale";
 }
 
 TEST_F(XYColorChartTest, MarksBesideTheColour) {
