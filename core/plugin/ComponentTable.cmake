@@ -5,6 +5,8 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/AdvancedControlImpl_PC.cpp
   core/plugin/BaseElements.cpp
   gui/shell/ApplicationImplementation_PC.cpp
+  gui/charts/BarChart.cpp
+  gui/charts/BarGraph.cpp
   services/Bitmap_PC.cpp
   gui/colour/CirclePatch.cpp
   services/ColorLibraryTextAdapter.cpp
