@@ -10,6 +10,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/Bitmap_PC.cpp
   gui/colour/CirclePatch.cpp
   services/ColorLibraryTextAdapter.cpp
+  gui/charts/CrossGraph.cpp
   gui/shell/Dialog_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
