@@ -17,6 +17,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/layout/GumBox.cpp
   gui/layout/HBox.cpp
   services/ImageService.cpp
+  gui/charts/LabChart.cpp
   services/LanguageService.cpp
   gui/layout/LoopBox.cpp
   gui/shell/MessageService_PC.cpp
@@ -41,6 +42,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/Chart.cpp
   gui/charts/CurvePainter.cpp
   gui/charts/Graph.cpp
+  gui/charts/LabColorSpaces.cpp
   gui/charts/ScaleNumbers.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
