@@ -18,6 +18,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/layout/HBox.cpp
   services/ImageService.cpp
   gui/charts/LabChart.cpp
+  gui/charts/LabGraph.cpp
   services/LanguageService.cpp
   gui/layout/LoopBox.cpp
   gui/shell/MessageService_PC.cpp
@@ -35,6 +36,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp
   gui/charts/XYGraph.cpp
+  gui/charts/LabGraphSetting.cpp
 )
 
 # Units without a creator, and last the exports.
