@@ -30,7 +30,8 @@ constexpr Attribute attributeList[] = {baseLineKey,
                                        Keys::xScaleGraduation,
                                        Keys::yScaleDrawLines,
                                        Keys::yScaleGraduation,
-                                       Keys::thickLineGraduation};
+                                       Keys::thickLineGraduation,
+                                       Keys::numbersAtLines};
 
 Utilities::ComponentCreatorNormal<BarChart> const creator({"BarChart", "$Revision: 1.26 $", "GUI"});
 AttributeTable const table("BarChart", "Pane", attributeList);
@@ -78,6 +79,7 @@ template <class Visit> void Walk(double low, double high, double step, Visit vis
 void BarChart::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                           DialogDataSource* dataSource) {
     Chart::Initialize(parent, description, dataSource);
+    numbersAtLines_ = AttributeReader(description).Flag(Keys::numbersAtLines);
     baseLine_ = AttributeReader(description).Text(baseLineKey).GetShort();
     BuildGraphDescription(description);
     OnUpdate("Properties");
@@ -176,8 +178,13 @@ void BarChart::OnPaint(PlatformIndependentDeviceContext& context) {
     auto const graphWidth = static_cast<long>(width);
     auto const graphHeight = static_cast<long>(height);
     if (showTopRuler_) DrawTopRuler(context, GetRuler(*graph, justificationOnX_), graphWidth);
-    if (showSideRuler_) DrawSideRuler(context, GetRuler(*graph, !justificationOnX_), graphHeight);
-    DrawLimitMarks(context, *graph, graphWidth, graphHeight);
+    unsigned long graphX = 0;
+    unsigned long graphY = 0;
+    if (numbersAtLines_) graph->GetPosition(graphX, graphY);
+    auto const graphTop = static_cast<long>(graphY);
+    if (showSideRuler_) DrawSideRuler(context, GetRuler(*graph, !justificationOnX_), graphTop, graphHeight);
+    long const graphLeft = numbersAtLines_ ? static_cast<long>(graphX) : sideMargin;
+    DrawLimitMarks(context, *graph, graphLeft, graphTop, graphWidth, graphHeight);
     if (baseLine_ > 0) DrawBaseLine(context);
 }
 
@@ -210,18 +217,21 @@ void BarChart::DrawTopRuler(PlatformIndependentDeviceContext& context, Ruler con
     });
 }
 
-void BarChart::DrawSideRuler(PlatformIndependentDeviceContext& context, Ruler const& ruler,
+void BarChart::DrawSideRuler(PlatformIndependentDeviceContext& context, Ruler const& ruler, long graphTop,
                              long graphHeight) const {
     unsigned long chartWidth = 0;
     unsigned long chartHeight = 0;
     GetSize(chartWidth, chartHeight);
     short const line = Short(rulerMargin_ - toLine);
-    auto const end = static_cast<double>(graphHeight);
+    auto const length = static_cast<double>(graphHeight);
+    // An X scale runs downward.
+    bool const isDownward = numbersAtLines_ && !justificationOnX_;
     auto const place = [&](double value) {
-        return ScaleMap::ToShort(end - (value - ruler.low) * end / (ruler.high - ruler.low));
+        double const way = (isDownward ? ruler.high - value : value - ruler.low) * length;
+        return ScaleMap::ToShort(static_cast<double>(graphTop) + length - way / (ruler.high - ruler.low));
     };
     context.SetPen(black, 1, PlatformIndependentDeviceContext::solid);
-    context.DrawLine(line, Short(graphHeight), line, 0);
+    context.DrawLine(line, Short(graphTop + graphHeight), line, Short(graphTop));
     Walk(ruler.low, ruler.high, ruler.ticks, [&](double value) {
         context.DrawLine(line, place(value), Short(rulerMargin_ - toShortTickSide), place(value));
     });
@@ -237,8 +247,8 @@ void BarChart::DrawSideRuler(PlatformIndependentDeviceContext& context, Ruler co
     });
 }
 
-void BarChart::DrawLimitMarks(PlatformIndependentDeviceContext& context, BarGraph& graph, long graphWidth,
-                              long graphHeight) const {
+void BarChart::DrawLimitMarks(PlatformIndependentDeviceContext& context, BarGraph& graph, long graphLeft,
+                              long graphTop, long graphWidth, long graphHeight) const {
     double negative = 0;
     double positive = 0;
     graph.GetLimits(negative, positive);
@@ -250,11 +260,11 @@ void BarChart::DrawLimitMarks(PlatformIndependentDeviceContext& context, BarGrap
         double const share = (limit - low) / (high - low);
         if (justificationOnX_) {
             auto const length = static_cast<double>(graphHeight);
-            short const row = ScaleMap::ToShort(length - share * length);
+            short const row = ScaleMap::ToShort(static_cast<double>(graphTop) + length - share * length);
             context.DrawLine(0, row, Short(rulerMargin_), row);
         } else {
             short const column =
-                ScaleMap::ToShort(static_cast<double>(sideMargin) + share * static_cast<double>(graphWidth));
+                ScaleMap::ToShort(static_cast<double>(graphLeft) + share * static_cast<double>(graphWidth));
             context.DrawLine(column, 0, column, Short(rulerMargin_));
         }
     }

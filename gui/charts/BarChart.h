@@ -12,7 +12,9 @@ class BarGraph;
 /// the bars over; only if it is there the chart has rulers), "LineColor", "BackgroundColor",
 /// "XScaleDrawLines", "XScaleGraduation", "YScaleDrawLines", "YScaleGraduation" (0 each; distances of numbers
 /// and of ticks on the rulers, handed on to the graph; a scale for which both are 0 has no ruler),
-/// "ThickLineGraduation". A distance of numbers that isn't positive writes none. What the graph asks of the
+/// "ThickLineGraduation", "NumbersAtLines" (No; with Yes the side ruler and the limit marks stand beside the
+/// graph wherever it lies, and an X scale runs downward as the bars do; else they count from the chart's
+/// upper edge, and upward). A distance of numbers that isn't positive writes none. What the graph asks of the
 /// data source it asks under the name "BarGraph".
 class BarChart : public Chart {
 public:
@@ -43,9 +45,10 @@ private:
     BarGraph* GetGraph() const;
     Ruler GetRuler(BarGraph& graph, bool isX) const;
     void DrawTopRuler(PlatformIndependentDeviceContext& context, Ruler const& ruler, long graphWidth) const;
-    void DrawSideRuler(PlatformIndependentDeviceContext& context, Ruler const& ruler, long graphHeight) const;
-    void DrawLimitMarks(PlatformIndependentDeviceContext& context, BarGraph& graph, long graphWidth,
-                        long graphHeight) const;
+    void DrawSideRuler(PlatformIndependentDeviceContext& context, Ruler const& ruler, long graphTop,
+                       long graphHeight) const;
+    void DrawLimitMarks(PlatformIndependentDeviceContext& context, BarGraph& graph, long graphLeft,
+                        long graphTop, long graphWidth, long graphHeight) const;
     void DrawBaseLine(PlatformIndependentDeviceContext& context) const;
 
     long rulerMargin_ = 25;
@@ -53,6 +56,7 @@ private:
     bool showTopRuler_ = false;
     bool justificationOnX_ = true;
     short baseLine_ = 0;
+    bool numbersAtLines_ = false;
 };
 
 } // namespace GUI

@@ -19,11 +19,9 @@ namespace {
 namespace Keys = GraphAttributes;
 
 constexpr Attribute graphColor{"GraphColor", AttributeType::Colour, "255,255,255", "Background of the graph"};
-constexpr Attribute numbersAtLines{"NumbersAtLines", AttributeType::Flag, "No",
-                                   "Numbers stand at the grid lines and at both ends of a scale"};
 constexpr Attribute attributeList[] = {Keys::lineColor,       Keys::xScaleDrawLines,  Keys::xScaleGraduation,
                                        Keys::yScaleDrawLines, Keys::yScaleGraduation, graphColor,
-                                       numbersAtLines};
+                                       Keys::numbersAtLines};
 
 Utilities::ComponentCreatorNormal<XYChart> const creator({"XYChart", "$Revision: 1.13 $", "GUI"});
 AttributeTable const table("XYChart", "Pane", attributeList);
@@ -44,7 +42,7 @@ constexpr short yNumbersLeft = 5;
 void XYChart::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                          DialogDataSource* dataSource) {
     Chart::Initialize(parent, description, dataSource);
-    numbersAtLines_ = AttributeReader(description).Flag(numbersAtLines);
+    numbersAtLines_ = AttributeReader(description).Flag(Keys::numbersAtLines);
     BuildGraphDescription(description);
     OnUpdate("Properties");
 }

@@ -76,6 +76,22 @@ TEST_F(BarChartTest, DrawsRulersWithNumbersAndLimitMarks) {
                 ElementsAre("DrawLine 36 0 36 25", "DrawLine 98 0 98 25", "DrawLine 0 0 0 125"));
 }
 
+TEST_F(BarChartTest, PutsNumbersAtLinesIfAskedTo) {
+    MakeChart({{"JustificationOnX", "Yes"},
+               {"XScaleGraduation", "4"},
+               {"YScaleDrawLines", "10"},
+               {"NumbersAtLines", "Yes"}});
+    // The graph is 100 high and 25 below the chart's edge.
+    EXPECT_THAT(Paint("DrawText"),
+                ElementsAre("DrawText 1 115 \"-10\"", "DrawText 13 70 \"0\"", "DrawText 7 20 \"10\""));
+    EXPECT_THAT(Paint("DrawLine 0"), ElementsAre("DrawLine 0 100 30 100", "DrawLine 0 50 30 50"));
+    MakeChart({{"JustificationOnX", "No"}, {"XScaleDrawLines", "2"}, {"NumbersAtLines", "Yes"}});
+    EXPECT_THAT(Paint("DrawText"),
+                ElementsAre("DrawText 13 0 \"0\"", "DrawText 13 57 \"2\"", "DrawText 13 115 \"4\""))
+        << "downward as the bars";
+    EXPECT_THAT(Paint("DrawLine"), testing::IsSupersetOf({"DrawLine 55 0 55 30", "DrawLine 105 0 105 30"}));
+}
+
 TEST_F(BarChartTest, CutsAndPlacesItsNumbers) {
     auto const texts = [this](double begin, double end, double step) {
         source.values[{"BarGraph", "YScaleDrawLines"}] = step;
