@@ -56,7 +56,8 @@ std::vector<Number> Multiples(PlatformIndependentDeviceContext& context, double 
     if (!(step > 0) || !(last - first < most)) return {};
     int const decimals = DecimalsOf(step);
     std::vector<Number> numbers;
-    for (double i = first; i <= last; ++i) numbers.push_back(Make(context, i * step, decimals));
+    int const count = static_cast<int>(last - first) + 1;
+    for (int i = 0; i < count; ++i) numbers.push_back(Make(context, (first + i) * step, decimals));
     return numbers;
 }
 

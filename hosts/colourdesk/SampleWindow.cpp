@@ -159,10 +159,6 @@ Anything SampleWindow::GetSpot(long sample) const {
 Anything SampleWindow::GetDetail(String const& element, String const& key) const {
     if (element == "ColourDesk" && key == "Caption")
         return LanguageServiceInterface::GetTranslation("Colour Desk") + " \u2013 " + document_.GetFileName();
-    if (element == "LabTitle" && key == "Caption") {
-        return LanguageServiceInterface::GetTranslation("a* to the right, b* upward") + " (\u00B1" +
-               String(labRange_) + ")";
-    }
     if (selected_ < 0) return {};
     ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(selected_)];
     if (element == "SelectedColour") return key == "ColorValue" ? shown.color.GetAnything() : Anything();

@@ -158,19 +158,4 @@ TEST_F(LabChartTest, SendsItsRowsToThePlotsOfTheMessage) {
     EXPECT_EQ(Paint("DrawText").size(), 4U) << "the space before";
 }
 
-TEST_F(LabChartTest, KnowsItsColourSpaces) {
-    auto const table = GUI::LabColorSpaces::MakeTable();
-    EXPECT_EQ(table.GetSize(), 24U);
-    struct {
-        char const *space, *setting, *value;
-    } const rows[] = {{"DeltaCMYK", "Zoom", "100"},      {"DeltaRGB", "Zoom", "2000"},
-                      {"RGB", "XYGraduation", "20"},     {"DeltaRGB", "XYGraduation", ""},
-                      {"CIExyY", "XScaleEnd", "1"},      {"DeltaCIExyY", "ZScaleBegin", "-100"},
-                      {"CIELuv", "XYGraphType", "No"},   {"HunterLab", "XCaption", "a(I)"},
-                      {"DeltaLCHmg", "ZCaption", "Lmg"}, {"RxRyRz", "ZGraphType", "NoGraph"},
-                      {"CIELChuv", "YCaption", "v"},     {"DeltaHunterLab", "ZGraduation", "20"}};
-    for (auto const& row : rows)
-        EXPECT_EQ(table[row.space][row.setting].GetStdString(), row.value) << row.space << row.setting;
-}
-
 } // namespace

@@ -6,19 +6,6 @@ namespace {
 
 using namespace GUI::UpdateMessage;
 
-TEST(UpdateMessage, NamesAPartOfATable) {
-    auto const range = Range::Parse("2;3-9;4");
-    ASSERT_TRUE(range);
-    EXPECT_EQ(std::pair(range->first, range->last), std::pair(std::uint16_t{2}, std::uint16_t{9}));
-    EXPECT_EQ(std::pair(range->firstColumn, range->lastColumn),
-              std::pair(std::uint16_t{3}, std::uint16_t{4}));
-    EXPECT_EQ(range->Count(), 8U);
-    EXPECT_EQ(Range::Parse("5;7")->Count(), 1U);
-    EXPECT_EQ(Range::Parse("9;1-2;1")->Count(), 0U);
-    EXPECT_FALSE(Range::Parse("Properties"));
-    EXPECT_ANY_THROW(Range::Parse("70000;1"));
-}
-
 TEST(UpdateMessage, TellsRowsFromSettings) {
     std::pair<char const*, int> const rows[] = {
         {"1", 1},      {"65535", 65535},       {"65536", 0}, {"0", 0},  {"", 0},
