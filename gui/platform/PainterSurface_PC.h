@@ -3,6 +3,7 @@
 #include "gui/platform/PixelSurface.h"
 
 #include <QPainter>
+#include <vector>
 
 namespace GUI {
 
@@ -16,9 +17,19 @@ public:
         painter_->fillRect(box.left, box.top, box.right - box.left, box.bottom - box.top,
                            QColor::fromRgb(color));
     }
+    /// At once, since each call of the painter costs more than a small box.
+    void FillBoxes(std::span<PixelBox const> boxes, std::uint32_t color) override {
+        rectangles_.clear();
+        for (PixelBox const& box : boxes)
+            rectangles_.emplace_back(box.left, box.top, box.right - box.left, box.bottom - box.top);
+        painter_->setPen(Qt::NoPen);
+        painter_->setBrush(QColor::fromRgb(color));
+        painter_->drawRects(rectangles_.data(), static_cast<int>(rectangles_.size()));
+    }
 
 private:
     QPainter* painter_;
+    std::vector<QRect> rectangles_;
 };
 
 } // namespace GUI

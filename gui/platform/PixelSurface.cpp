@@ -6,14 +6,19 @@
 
 namespace GUI {
 
+void PixelSurface::FillBoxes(std::span<PixelBox const> boxes, std::uint32_t color) {
+    for (PixelBox const& box : boxes) FillBox(box, color);
+}
+
 void PixelSurface::Line(PixelPoint from, PixelPoint to, int size, std::uint32_t color, DashPattern& pattern) {
     bool const isLevel = std::abs(to.x - from.x) >= std::abs(to.y - from.y);
     // A pen that moves backward leaves out its own far side at the end, and has it at the beginning.
     int const shift = (isLevel ? to.x < from.x : to.y < from.y) ? size - 1 : 0;
     int const period = pattern.on + pattern.off;
+    pieces_.clear();
     PixelBox run;
     auto const flush = [&] {
-        if (!run.IsEmpty()) FillBox(run, color);
+        if (!run.IsEmpty()) pieces_.push_back(run);
         run = {};
     };
     WalkLine(from, to, [&](PixelPoint at) {
@@ -35,6 +40,7 @@ void PixelSurface::Line(PixelPoint from, PixelPoint to, int size, std::uint32_t 
                std::max(run.bottom, next.bottom)};
     });
     flush();
+    FillBoxes(pieces_, color);
 }
 
 void PixelSurface::Figure(std::vector<FigureSpan> const& spans, int x, int y, std::uint32_t pen,
@@ -47,6 +53,7 @@ void PixelSurface::Polygon(std::span<PixelPoint const> points, std::uint32_t col
     if (points.empty()) return;
     auto const [highest, lowest] = std::minmax_element(
         points.begin(), points.end(), [](PixelPoint const& a, PixelPoint const& b) { return a.y < b.y; });
+    pieces_.clear();
     std::vector<double> crossings;
     for (int y = highest->y; y < lowest->y; ++y) {
         crossings.clear();
@@ -62,9 +69,10 @@ void PixelSurface::Polygon(std::span<PixelPoint const> points, std::uint32_t col
         for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
             PixelBox const run{static_cast<int>(std::ceil(crossings[i] - 0.5)), y,
                                static_cast<int>(std::ceil(crossings[i + 1] - 0.5)), y + 1};
-            if (!run.IsEmpty()) FillBox(run, color);
+            if (!run.IsEmpty()) pieces_.push_back(run);
         }
     }
+    FillBoxes(pieces_, color);
 }
 
 } // namespace GUI

@@ -53,6 +53,7 @@ public:
     virtual ~PixelSurface() = default;
 
     virtual void FillBox(PixelBox box, std::uint32_t color) = 0;
+    virtual void FillBoxes(std::span<PixelBox const> boxes, std::uint32_t color);
     /// The pen is a square of `size` pixels. Its upper left corner moves from the first point to the last,
     /// where nothing is drawn any more.
     virtual void Line(PixelPoint from, PixelPoint to, int size, std::uint32_t color, DashPattern& pattern);
@@ -61,6 +62,10 @@ public:
                         std::uint32_t brush);
     /// The pixels whose centres lie inside a polygon, by the odd-even rule; points are corners of pixels.
     void Polygon(std::span<PixelPoint const> points, std::uint32_t color);
+
+private:
+    /// The pieces of the figure that is being drawn.
+    std::vector<PixelBox> pieces_;
 };
 
 /// Visits the places of a line's pen by Bresenham's rule, from the first up to and without the last.
