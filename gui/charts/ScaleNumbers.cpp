@@ -55,8 +55,9 @@ std::vector<Number> Multiples(PlatformIndependentDeviceContext& context, double 
     double const last = std::floor(std::max(begin, end) / step + tolerance);
     if (!(step > 0) || !(last - first < most)) return {};
     int const decimals = DecimalsOf(step);
-    std::vector<Number> numbers;
     int const count = static_cast<int>(last - first) + 1;
+    std::vector<Number> numbers;
+    numbers.reserve(static_cast<std::size_t>(std::max(count, 0)));
     for (int i = 0; i < count; ++i) numbers.push_back(Make(context, (first + i) * step, decimals));
     return numbers;
 }
