@@ -5,15 +5,20 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/AdvancedControlImpl_PC.cpp
   core/plugin/BaseElements.cpp
   gui/shell/ApplicationImplementation_PC.cpp
+  gui/charts/BarChart.cpp
+  gui/charts/BarGraph.cpp
   services/Bitmap_PC.cpp
   gui/colour/CirclePatch.cpp
   services/ColorLibraryTextAdapter.cpp
+  gui/charts/CrossGraph.cpp
   gui/shell/Dialog_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
   gui/layout/HBox.cpp
   services/ImageService.cpp
+  gui/charts/LabChart.cpp
+  gui/charts/LabGraph.cpp
   services/LanguageService.cpp
   gui/layout/LoopBox.cpp
   gui/shell/MessageService_PC.cpp
@@ -31,6 +36,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp
   gui/charts/XYGraph.cpp
+  gui/charts/LabGraphSetting.cpp
 )
 
 # Units without a creator, and last the exports.
@@ -38,6 +44,10 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/Chart.cpp
   gui/charts/CurvePainter.cpp
   gui/charts/Graph.cpp
+  gui/charts/LabColorSpaces.cpp
+  gui/charts/ScaleNumbers.cpp
+  gui/charts/UpdateMessage.cpp
+  gui/charts/ZeroAxes.cpp
   gui/controls/CNorvelianFixedText.cpp
   gui/controls/FixedText.cpp
   gui/controls/TextAdaption.cpp
@@ -49,6 +59,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/KeyCodes_PC.cpp
   gui/platform/PlatformIndependentDeviceContext_PC.cpp
   gui/platform/DisplayProfile_PC.cpp
+  gui/platform/PixelSurface.cpp
   gui/platform/RasterSurface.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp

@@ -43,13 +43,10 @@ public:
 protected:
     using Pane::GetValue;
     DescriptionTree& GetGraphDescription() { return graphDescription_; }
-    /// Of scale marks in the margins; no attribute sets it.
-    RGBVector const& GetLineColor() const { return lineColor_; }
 
 private:
     DescriptionTree graphDescription_;
     CallbackTable callbacks_;
-    RGBVector lineColor_;
 };
 
 } // namespace GUI

@@ -1,6 +1,7 @@
 #include "gui/charts/Graph.h"
 
 #include "gui/charts/GraphAttributes.h"
+#include "gui/charts/UpdateMessage.h"
 
 namespace GUI {
 
@@ -68,7 +69,7 @@ void Graph::ReadAttributes(DescriptionTree const& description) {
 }
 
 long Graph::OnUpdate(Anything const& command) {
-    Pane::OnUpdate(command);
+    Pane::OnUpdate(UpdateMessage::WithoutRepaint(command));
     bool repaint = true;
     if (command.IsOfTypeString()) {
         String const& message = command.GetString();

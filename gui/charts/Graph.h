@@ -43,6 +43,28 @@ public:
 protected:
     /// The scales at the pane's present size.
     ScaleMap GetScaleMap() const;
+    /// Of axes, grid and ticks.
+    RGBVector const& GetLineColor() const { return lineColor_; }
+    /// Whether the X scale runs from left to right.
+    bool IsXHorizontal() const { return justificationOnX_; }
+    bool DrawsAxis() const { return drawAxis_; }
+    void SetDrawAxis(bool draw) { drawAxis_ = draw; }
+    /// Distances of grid lines and of ticks; 0 for none.
+    struct Grid {
+        double xLines = 0;
+        double yLines = 0;
+        double xTicks = 0;
+        double yTicks = 0;
+    };
+    Grid GetGrid() const {
+        return {xScaleDrawLines_, yScaleDrawLines_, xScaleGraduation_, yScaleGraduation_};
+    }
+    void SetGrid(Grid const& grid) {
+        xScaleDrawLines_ = grid.xLines;
+        yScaleDrawLines_ = grid.yLines;
+        xScaleGraduation_ = grid.xTicks;
+        yScaleGraduation_ = grid.yTicks;
+    }
     double GetXValueBegin() const { return xValueBegin_; }
     double GetDeltaXValue() const { return deltaXValue_; }
     void SetXValues(double begin, double delta) {

@@ -22,5 +22,12 @@ inline constexpr Attribute top{"Top", AttributeType::Number, "0", "Upper margin 
 inline constexpr Attribute right{"Right", AttributeType::Number, "0", "Right margin of the plot in pixels"};
 inline constexpr Attribute bottom{"Bottom", AttributeType::Number, "0", "Lower margin of the plot in pixels"};
 inline constexpr Attribute drawAxis{"DrawAxis", AttributeType::Flag, "Yes", "Whether the axes are drawn"};
+inline constexpr Attribute thickLineGraduation{"ThickLineGraduation", AttributeType::Number, "0",
+                                               "A separating line behind every so many bars; 0 for none"};
+inline constexpr Attribute numbersAtLines{"NumbersAtLines", AttributeType::Flag, "No",
+                                          "Numbers stand at the lines that they belong to"};
+inline constexpr Attribute colorBarType{
+    "ColorBarType", AttributeType::Text, "No",
+    "Coloured bars along the edges: \"ab\", \"L\" or none; \"NoGraph\" crosses out"};
 
 } // namespace GUI::GraphAttributes

@@ -3,6 +3,11 @@
 #include "core/creators/ComponentCreator.h"
 #include "gui/charts/Graph.h"
 #include "gui/charts/GraphAttributes.h"
+#include "gui/charts/ScaleNumbers.h"
+#include "gui/charts/UpdateMessage.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace GUI {
 
@@ -15,7 +20,8 @@ namespace Keys = GraphAttributes;
 
 constexpr Attribute graphColor{"GraphColor", AttributeType::Colour, "255,255,255", "Background of the graph"};
 constexpr Attribute attributeList[] = {Keys::lineColor,       Keys::xScaleDrawLines,  Keys::xScaleGraduation,
-                                       Keys::yScaleDrawLines, Keys::yScaleGraduation, graphColor};
+                                       Keys::yScaleDrawLines, Keys::yScaleGraduation, graphColor,
+                                       Keys::numbersAtLines};
 
 Utilities::ComponentCreatorNormal<XYChart> const creator({"XYChart", "$Revision: 1.13 $", "GUI"});
 AttributeTable const table("XYChart", "Pane", attributeList);
@@ -36,6 +42,7 @@ constexpr short yNumbersLeft = 5;
 void XYChart::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                          DialogDataSource* dataSource) {
     Chart::Initialize(parent, description, dataSource);
+    numbersAtLines_ = AttributeReader(description).Flag(Keys::numbersAtLines);
     BuildGraphDescription(description);
     OnUpdate("Properties");
 }
@@ -73,7 +80,7 @@ void XYChart::BuildGraphDescription(AttributeMap const& attributes) {
 
 long XYChart::OnUpdate(Anything const& command) {
     FireCallback(graphName, "OnUpdate", command);
-    Chart::OnUpdate(command);
+    Chart::OnUpdate(UpdateMessage::WithoutRepaint(command));
     Repaint();
     return 0;
 }
@@ -89,8 +96,59 @@ void XYChart::OnPaint(PlatformIndependentDeviceContext& context) {
     auto const first = frame->GetChildrenList().Begin();
     auto* const graph = first.IsValid() ? dynamic_cast<Graph*>(first.Current().Get()) : nullptr;
     if (!graph) return;
+    if (numbersAtLines_) {
+        DrawNumbersAtLines(context, *graph, true);
+        DrawNumbersAtLines(context, *graph, false);
+        return;
+    }
     DrawXNumbers(context, *graph);
     DrawYNumbers(context, *graph);
+}
+
+void XYChart::DrawNumbersAtLines(PlatformIndependentDeviceContext& context, Graph& graph, bool isX) const {
+    unsigned long chartWidth = 0;
+    unsigned long chartHeight = 0;
+    GetSize(chartWidth, chartHeight);
+    unsigned long graphWidth = 0;
+    unsigned long graphHeight = 0;
+    graph.GetSize(graphWidth, graphHeight);
+    double low = 0;
+    double high = 0;
+    double begin = 0;
+    double step = 0;
+    if (isX) {
+        graph.GetXScale(low, high);
+        graph.GetXDrawLines(begin, step);
+    } else {
+        graph.GetYScale(low, high);
+        graph.GetYDrawLines(begin, step);
+    }
+    auto const numbers = ScaleNumbers::MultiplesAndEnds(context, low, high, step);
+    // The numbers of the ends come first, since the others make room for them.
+    constexpr long gap = 4;
+    std::vector<std::pair<long, long>> taken;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        std::size_t const number = i == 0 ? 0 : i == 1 ? numbers.size() - 1 : i - 1;
+        auto const& [value, text, width, height] = numbers[number];
+        long const length = isX ? width : height;
+        auto const room = static_cast<long>(isX ? chartWidth : chartHeight);
+        double const share = (value - low) / (high - low);
+        double const place = isX ? leftPixels + static_cast<double>(graphWidth) * share
+                                 : topPixels + static_cast<double>(graphHeight) * (1 - share);
+        long const centred = ScaleMap::ToShort(place) - length / 2;
+        long const at = std::max(std::min(centred, room - length), 0L);
+        bool const isFree = std::none_of(taken.begin(), taken.end(), [&](auto const& other) {
+            return at < other.second + gap && other.first < at + length + gap;
+        });
+        if (!isFree) continue;
+        taken.emplace_back(at, at + length);
+        if (isX)
+            context.DrawText(static_cast<short>(at),
+                             ScaleMap::ToShort(static_cast<double>(chartHeight) - xNumbersAboveBottom), text);
+        else
+            context.DrawText(ScaleMap::ToShort(leftPixels - gap - static_cast<double>(width)),
+                             static_cast<short>(at), text);
+    }
 }
 
 void XYChart::DrawXNumbers(PlatformIndependentDeviceContext& context, Graph& graph) const {

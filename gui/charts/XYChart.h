@@ -10,7 +10,9 @@ class Graph;
 /// both scales stand.
 ///
 /// Attributes: "LineColor", "XScaleDrawLines", "XScaleGraduation", "YScaleDrawLines", "YScaleGraduation"
-/// (handed on to the graph if they are there), "GraphColor" (255,255,255; the graph's background). What
+/// (handed on to the graph if they are there), "GraphColor" (255,255,255; the graph's background),
+/// "NumbersAtLines" (No; with Yes the numbers stand at the grid lines, which are multiples of their
+/// distance, and at both ends of each scale; else they count from the first value, without the end). What
 /// the graph asks of the data source it asks under the name "XYGraph"; messages to the chart's event
 /// "OnUpdate" go on to it.
 class XYChart : public Chart {
@@ -27,6 +29,9 @@ public:
 private:
     void DrawXNumbers(PlatformIndependentDeviceContext& context, Graph& graph) const;
     void DrawYNumbers(PlatformIndependentDeviceContext& context, Graph& graph) const;
+    void DrawNumbersAtLines(PlatformIndependentDeviceContext& context, Graph& graph, bool isX) const;
+
+    bool numbersAtLines_ = false;
 };
 
 } // namespace GUI

@@ -2,9 +2,13 @@
 
 #include "core/creators/ComponentCreator.h"
 #include "gui/charts/ScaleMap.h"
-#include "gui/elements/Attributes.h"
+#include "gui/charts/ZeroAxes.h"
+#include "gui/colour/OutsideMark.h"
+#include "gui/colour/PatchAttributes.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace GUI {
 
@@ -16,7 +20,17 @@ namespace {
 constexpr Attribute spotSizeKey{"SpotSize", AttributeType::Number, "4", "Radius of a spot in pixels"};
 constexpr Attribute backgroundBitmapKey{"BackgroundBitmap", AttributeType::Text, "",
                                         "Stem of the background picture's name"};
-constexpr Attribute attributeList[] = {spotSizeKey, backgroundBitmapKey};
+constexpr Attribute isotropicKey{"Isotropic", AttributeType::Flag, "No",
+                                 "One unit is as long on both axes; the longer side of the pane shows more"};
+constexpr Attribute zeroAxesKey{"ZeroAxes", AttributeType::Flag, "No",
+                                "Axes through zero with ticks and numbers"};
+constexpr Attribute lineColorKey{"LineColor", AttributeType::Colour, "92,92,92",
+                                 "Colour of the axes and their numbers"};
+constexpr Attribute gridColorKey{"GridColor", AttributeType::Colour, "",
+                                 "Colour of lines at the numbers of the axes; none if absent"};
+constexpr Attribute attributeList[] = {
+    spotSizeKey,  backgroundBitmapKey,         isotropicKey, zeroAxesKey, lineColorKey,
+    gridColorKey, PatchAttributes::markOutside};
 
 Utilities::ComponentCreatorNormal<XYColorChart> const creator({"XYColorChart", "$Revision: 1.9 $", "GUI"});
 AttributeTable const table("XYColorChart", "Pane", attributeList);
@@ -34,6 +48,11 @@ void XYColorChart::Initialize(PlatformIndependentWindowID const& parent, Descrip
     Pane::Initialize(parent, description, dataSource);
     AttributeReader const attributes(description);
     spotSize_ = attributes.Text(spotSizeKey).GetUnsignedShort();
+    isIsotropic_ = attributes.Flag(isotropicKey);
+    hasZeroAxes_ = attributes.Flag(zeroAxesKey);
+    marksOutside_ = attributes.Flag(PatchAttributes::markOutside);
+    lineColor_ = attributes.Colour(lineColorKey);
+    if (attributes.HasColour(gridColorKey)) gridColor_ = attributes.Colour(gridColorKey);
     if (dataSource) dataSource->SetCallback(selectionElement, selectionEvent, onSelectSample_.Get());
     backgroundBitmap_ = attributes.Text(backgroundBitmapKey);
     RegisterOnUpdate();
@@ -61,10 +80,10 @@ long XYColorChart::OnUpdate(Anything const& /*command*/) {
 }
 
 void XYColorChart::ReadSpots() {
-    spots_.clear();
-    Anything const count = GetValue("NrOfPatches");
-    if (!count.IsValid()) return;
-    for (long i = 0; i < count.GetLong(); ++i) {
+    std::vector<Spot> spots;
+    Anything const answer = GetValue("NrOfPatches");
+    long const count = answer.IsValid() ? answer.GetLong() : 0;
+    for (long i = 0; i < count; ++i) {
         Anything const data = GetDataSource()->GetValue(String("Patch") + String(i), "Data");
         Spot spot{RGBVector(100, 100, 100), 0, 0};
         if (data.IsValid()) {
@@ -76,8 +95,9 @@ void XYColorChart::ReadSpots() {
             auto const y = record.Find("YValue");
             if (y.IsValid()) spot.y = y.GetValue().GetDouble();
         }
-        spots_.push_back(spot);
+        spots.push_back(spot);
     }
+    spots_ = std::move(spots);
 }
 
 XYColorChart::Places XYColorChart::GetPlaces() const {
@@ -85,12 +105,19 @@ XYColorChart::Places XYColorChart::GetPlaces() const {
     unsigned long height = 0;
     GetSize(width, height);
     Places places;
-    places.width = static_cast<double>(width);
-    places.height = static_cast<double>(height);
+    places.paneWidth = places.width = static_cast<double>(width);
+    places.paneHeight = places.height = static_cast<double>(height);
     places.xRange = xValueEnd_ - xValueBegin_;
     places.yRange = yValueEnd_ - yValueBegin_;
-    places.originX = (-xValueBegin_ / places.xRange) * places.width;
-    places.originY = (yValueEnd_ / places.yRange) * places.height;
+    if (isIsotropic_ && places.xRange != 0 && places.yRange != 0) {
+        double const xLength = std::abs(places.xRange);
+        double const yLength = std::abs(places.yRange);
+        double const unit = std::min(places.width / xLength, places.height / yLength);
+        places.width = unit * xLength;
+        places.height = unit * yLength;
+    }
+    places.originX = (places.paneWidth - places.width) / 2 + (-xValueBegin_ / places.xRange) * places.width;
+    places.originY = (places.paneHeight - places.height) / 2 + (yValueEnd_ / places.yRange) * places.height;
     return places;
 }
 
@@ -100,8 +127,8 @@ XYColorChart::Pixel XYColorChart::Places::Of(Spot const& spot) const {
 }
 
 void XYColorChart::FindVisible(Places const& places, long selected) {
-    auto const width = static_cast<std::size_t>(std::clamp(places.width, 0.0, 32767.0));
-    auto const height = static_cast<std::size_t>(std::clamp(places.height, 0.0, 32767.0));
+    auto const width = static_cast<std::size_t>(std::clamp(places.paneWidth, 0.0, 32767.0));
+    auto const height = static_cast<std::size_t>(std::clamp(places.paneHeight, 0.0, 32767.0));
     std::size_t const wordsInRow = width / 64 + 1;
     taken_.assign(wordsInRow * height, 0);
     visible_.clear();
@@ -128,24 +155,46 @@ void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
     Pane::OnPaint(context);
     Anything const selection = GetValue("SelectedSample");
     long const selected = selection.IsValid() ? selection.GetLong() : -1;
-    FindVisible(GetPlaces(), selected);
+    Places const places = GetPlaces();
+    if (hasZeroAxes_)
+        DrawZeroAxes(context,
+                     {static_cast<long>(places.paneWidth), static_cast<long>(places.paneHeight),
+                      places.originX, places.originY, places.width / places.xRange,
+                      places.height / places.yRange},
+                     lineColor_, gridColor_);
+    FindVisible(places, selected);
     bool isPlainPen = false;
-    int const radius = spotSize_;
     // NOLINTNEXTLINE(modernize-loop-convert): reversed views of both compilers don't agree yet
     for (auto it = visible_.rbegin(); it != visible_.rend(); ++it) {
         VisibleSpot const& spot = *it;
-        if (static_cast<long>(spot.number) == selected) {
+        bool const isSelected = static_cast<long>(spot.number) == selected;
+        if (isSelected && marksOutside_) continue;
+        if (isSelected) {
             context.SetPen(mark, 3, PlatformIndependentDeviceContext::solid);
             isPlainPen = false;
         } else if (!isPlainPen) {
             context.SetPen(outline, 1, PlatformIndependentDeviceContext::solid);
             isPlainPen = true;
         }
-        context.SetBrush(spots_[spot.number].color);
-        context.FillEllipse(
-            ScaleMap::ToShort(spot.place.x - radius), ScaleMap::ToShort(spot.place.y - radius),
-            ScaleMap::ToShort(spot.place.x + radius), ScaleMap::ToShort(spot.place.y + radius));
+        DrawSpot(context, spots_[spot.number], spot.place);
     }
+    if (!marksOutside_ || selected < 0 || selected >= static_cast<long>(spots_.size())) return;
+    // What is marked beside it lies on top, or its mark would be covered.
+    Spot const& spot = spots_[static_cast<std::size_t>(selected)];
+    Pixel const place = places.Of(spot);
+    context.SetPen(outline, 1, PlatformIndependentDeviceContext::solid);
+    DrawSpot(context, spot, place);
+    OutsideMark const ring;
+    int const outer = spotSize_ + ring.Room();
+    ring.Draw(context, ScaleMap::ToShort(place.x - outer), ScaleMap::ToShort(place.y - outer),
+              ScaleMap::ToShort(place.x + outer), ScaleMap::ToShort(place.y + outer), true);
+}
+
+void XYColorChart::DrawSpot(PlatformIndependentDeviceContext& context, Spot const& spot, Pixel place) const {
+    int const radius = spotSize_;
+    context.SetBrush(spot.color);
+    context.FillEllipse(ScaleMap::ToShort(place.x - radius), ScaleMap::ToShort(place.y - radius),
+                        ScaleMap::ToShort(place.x + radius), ScaleMap::ToShort(place.y + radius));
 }
 
 bool XYColorChart::OnLeftButtonDown(KeyState /*keyState*/, long x, long y) {
@@ -153,24 +202,41 @@ bool XYColorChart::OnLeftButtonDown(KeyState /*keyState*/, long x, long y) {
     AttributeMap click;
     click["x"] = (static_cast<double>(x) - places.originX) * places.xRange / places.width;
     click["y"] = (places.originY - static_cast<double>(y)) * places.yRange / places.height;
+    // Whoever is told may rebuild the view, and this chart is gone; the callback then does nothing.
+    Utilities::Callback const goOn = becomeSelected_.Get();
     if (GetDataSource()) GetDataSource()->SetValue(GetElementName(), "Click", click);
-    OnSelectionChanged("PropertyInspector", true);
+    goOn.Execute({});
     return false;
+}
+
+long XYColorChart::BecomeSelected(Anything const& /*argument*/) {
+    OnSelectionChanged("PropertyInspector", true);
+    return 0;
 }
 
 String XYColorChart::GetToolTipText(unsigned short x, unsigned short y) {
     Places const places = GetPlaces();
     double const radius = spotSize_;
-    for (std::size_t i = spots_.size(); i-- > 0;) {
-        Pixel const place = places.Of(spots_[i]);
+    auto const isUnder = [&](std::size_t number) {
+        Pixel const place = places.Of(spots_[number]);
         // A pixel is under the spot if its centre is.
         double const dx = x + 0.5 - place.x;
         double const dy = y + 0.5 - place.y;
-        if (dx * dx + dy * dy > radius * radius) continue;
-        Anything const text = GetValue(String("ToolTipText ") + String(static_cast<unsigned long>(i)));
-        return text.IsOfTypeString() ? text.GetString() : String();
+        return dx * dx + dy * dy <= radius * radius;
+    };
+    std::size_t found = spots_.size();
+    while (found > 0 && !isUnder(found - 1)) --found;
+    if (marksOutside_) {
+        // The selected spot lies on top.
+        Anything const selection = GetValue("SelectedSample");
+        long const selected = selection.IsValid() ? selection.GetLong() : -1;
+        if (selected >= 0 && static_cast<std::size_t>(selected) < spots_.size() &&
+            isUnder(static_cast<std::size_t>(selected)))
+            found = static_cast<std::size_t>(selected) + 1;
     }
-    return {};
+    if (found == 0) return {};
+    Anything const text = GetValue(String("ToolTipText ") + String(static_cast<unsigned long>(found - 1)));
+    return text.IsOfTypeString() ? text.GetString() : String();
 }
 
 Anything XYColorChart::GetPropertyInspectorData() {

@@ -3,6 +3,7 @@
 #include "gui/elements/Pane.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace GUI {
@@ -10,7 +11,11 @@ namespace GUI {
 /// A pane of coloured spots at free (x, y) positions over a background picture, one of them selected.
 /// It is neither a `Chart` nor a `Graph`.
 ///
-/// Attributes: "SpotSize" (4, a spot's radius in pixels), "BackgroundBitmap" (stem of the picture's name).
+/// Attributes: "SpotSize" (4, a spot's radius in pixels), "BackgroundBitmap" (stem of the picture's name),
+/// "Isotropic" (No; with Yes one unit is as long on both axes, and the longer side of the pane shows more
+/// than its range), "ZeroAxes" (No; axes through zero with ticks and numbers, beneath the spots),
+/// "LineColor" (92,92,92; of these axes), "GridColor" (none; of lines at their numbers), "MarkOutside" (No;
+/// with Yes the selected spot lies on top with two rings around it, instead of a white outline).
 ///
 /// Values asked of the data source under the element's name: "BackgroundBitmapExtension" (appended to the
 /// stem), "NrOfPatches", "XValueBegin", "XValueEnd", "YValueBegin", "YValueEnd" (the ranges, as short), at
@@ -43,7 +48,7 @@ private:
         short x = 0;
         short y = 0;
     };
-    /// The ranges at the pane's present size.
+    /// The ranges at the pane's present size; `width` and `height` are what the ranges take of it.
     struct Places {
         double originX = 0;
         double originY = 0;
@@ -51,23 +56,33 @@ private:
         double yRange = 0;
         double width = 0;
         double height = 0;
+        double paneWidth = 0;
+        double paneHeight = 0;
 
         Pixel Of(Spot const& spot) const;
     };
 
     long OnSelectSample(Utilities::Anything const& argument);
+    long BecomeSelected(Utilities::Anything const& argument);
     Places GetPlaces() const;
     void ReadSpots();
+    void DrawSpot(PlatformIndependentDeviceContext& context, Spot const& spot, Pixel place) const;
     /// Leaves out spots that a later one at the same pixel covers; fills `visible_`.
     void FindVisible(Places const& places, long selected);
 
     OwnedCallback<XYColorChart> onSelectSample_{this, &XYColorChart::OnSelectSample};
+    OwnedCallback<XYColorChart> becomeSelected_{this, &XYColorChart::BecomeSelected};
     double xValueBegin_ = -100;
     double xValueEnd_ = 100;
     double yValueBegin_ = -100;
     double yValueEnd_ = 100;
     std::vector<Spot> spots_;
     std::uint16_t spotSize_ = 4;
+    bool isIsotropic_ = false;
+    bool hasZeroAxes_ = false;
+    bool marksOutside_ = false;
+    RGBVector lineColor_;
+    std::optional<RGBVector> gridColor_;
     Utilities::String backgroundBitmap_;
 
     /// Kept from paint to paint, so that painting allocates nothing.

@@ -7,29 +7,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace GUI {
 
 using Utilities::Anything;
 using Utilities::String;
-
-/// The part of a table that a data message names.
-struct XYGraph::Range {
-    std::uint16_t first = 0;
-    std::uint16_t last = 0;
-    std::uint16_t firstColumn = 0;
-    std::uint16_t lastColumn = 0;
-
-    /// Empty for a message that is no data message; throws `OutOfRangeException` for a faulty number.
-    static std::optional<Range> Parse(String const& message) {
-        if (message.FindSubstring(";", 0) < 0) return {};
-        String const begin = message.GetToken(0, '-');
-        String const end = message.GetTokenCount('-') > 1 ? message.GetToken(1, '-') : begin;
-        return Range{begin.GetToken(0, ';').GetUnsignedShort(), end.GetToken(0, ';').GetUnsignedShort(),
-                     begin.GetToken(1, ';').GetUnsignedShort(), end.GetToken(1, ';').GetUnsignedShort()};
-    }
-};
 
 namespace {
 
@@ -54,32 +36,30 @@ long XYGraph::OnUpdate(Anything const& command) {
     if (message == "Properties") {
         Anything const width = GetValue("LineWidth");
         if (width.IsValid()) lineWidth_ = static_cast<std::int16_t>(width.GetLong());
-    } else if (auto const range = Range::Parse(message)) {
+    } else if (auto const range = UpdateMessage::Range::Parse(message)) {
         ReadData(*range);
     }
     Repaint();
     return 0;
 }
 
-void XYGraph::ReadData(Range const& range) {
-    curveNames_.Clear();
-    curves_.Clear();
+void XYGraph::ReadData(UpdateMessage::Range const& range) {
+    auto const data = std::make_shared<Data>();
     Anything const names = GetValue("");
     if (names.IsValid())
-        for (Anything const& name : names.GetVectorOfAnythings()) curveNames_.Append(name.GetString());
+        for (Anything const& name : names.GetVectorOfAnythings()) data->names.Append(name.GetString());
 
-    std::uint32_t const announced = range.last >= range.first ? range.last - range.first + 1U : 0;
     for (std::uint32_t column = range.firstColumn; column <= range.lastColumn; ++column) {
         Anything const content = GetValue(String(static_cast<unsigned long>(column)));
         if (!content.IsValid()) continue;
         auto const& entries = content.GetVectorOfAnythings();
         std::uint32_t const given = entries.GetSize() == 0 ? 0 : entries.GetSize() - 1;
         // The message can't announce more than 65536 values; a source may give more.
-        Curve values(std::max(announced, given));
+        Curve values(std::max(range.Count(), given));
         for (std::uint32_t i = 0; i < given; ++i) values[i] = entries[i + 1].GetDouble();
-        curves_.Append(values);
-        if (curveNames_.GetSize() < curves_.GetSize())
-            curveNames_.Append(entries.GetSize() == 0 ? String() : entries[0].GetString());
+        data->curves.Append(values);
+        if (data->names.GetSize() < data->curves.GetSize())
+            data->names.Append(entries.GetSize() == 0 ? String() : entries[0].GetString());
     }
 
     double begin = GetXValueBegin();
@@ -89,6 +69,7 @@ void XYGraph::ReadData(Range const& range) {
     Anything const newStep = GetValue("ValueStep");
     if (newStep.IsValid()) step = newStep.GetDouble();
     SetXValues(begin, step);
+    data_ = data;
 }
 
 void XYGraph::OnPaint(PlatformIndependentDeviceContext& context) {
@@ -101,9 +82,11 @@ void XYGraph::OnPaint(PlatformIndependentDeviceContext& context) {
         Diagnostics::DropException("XYGraph::OnPaint: ActiveCurve");
     }
     ScaleMap const map = GetScaleMap();
+    // What is asked of the data source in between may bring new data.
+    auto const data = data_;
     auto const draw = [&](bool isActive) {
         long number = 0;
-        for (auto curve = curves_.Begin(); curve.IsValid(); ++curve, ++number)
+        for (auto curve = data->curves.Begin(); curve.IsValid(); ++curve, ++number)
             if ((number == active) == isActive) DrawCurveNumber(context, map, number, curve.Current());
     };
     if (active != -1) draw(true);
@@ -140,8 +123,9 @@ String XYGraph::GetToolTipText(unsigned short x, unsigned short y) {
         return value > target - quarter && value < target + quarter;
     };
     if (!(item >= 0) || !isNear(xValue, begin + item * delta)) return {};
-    auto name = curveNames_.Begin();
-    for (auto curve = curves_.Begin(); curve.IsValid() && name.IsValid(); ++curve, ++name) {
+    auto const data = data_;
+    auto name = data->names.Begin();
+    for (auto curve = data->curves.Begin(); curve.IsValid() && name.IsValid(); ++curve, ++name) {
         Curve const& values = curve.Current();
         if (item >= values.GetSize()) continue;
         auto const index = static_cast<std::uint32_t>(item);

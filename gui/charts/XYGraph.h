@@ -1,8 +1,10 @@
 #pragma once
 
 #include "gui/charts/Graph.h"
+#include "gui/charts/UpdateMessage.h"
 
 #include <cstdint>
+#include <memory>
 
 namespace GUI {
 
@@ -30,15 +32,18 @@ public:
 
 private:
     using Curve = Utilities::Vector<double>;
-    struct Range;
+    struct Data {
+        Utilities::List<Utilities::String> names;
+        Utilities::List<Curve> curves;
+    };
 
-    void ReadData(Range const& range);
+    void ReadData(UpdateMessage::Range const& range);
     void DrawCurveNumber(PlatformIndependentDeviceContext& context, ScaleMap const& map, long number,
                          Curve const& curve);
 
     std::int16_t lineWidth_ = 1;
-    Utilities::List<Utilities::String> curveNames_;
-    Utilities::List<Curve> curves_;
+    /// Replaced as a whole when all of it has been read.
+    std::shared_ptr<Data const> data_ = std::make_shared<Data>();
 };
 
 } // namespace GUI

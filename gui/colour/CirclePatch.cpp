@@ -1,7 +1,8 @@
 #include "gui/colour/CirclePatch.h"
 
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/colour/OutsideMark.h"
+#include "gui/colour/PatchAttributes.h"
 
 #include <algorithm>
 
@@ -12,17 +13,17 @@ using Utilities::Anything;
 namespace {
 
 Utilities::ComponentCreatorNormal<CirclePatch> const creator({"CirclePatch", "$Revision: 1.16 $", "GUI"});
-AttributeTable const table("CirclePatch", "Pane", {});
+constexpr Attribute attributeList[] = {PatchAttributes::markOutside, PatchAttributes::surroundColor};
+AttributeTable const table("CirclePatch", "Pane", attributeList);
 
 /// Of a pane that has no background.
 RGBVector const noBackground(100, 100, 100);
-/// Around the disc.
-RGBVector const surround(222, 251, 255);
 
 } // namespace
 
 void CirclePatch::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                              DialogDataSource* dataSource) {
+    ReadSurround(description);
     Patch::Initialize(parent, description, dataSource);
     if (AttributeReader(description).Text(CommonAttributes::backgroundColor).Length() == 0)
         SetBackgroundColor(noBackground);
@@ -49,12 +50,14 @@ void CirclePatch::OnPaint(PlatformIndependentDeviceContext& context) {
         context.DrawEllipse(0, 0, size, size);
         return;
     }
-    context.SetBrush(surround);
-    context.SetPen(surround, 3, PlatformIndependentDeviceContext::solid);
-    if (GetBackgroundBitmap().Length() == 0)
-        context.FillRectangle(0, 0, width, height);
-    else
-        context.DrawImage(0, 0, GetBackgroundBitmap());
+    PaintSurround(context);
+    if (MarksOutside()) {
+        if (!bitmapOnly_)
+            PaintColorAndMark(context, color, size, size, IsMarked(), true);
+        else if (IsMarked())
+            OutsideMark::Within(size).Draw(context, 0, 0, size, size, true);
+        return;
+    }
     if (!bitmapOnly_) {
         context.SetPen(color, 0, PlatformIndependentDeviceContext::solid);
         context.SetBrush(color);

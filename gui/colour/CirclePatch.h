@@ -7,8 +7,9 @@ namespace GUI {
 /// A patch that shows its colour as a disc in the square of the pane's shorter side, at the top left. The
 /// mark of the selected or active state is a circle around it.
 ///
-/// Attributes: "BackgroundColor" (an empty one gives 100,100,100). Values beyond `Patch`'s: at an update
-/// "BitmapOnly" (no disc, the background picture alone).
+/// Attributes: "BackgroundColor" (an empty one gives 100,100,100), "SurroundColor" (222,251,255; around the
+/// disc), "MarkOutside" (No; with Yes the disc is smaller, and the mark stands around it in two tones).
+/// Values beyond `Patch`'s: at an update "BitmapOnly" (no disc, the background picture alone).
 class CirclePatch : public Patch {
 public:
     Diagnostics::String GetValueString() override { return "CirclePatch"; }

@@ -2,8 +2,11 @@
 
 #include "Diagnostics/Sink.h"
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/colour/OutsideMark.h"
+#include "gui/colour/PatchAttributes.h"
 #include "gui/elements/DataAccess.h"
+
+#include <algorithm>
 
 namespace GUI {
 
@@ -80,6 +83,40 @@ bool Patch::IsMarked() {
     if (IsSelected()) return true;
     Anything const active = GetValue("IsActive");
     return active.IsValid() && active.GetBool();
+}
+
+void Patch::ReadSurround(AttributeMap const& description) {
+    AttributeReader const attributes(description);
+    marksOutside_ = attributes.Flag(PatchAttributes::markOutside);
+    surround_ = attributes.Colour(PatchAttributes::surroundColor);
+}
+
+void Patch::PaintSurround(PlatformIndependentDeviceContext& context) {
+    unsigned long width = 0;
+    unsigned long height = 0;
+    GetSize(width, height);
+    context.SetBrush(surround_);
+    context.SetPen(surround_, 3, PlatformIndependentDeviceContext::solid);
+    if (GetBackgroundBitmap().Length() == 0)
+        context.FillRectangle(0, 0, static_cast<short>(width), static_cast<short>(height));
+    else
+        context.DrawImage(0, 0, GetBackgroundBitmap());
+}
+
+void Patch::PaintColorAndMark(PlatformIndependentDeviceContext& context, RGBVector const& color, short width,
+                              short height, bool isMarked, bool isRound) {
+    auto const mark = OutsideMark::Within(std::min(width, height));
+    auto const room = static_cast<short>(mark.Room());
+    auto const right = static_cast<short>(width - room);
+    auto const bottom = static_cast<short>(height - room);
+    context.SetPen(color, 0, PlatformIndependentDeviceContext::solid);
+    context.SetBrush(color);
+    context.SetBackgroundColor(color);
+    if (isRound)
+        context.FillEllipse(room, room, right, bottom);
+    else
+        context.FillRectangle(room, room, right, bottom);
+    if (isMarked) mark.Draw(context, 0, 0, width, height, isRound);
 }
 
 RGBVector Patch::GetMarkColor(RGBVector const& shown) {

@@ -36,6 +36,21 @@ protected:
     bool IsMarked();
     /// White on dark colours, whose three channels come to less than 300; black on others.
     static RGBVector GetMarkColor(RGBVector const& shown);
+
+    /// Of derived classes: reads "MarkOutside" and "SurroundColor".
+    void ReadSurround(AttributeMap const& description);
+    bool MarksOutside() const { return marksOutside_; }
+    RGBVector const& GetSurround() const { return surround_; }
+    /// Fills the pane with its background picture, or else with the surround's colour.
+    void PaintSurround(PlatformIndependentDeviceContext& context);
+    /// The colour as a rectangle or disc in a box, with room for the mark around it, and the mark if the
+    /// patch is to be marked.
+    void PaintColorAndMark(PlatformIndependentDeviceContext& context, RGBVector const& color, short width,
+                           short height, bool isMarked, bool isRound);
+
+private:
+    bool marksOutside_ = false;
+    RGBVector surround_;
 };
 
 } // namespace GUI

@@ -1,14 +1,16 @@
 #include "gui/colour/SmallPatch.h"
 
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/colour/PatchAttributes.h"
 
 namespace GUI {
 
 namespace {
 
 Utilities::ComponentCreatorNormal<SmallPatch> const creator({"SmallPatch", "$Revision: 1.2 $", "GUI"});
-AttributeTable const table("SmallPatch", "Pane", {});
+constexpr Attribute attributeList[] = {PatchAttributes::updates, PatchAttributes::markOutside,
+                                       PatchAttributes::surroundColor};
+AttributeTable const table("SmallPatch", "Pane", attributeList);
 
 } // namespace
 
@@ -16,22 +18,28 @@ void SmallPatch::Initialize(PlatformIndependentWindowID const& parent, Descripti
                             DialogDataSource* dataSource) {
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): contracted, a patch's own black background is left out
     Pane::Initialize(parent, description, dataSource);
+    ReadSurround(description);
     // The rectangle lies 2 pixels inside, and only a frame fills what is around it.
-    SetLeavesPixels(true);
+    SetLeavesPixels(!MarksOutside());
+    if (AttributeReader(description).Flag(PatchAttributes::updates)) RegisterOnUpdate();
 }
 
 void SmallPatch::OnPaint(PlatformIndependentDeviceContext& context) {
-    static RGBVector const frameColor(222, 251, 255);
     static RGBVector const white(255, 255, 255);
     unsigned long paneWidth = 0;
     unsigned long paneHeight = 0;
     GetSize(paneWidth, paneHeight);
     auto const width = static_cast<short>(paneWidth);
     auto const height = static_cast<short>(paneHeight);
+    if (MarksOutside()) {
+        PaintSurround(context);
+        PaintColorAndMark(context, GetShownColor(), width, height, IsMarked(), false);
+        return;
+    }
     if (GetBackgroundBitmap().Length() != 0) context.DrawImage(0, 0, GetBackgroundBitmap());
     if (GetFrame()) {
-        context.SetBrush(frameColor);
-        context.SetPen(frameColor, 3, PlatformIndependentDeviceContext::solid);
+        context.SetBrush(GetSurround());
+        context.SetPen(GetSurround(), 3, PlatformIndependentDeviceContext::solid);
         context.DrawRectangle(0, 0, width, height);
     }
     RGBVector const color = GetShownColor();

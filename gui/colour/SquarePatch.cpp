@@ -1,14 +1,16 @@
 #include "gui/colour/SquarePatch.h"
 
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/colour/PatchAttributes.h"
 
 namespace GUI {
 
 namespace {
 
 Utilities::ComponentCreatorNormal<SquarePatch> const creator({"SquarePatch", "$Revision: 1.6 $", "GUI"});
-AttributeTable const table("SquarePatch", "Pane", {});
+constexpr Attribute attributeList[] = {PatchAttributes::updates, PatchAttributes::markOutside,
+                                       PatchAttributes::surroundColor};
+AttributeTable const table("SquarePatch", "Pane", attributeList);
 
 /// Length of a corner's lines.
 constexpr short cornerLength = 5;
@@ -30,6 +32,21 @@ void SquarePatch::Initialize(PlatformIndependentWindowID const& parent, Descript
                              DialogDataSource* dataSource) {
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): contracted, a patch's own black background is left out
     Pane::Initialize(parent, description, dataSource);
+    ReadSurround(description);
+    if (AttributeReader(description).Flag(PatchAttributes::updates)) RegisterOnUpdate();
+}
+
+void SquarePatch::PaintCorners(PlatformIndependentDeviceContext& context, RGBVector const& mark) const {
+    unsigned long width = 0;
+    unsigned long height = 0;
+    GetSize(width, height);
+    auto const right = static_cast<short>(width - 1);
+    auto const bottom = static_cast<short>(height - 1);
+    context.SetPen(mark, 1, PlatformIndependentDeviceContext::solid);
+    DrawCorner(context, 0, 0, 1, 1);
+    DrawCorner(context, right, 0, -1, 1);
+    DrawCorner(context, 0, bottom, 1, -1);
+    DrawCorner(context, right, bottom, -1, -1);
 }
 
 void SquarePatch::OnPaint(PlatformIndependentDeviceContext& context) {
@@ -37,6 +54,14 @@ void SquarePatch::OnPaint(PlatformIndependentDeviceContext& context) {
     unsigned long height = 0;
     GetSize(width, height);
     bool const framed = GetFrame();
+    if (MarksOutside()) {
+        SetBackgroundColor(GetShownColor());
+        PaintSurround(context);
+        if (framed) PaintCorners(context, GetMarkColor(GetSurround()));
+        PaintColorAndMark(context, GetBackgroundColor(), static_cast<short>(width),
+                          static_cast<short>(height), IsSelected(), false);
+        return;
+    }
     SetFrame(false);
     try {
         Patch::OnPaint(context);
@@ -46,15 +71,7 @@ void SquarePatch::OnPaint(PlatformIndependentDeviceContext& context) {
     }
     SetFrame(framed);
     RGBVector const mark = GetMarkColor(GetBackgroundColor());
-    if (framed) {
-        auto const right = static_cast<short>(width - 1);
-        auto const bottom = static_cast<short>(height - 1);
-        context.SetPen(mark, 1, PlatformIndependentDeviceContext::solid);
-        DrawCorner(context, 0, 0, 1, 1);
-        DrawCorner(context, right, 0, -1, 1);
-        DrawCorner(context, 0, bottom, 1, -1);
-        DrawCorner(context, right, bottom, -1, -1);
-    }
+    if (framed) PaintCorners(context, mark);
     if (IsSelected()) {
         context.SetPen(mark, 1, PlatformIndependentDeviceContext::solid);
         context.DrawRectangle(2, 2, static_cast<short>(width - 2), static_cast<short>(height - 2));

@@ -23,8 +23,11 @@ namespace GUI {
 /// - Pens of width 0 and 1 are one pixel wide, without antialiasing. Wider pens lie centred on the
 ///   line, with the odd pixel of an even width above and to the left, of ellipses outside.
 /// - Angles are degrees, counter-clockwise from the x axis.
-/// - Font heights are points at 96 pixels an inch. A face that isn't installed is substituted: Arial
-///   by Liberation Sans, others by the platform's sans serif. The smallest size is 8 points.
+/// - On a screen with finer pixels each edge of a box lies on the nearest edge between two pixels of the
+///   screen. A pen is as many of them wide as its width comes to, the same everywhere.
+/// - Positive font heights are points at 96 pixels an inch, of which the smallest is 8; negative ones are
+///   pixels. A face that isn't installed is substituted: Arial by Liberation Sans, others by the platform's
+///   sans serif.
 /// - Text is bytes; what they mean is decided by the implementation (UTF-8, else Windows-1252).
 class PlatformIndependentDeviceContext {
 public:

@@ -11,6 +11,8 @@ using Utilities::String;
 
 namespace {
 
+constexpr char const* gamutKey = "IsInScreenGamut";
+
 unsigned char Channel(long value, String const& source) {
     if (value < 0 || value > 255)
         throw OutOfRangeException("\"" + source.GetStdString() +
@@ -26,7 +28,7 @@ RGBVector::RGBVector(Anything const& value) {
         red_ = Channel(record["Red"].GetLong(), "Red");
         green_ = Channel(record["Green"].GetLong(), "Green");
         blue_ = Channel(record["Blue"].GetLong(), "Blue");
-        auto const inGamut = record.Find("InGamut");
+        auto const inGamut = record.Find(gamutKey);
         inGamut_ = !inGamut.IsValid() || inGamut.GetValue().GetBool();
         return;
     }
@@ -52,7 +54,7 @@ Anything RGBVector::GetAnything() const {
     record["Red"] = static_cast<short>(red_);
     record["Green"] = static_cast<short>(green_);
     record["Blue"] = static_cast<short>(blue_);
-    record["InGamut"] = inGamut_;
+    record[gamutKey] = inGamut_;
     return {record};
 }
 

@@ -30,7 +30,8 @@ public:
     bool IsInGamut() const { return inGamut_; }
     void SetInGamut(bool inGamut) { inGamut_ = inGamut; }
 
-    /// A map with the keys "Red", "Green", "Blue" (short) and "InGamut" (bool).
+    /// A map with the keys "Red", "Green", "Blue" (short) and "IsInScreenGamut" (bool). In a record that is
+    /// read the last may be absent: the colour then counts as one that the screen can show.
     Utilities::Anything GetAnything() const;
 
     /// Takes that share of each channel away; 0 changes nothing and 100 gives black.

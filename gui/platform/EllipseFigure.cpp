@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <unordered_map>
+#include <utility>
 
 namespace GUI {
 
@@ -25,22 +26,18 @@ Stretch Row(PixelBox const& box, int y) {
             static_cast<int>(std::floor(centre + half - 0.5)) + 1};
 }
 
-std::vector<FigureSpan> MakeFigure(int width, int height, int penWidth, bool filled) {
-    int const margin = penWidth / 2;
-    PixelBox const outer{-margin, -margin, width + margin, height + margin};
-    PixelBox const inner{outer.left + penWidth, outer.top + penWidth, outer.right - penWidth,
-                         outer.bottom - penWidth};
+std::vector<FigureSpan> MakeFigure(int width, int height, int penSize, bool filled) {
+    PixelBox const outer{0, 0, width, height};
+    PixelBox const inner{penSize, penSize, width - penSize, height - penSize};
     std::vector<FigureSpan> spans;
     auto const add = [&spans](int y, int begin, int end, bool pen) {
-        if (begin < end)
-            spans.push_back({static_cast<std::int16_t>(y), static_cast<std::int16_t>(begin),
-                             static_cast<std::int16_t>(end), pen});
+        if (begin < end) spans.push_back({y, begin, end, pen});
     };
     for (int y = outer.top; y < outer.bottom; ++y) {
         Stretch const whole = Row(outer, y);
         Stretch const inside = Row(inner, y);
         if (inside.begin >= inside.end) {
-            add(y, whole.begin, whole.end, penWidth != 0);
+            add(y, whole.begin, whole.end, penSize != 0);
             continue;
         }
         add(y, whole.begin, inside.begin, true);
@@ -52,20 +49,27 @@ std::vector<FigureSpan> MakeFigure(int width, int height, int penWidth, bool fil
 
 } // namespace
 
-std::vector<FigureSpan> const& EllipseFigure(int width, int height, int penWidth, bool filled) {
+std::vector<FigureSpan> const& EllipseFigure(int width, int height, int penSize, bool filled) {
     static std::unordered_map<std::uint64_t, std::vector<FigureSpan>> figures;
     // Spots come in runs of one size.
     static std::uint64_t lastKey = ~std::uint64_t{0};
     static std::vector<FigureSpan> const* last = nullptr;
     auto const key = static_cast<std::uint64_t>(width) << 40U | static_cast<std::uint64_t>(height) << 20U |
-                     static_cast<std::uint64_t>(penWidth) << 1U | static_cast<std::uint64_t>(filled);
+                     static_cast<std::uint64_t>(penSize) << 1U | static_cast<std::uint64_t>(filled);
     if (last && key == lastKey) return *last;
-    // Windows that are resized ask for many sizes once.
-    constexpr std::size_t most = 500;
-    if (figures.size() >= most) figures.clear();
     auto found = figures.find(key);
-    if (found == figures.end())
-        found = figures.emplace(key, MakeFigure(width, height, penWidth, filled)).first;
+    if (found == figures.end()) {
+        // Windows that are resized ask for many sizes once.
+        constexpr std::size_t mostSpans = 500000;
+        static std::size_t spans = 0;
+        auto figure = MakeFigure(width, height, penSize, filled);
+        spans += figure.size();
+        if (spans > mostSpans) {
+            figures.clear();
+            spans = figure.size();
+        }
+        found = figures.emplace(key, std::move(figure)).first;
+    }
     lastKey = key;
     last = &found->second;
     return *last;

@@ -23,8 +23,8 @@ QFont MakeFont(short height, short width, Utilities::String const& face, bool bo
     else if (face.Length() != 0 && !(face == "MS Sans Serif"))
         font.setFamilies(QStringList{ToPlatformText(face)});
     font.setStyleHint(QFont::SansSerif);
-    int const points = std::max<int>(std::abs(height), smallestPoints);
-    font.setPixelSize(static_cast<int>(std::lround(points * pixelsPerPoint)));
+    int const points = std::max<int>(height, smallestPoints);
+    font.setPixelSize(height < 0 ? -height : static_cast<int>(std::lround(points * pixelsPerPoint)));
     font.setBold(bold);
     if (width > 0) {
         int const own = QFontMetrics(font).averageCharWidth();

@@ -9,7 +9,9 @@
 
 #include <QFontMetrics>
 #include <QImage>
+#include <QPaintEngine>
 #include <algorithm>
+#include <utility>
 
 namespace GUI {
 
@@ -28,42 +30,145 @@ constexpr int dashOff = 6;
 constexpr int dotOn = 3;
 constexpr int dotOff = 3;
 
-std::optional<RasterSurface> MakeRaster(PlatformIndependentDeviceContext_PC::DirectPixels const& pixels) {
-    QImage& image = *pixels.image;
-    bool const fits = image.format() == QImage::Format_RGB32 ||
-                      image.format() == QImage::Format_ARGB32_Premultiplied ||
-                      image.format() == QImage::Format_ARGB32;
-    if (!fits || image.devicePixelRatio() != 1.0) return {};
-    QRect const clip = pixels.clip.translated(pixels.origin).intersected(image.rect());
-    // The painter draws into the same memory: the image must not be copied on write.
-    auto* const bits = reinterpret_cast<std::uint32_t*>(const_cast<uchar*>(image.constBits()));
-    return RasterSurface(bits, image.bytesPerLine() / 4,
-                         {clip.left(), clip.top(), clip.left() + clip.width(), clip.top() + clip.height()},
-                         pixels.origin.x(), pixels.origin.y());
+/// Pens beyond this are wider than any surface. It keeps the arithmetic of places within 32 bits.
+constexpr long widestPen = 32767;
+
+/// From a place to the middle of its pixel, on surfaces without pixels. A hair less than a half, which
+/// would go to the next pixel where a recorded picture is played at its own size.
+constexpr double toMiddleOfPixel = 0.49;
+
+int ToCoordinate(long value) {
+    constexpr long farthest = 1L << 20;
+    return static_cast<int>(std::clamp(value, -farthest, farthest));
 }
+
+bool IsLevel(QPoint from, QPoint to) { return from.y() == to.y(); }
+bool IsParallelToAxis(QPoint from, QPoint to) { return IsLevel(from, to) || from.x() == to.x(); }
 
 } // namespace
 
+PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(QPaintDevice& surface)
+    : device_(&surface) {}
+
+PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(QPaintDevice& surface,
+                                                                         SurfacePart const& part,
+                                                                         SurfaceBacking const& backing)
+    : device_(&surface), part_(part) {
+    SetBacking(backing);
+}
+
+PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(QPainter& painter,
+                                                                         SurfacePart const& part,
+                                                                         SurfaceBacking const& backing)
+    : device_(painter.device()), part_(part), painter_(&painter) {
+    SetBacking(backing);
+}
+
 PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(
-    QPaintDevice& device, std::optional<DirectPixels> const& pixels)
-    : device_(device) {
-    if (pixels) raster_ = MakeRaster(*pixels);
+    QPaintDevice& surface, std::optional<DirectPixels> const& pixels)
+    : device_(&surface) {
+    if (!pixels) return;
+    part_ = SurfacePart{QPoint(0, 0), pixels->clip};
+    SetBacking({pixels->image, -pixels->origin});
 }
 
-PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(QImage& image) : device_(image) {
-    raster_ = MakeRaster({&image, QPoint(0, 0), image.rect()});
+PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(QImage& image) : device_(&image) {
+    SetBacking({&image, QPoint(0, 0)});
 }
 
-PlatformIndependentDeviceContext_PC::~PlatformIndependentDeviceContext_PC() { FlushLines(); }
+PlatformIndependentDeviceContext_PC::~PlatformIndependentDeviceContext_PC() {
+    FlushLines();
+    if (painterStarted_ && !ownPainter_) painter_->restore();
+}
+
+void PlatformIndependentDeviceContext_PC::SetBacking(SurfaceBacking const& backing) {
+    if (!backing.image) return;
+    QImage& image = *backing.image;
+    bool const fits = image.format() == QImage::Format_RGB32 ||
+                      image.format() == QImage::Format_ARGB32_Premultiplied ||
+                      image.format() == QImage::Format_ARGB32;
+    if (!fits || image.devicePixelRatio() < 1) return;
+    DeviceGrid surface;
+    surface.scale = image.devicePixelRatio();
+    surface.originX = -backing.offset.x() * surface.scale;
+    surface.originY = -backing.offset.y() * surface.scale;
+    std::vector<PixelBox> clip;
+    if (part_) {
+        for (QRect const& box : part_->clip)
+            clip.push_back({std::max(surface.X(box.x()), 0), std::max(surface.Y(box.y()), 0),
+                            std::min(surface.X(box.x() + box.width()), image.width()),
+                            std::min(surface.Y(box.y() + box.height()), image.height())});
+    } else {
+        clip.push_back({0, 0, image.width(), image.height()});
+    }
+    grid_ = surface;
+    if (part_) {
+        grid_.originX += part_->origin.x() * surface.scale;
+        grid_.originY += part_->origin.y() * surface.scale;
+    }
+    // The painter draws into the same memory: the image must not be copied on write.
+    auto* const bits = reinterpret_cast<std::uint32_t*>(const_cast<uchar*>(image.constBits()));
+    raster_.emplace(bits, image.bytesPerLine() / 4, std::move(clip));
+}
+
+void PlatformIndependentDeviceContext_PC::StartPainter() {
+    painterStarted_ = true;
+    if (painter_)
+        painter_->save();
+    else
+        painter_ = &ownPainter_.emplace(device_);
+    QTransform const toDevice = painter_->deviceTransform();
+    QTransform const base = painter_->worldTransform();
+    painterHasPixels_ = painter_->paintEngine()->type() == QPaintEngine::Raster &&
+                        toDevice.type() <= QTransform::TxScale && toDevice.m11() == toDevice.m22() &&
+                        toDevice.m11() >= 1;
+    toPart_ = base;
+    if (painterHasPixels_) {
+        toDevice_ = toDevice.inverted() * base;
+        painterSurface_.emplace(*painter_);
+    }
+    if (!raster_ && painterHasPixels_) grid_ = {toDevice.m11(), toDevice.dx(), toDevice.dy()};
+    if (!part_) return;
+    QPoint const origin = part_->origin;
+    toPart_ = QTransform::fromTranslate(origin.x(), origin.y()) * base;
+    if (!raster_ && painterHasPixels_) {
+        grid_.originX += grid_.scale * origin.x();
+        grid_.originY += grid_.scale * origin.y();
+    }
+    QRegion clip = part_->clip;
+    if (painterHasPixels_) {
+        painter_->setWorldTransform(toDevice_);
+        clip = {};
+        for (QRect const& logical : part_->clip) {
+            QRect const box = logical.translated(-origin);
+            QPoint const corner(grid_.X(box.x()), grid_.Y(box.y()));
+            QPoint const end(grid_.X(box.x() + box.width()), grid_.Y(box.y() + box.height()));
+            clip += QRect(corner, end - QPoint(1, 1));
+        }
+    }
+    painter_->setClipRegion(clip, Qt::IntersectClip);
+}
 
 QPainter& PlatformIndependentDeviceContext_PC::GetPainter() {
     FlushLines();
-    return Painter();
+    QPainter& painter = Painter(Space::Part);
+    space_ = Space::Unknown;
+    return painter;
 }
 
-QPainter& PlatformIndependentDeviceContext_PC::Painter() {
-    if (!painter_) painter_.emplace(&device_);
+QPainter& PlatformIndependentDeviceContext_PC::Painter(Space space) {
+    if (!painterStarted_) StartPainter();
+    if (space_ != space) painter_->setWorldTransform(space == Space::Device ? toDevice_ : toPart_);
+    space_ = space;
     return *painter_;
+}
+
+PixelSurface* PlatformIndependentDeviceContext_PC::Pixels() {
+    if (raster_) return &*raster_;
+    if (!painterStarted_) StartPainter();
+    if (!painterHasPixels_) return nullptr;
+    Painter(Space::Device);
+    return &*painterSurface_;
 }
 
 RGBVector PlatformIndependentDeviceContext_PC::SetBackgroundColor(RGBVector const& color) {
@@ -77,7 +182,7 @@ RGBVector PlatformIndependentDeviceContext_PC::SetTextColor(RGBVector const& col
 void PlatformIndependentDeviceContext_PC::SetPen(RGBVector const& color, long width, long style) {
     FlushLines();
     penColor_ = color;
-    penWidth_ = std::max(width, 1L);
+    penWidth_ = std::clamp(width, 1L, widestPen);
     penStyle_ = style;
 }
 
@@ -97,35 +202,49 @@ QFont const& PlatformIndependentDeviceContext_PC::GetFont() {
 DashPattern PlatformIndependentDeviceContext_PC::NewPattern() const {
     switch (penStyle_) {
     case dashed:
-        return {dashOn, dashOff, 0};
+        return {grid_.Thickness(dashOn), grid_.Thickness(dashOff), 0};
     case dotted:
-        return {dotOn, dotOff, 0};
+        return {grid_.Thickness(dotOn), grid_.Thickness(dotOff), 0};
     default:
         return {1, 0, 0};
     }
 }
 
-void PlatformIndependentDeviceContext_PC::UsePen(Qt::PenJoinStyle joins) {
+QPainter& PlatformIndependentDeviceContext_PC::PainterWithPen(Qt::PenJoinStyle joins, bool filled) {
+    // Curves and wide lines are the platform's; on a surface with pixels it gets whole pixels to draw at.
+    QPainter& painter = Painter(HasGrid() ? Space::Device : Space::Part);
+    painter.setBrush(filled ? QBrush(ToColor(brushColor_)) : QBrush(Qt::NoBrush));
     if (!HasPen()) {
-        Painter().setPen(Qt::NoPen);
-        return;
+        painter.setPen(Qt::NoPen);
+        return painter;
     }
-    // A cosmetic pen is the fast one; on a scaled surface it would be thinner than a pixel of ours.
-    bool const scaled = device_.devicePixelRatioF() != 1.0;
-    QPen pen(ToColor(penColor_), IsThinPen() && !scaled ? 0.0 : static_cast<double>(penWidth_), Qt::SolidLine,
+    int const size = HasGrid() ? PenSize() : static_cast<int>(penWidth_);
+    // A cosmetic pen is the fast one.
+    QPen pen(ToColor(penColor_), HasGrid() && size == 1 ? 0.0 : static_cast<double>(size), Qt::SolidLine,
              Qt::FlatCap, joins);
     DashPattern const pattern = NewPattern();
     if (pattern.off != 0)
-        pen.setDashPattern({static_cast<double>(pattern.on) / static_cast<double>(penWidth_),
-                            static_cast<double>(pattern.off) / static_cast<double>(penWidth_)});
-    Painter().setPen(pen);
+        pen.setDashPattern({static_cast<double>(pattern.on) / size, static_cast<double>(pattern.off) / size});
+    painter.setPen(pen);
+    return painter;
 }
 
-void PlatformIndependentDeviceContext_PC::UseBrush(bool filled) {
-    if (filled)
-        Painter().setBrush(ToColor(brushColor_));
-    else
-        Painter().setBrush(Qt::NoBrush);
+QPointF PlatformIndependentDeviceContext_PC::PenMiddle(QPoint at) {
+    if (!HasGrid()) {
+        double const middle = penWidth_ % 2 != 0 ? toMiddleOfPixel : 0;
+        return {at.x() + middle, at.y() + middle};
+    }
+    // Where the platform puts a pen of an odd size on a pixel, it takes the pixel's corner for its middle.
+    long const before = penWidth_ / 2;
+    int const half = PenSize() / 2;
+    return QPointF(grid_.X(at.x() - before) + half, grid_.Y(at.y() - before) + half);
+}
+
+QRectF PlatformIndependentDeviceContext_PC::FigureBox(QPoint topLeft, QPoint last) {
+    if (HasPen()) return {PenMiddle(topLeft), PenMiddle(last)};
+    if (!HasGrid()) return {QPointF(topLeft), QPointF(last)};
+    return {QPointF(grid_.X(topLeft.x()), grid_.Y(topLeft.y())),
+            QPointF(grid_.X(last.x()), grid_.Y(last.y()))};
 }
 
 void PlatformIndependentDeviceContext_PC::MoveTo(short x, short y) {
@@ -139,18 +258,7 @@ void PlatformIndependentDeviceContext_PC::LineTo(short x, short y) {
 }
 
 void PlatformIndependentDeviceContext_PC::FlushLines() {
-    if (lines_.size() > 1 && HasPen()) {
-        if (raster_ && IsThinPen()) {
-            DashPattern pattern = NewPattern();
-            std::uint32_t const color = ToPixel(penColor_);
-            for (std::size_t i = 1; i < lines_.size(); ++i)
-                raster_->Line(lines_[i - 1].x(), lines_[i - 1].y(), lines_[i].x(), lines_[i].y(), color,
-                              pattern);
-        } else {
-            UsePen(Qt::RoundJoin);
-            Painter().drawPolyline(lines_.data(), static_cast<int>(lines_.size()));
-        }
-    }
+    if (lines_.size() > 1 && HasPen()) DrawLines(lines_);
     // The current position stays where the last line ended.
     if (lines_.size() > 1) lines_.erase(lines_.begin(), lines_.end() - 1);
 }
@@ -158,38 +266,94 @@ void PlatformIndependentDeviceContext_PC::FlushLines() {
 void PlatformIndependentDeviceContext_PC::DrawLine(short x1, short y1, short x2, short y2) {
     FlushLines();
     if (!HasPen() || (x1 == x2 && y1 == y2)) return;
-    if (raster_ && IsThinPen()) {
+    QPoint const ends[] = {{x1, y1}, {x2, y2}};
+    DrawLines(ends);
+}
+
+void PlatformIndependentDeviceContext_PC::DrawLines(std::span<QPoint const> points) {
+    PixelSurface* const pixels = Pixels();
+    bool const isStraight = points.size() == 2 && IsParallelToAxis(points[0], points[1]);
+    if (pixels && IsThinPen()) {
         DashPattern pattern = NewPattern();
-        raster_->Line(x1, y1, x2, y2, ToPixel(penColor_), pattern);
+        std::uint32_t const color = ToPixel(penColor_);
+        int const size = PenSize();
+        PixelPoint from{grid_.X(points[0].x()), grid_.Y(points[0].y())};
+        for (QPoint const& point : points.subspan(1)) {
+            PixelPoint const to{grid_.X(point.x()), grid_.Y(point.y())};
+            pixels->Line(from, to, size, color, pattern);
+            from = to;
+        }
         return;
     }
-    UsePen(Qt::RoundJoin);
-    Painter().drawLine(x1, y1, x2, y2);
+    if (pixels && isStraight && penStyle_ == solid) {
+        DrawWideLine(*pixels, points[0], points[1]);
+        return;
+    }
+    QPainter& painter = PainterWithPen(Qt::RoundJoin, false);
+    std::vector<QPointF> middles;
+    middles.reserve(points.size());
+    for (QPoint const& point : points) middles.push_back(PenMiddle(point));
+    if (isStraight && !HasGrid()) {
+        // From edge to edge, as a pen without an end of its own draws it.
+        bool const isLevel = IsLevel(points[0], points[1]);
+        for (std::size_t i = 0; i < 2; ++i)
+            (isLevel ? middles[i].rx() : middles[i].ry()) = isLevel ? points[i].x() : points[i].y();
+    }
+    painter.drawPolyline(middles.data(), static_cast<int>(middles.size()));
+}
+
+void PlatformIndependentDeviceContext_PC::DrawWideLine(PixelSurface& pixels, QPoint from, QPoint to) {
+    long const before = penWidth_ / 2;
+    int const size = PenSize();
+    int const step = grid_.Thickness(1);
+    // The ends are those of a pen of one pixel.
+    auto const ends = [step](int first, int last) {
+        return first < last ? std::pair(first, last) : std::pair(last + step, first + step);
+    };
+    if (IsLevel(from, to)) {
+        auto const [left, right] = ends(grid_.X(from.x()), grid_.X(to.x()));
+        int const top = grid_.Y(from.y() - before);
+        pixels.FillBox({left, top, right, top + size}, ToPixel(penColor_));
+    } else {
+        auto const [top, bottom] = ends(grid_.Y(from.y()), grid_.Y(to.y()));
+        int const left = grid_.X(from.x() - before);
+        pixels.FillBox({left, top, left + size, bottom}, ToPixel(penColor_));
+    }
+}
+
+PixelBox PlatformIndependentDeviceContext_PC::OuterBox(short left, short top, short right,
+                                                       short bottom) const {
+    // The pen of the last row and column ends that far behind them.
+    long const before = HasPen() ? penWidth_ / 2 : 0;
+    long const behind = HasPen() ? (penWidth_ - 1) / 2 : 0;
+    return {grid_.X(left - before), grid_.Y(top - before), grid_.X(right + behind), grid_.Y(bottom + behind)};
 }
 
 void PlatformIndependentDeviceContext_PC::DrawRectangle(short left, short top, short right, short bottom) {
     FlushLines();
     if (left >= right || top >= bottom || !HasPen()) return;
-    if (raster_ && IsThinPen() && penStyle_ == solid) {
+    PixelSurface* const pixels = Pixels();
+    if (pixels && penStyle_ == solid) {
         std::uint32_t const color = ToPixel(penColor_);
-        raster_->FillBox({left, top, right, top + 1}, color);
-        raster_->FillBox({left, bottom - 1, right, bottom}, color);
-        raster_->FillBox({left, top, left + 1, bottom}, color);
-        raster_->FillBox({right - 1, top, right, bottom}, color);
+        PixelBox const box = OuterBox(left, top, right, bottom);
+        int const across = std::min(PenSize(), box.right - box.left);
+        int const down = std::min(PenSize(), box.bottom - box.top);
+        pixels->FillBox({box.left, box.top, box.right, box.top + down}, color);
+        pixels->FillBox({box.left, box.bottom - down, box.right, box.bottom}, color);
+        pixels->FillBox({box.left, box.top, box.left + across, box.bottom}, color);
+        pixels->FillBox({box.right - across, box.top, box.right, box.bottom}, color);
         return;
     }
-    UsePen(Qt::MiterJoin);
-    UseBrush(false);
-    Painter().drawRect(left, top, right - left - 1, bottom - top - 1);
+    PainterWithPen(Qt::MiterJoin, false).drawRect(FigureBox({left, top}, {right - 1, bottom - 1}));
 }
 
 void PlatformIndependentDeviceContext_PC::FillRectangle(short left, short top, short right, short bottom) {
     FlushLines();
     if (left >= right || top >= bottom) return;
-    if (raster_)
-        raster_->FillBox({left, top, right, bottom}, ToPixel(brushColor_));
+    if (PixelSurface* const pixels = Pixels())
+        pixels->FillBox({grid_.X(left), grid_.Y(top), grid_.X(right), grid_.Y(bottom)}, ToPixel(brushColor_));
     else
-        Painter().fillRect(left, top, right - left, bottom - top, ToColor(brushColor_));
+        Painter(Space::Part).fillRect(left, top, right - left, bottom - top, ToColor(brushColor_));
     DrawRectangle(left, top, right, bottom);
 }
 
@@ -205,16 +369,20 @@ void PlatformIndependentDeviceContext_PC::Ellipse(short left, short top, short r
             DrawRectangle(left, top, right, bottom);
         return;
     }
-    if (raster_ && (penStyle_ == solid || !HasPen())) {
+    PixelSurface* const pixels = Pixels();
+    if (pixels && (penStyle_ == solid || !HasPen())) {
+        // The odd pixel of an even width lies outside on every side.
+        long const before = HasPen() ? penWidth_ / 2 : 0;
+        PixelBox const box{grid_.X(left - before), grid_.Y(top - before), grid_.X(right + before),
+                           grid_.Y(bottom + before)};
         auto const& figure =
-            EllipseFigure(right - left, bottom - top, HasPen() ? static_cast<int>(penWidth_) : 0, filled);
-        raster_->Figure(figure, left, top, ToPixel(penColor_), ToPixel(brushColor_));
+            EllipseFigure(box.right - box.left, box.bottom - box.top, HasPen() ? PenSize() : 0, filled);
+        pixels->Figure(figure, box.left, box.top, ToPixel(penColor_), ToPixel(brushColor_));
         return;
     }
-    UsePen(Qt::RoundJoin);
-    UseBrush(filled);
     int const inset = HasPen() ? 1 : 0;
-    Painter().drawEllipse(left, top, right - left - inset, bottom - top - inset);
+    PainterWithPen(Qt::RoundJoin, filled)
+        .drawEllipse(FigureBox({left, top}, {right - inset, bottom - inset}));
 }
 
 void PlatformIndependentDeviceContext_PC::DrawEllipse(short left, short top, short right, short bottom) {
@@ -229,35 +397,49 @@ void PlatformIndependentDeviceContext_PC::DrawArc(short cx, short cy, short radi
                                                   float sweepAngle) {
     FlushLines();
     if (radius <= 0 || !HasPen()) return;
-    UsePen(Qt::RoundJoin);
-    Painter().drawArc(cx - radius, cy - radius, 2 * radius, 2 * radius, qRound(startAngle * 16),
-                      qRound(sweepAngle * 16));
+    PainterWithPen(Qt::RoundJoin, false)
+        .drawArc(FigureBox({cx - radius, cy - radius}, {cx + radius, cy + radius}), qRound(startAngle * 16),
+                 qRound(sweepAngle * 16));
 }
 
 void PlatformIndependentDeviceContext_PC::FillPie(short cx, short cy, short radius, float startAngle,
                                                   float sweepAngle) {
     FlushLines();
     if (radius <= 0) return;
-    UsePen(Qt::RoundJoin);
-    UseBrush(true);
+    QPainter& painter = PainterWithPen(Qt::RoundJoin, true);
+    QRectF const box = FigureBox({cx - radius, cy - radius}, {cx + radius, cy + radius});
     // A full circle has no radii to outline.
     if (sweepAngle >= 360 || sweepAngle <= -360)
-        Painter().drawEllipse(cx - radius, cy - radius, 2 * radius, 2 * radius);
+        painter.drawEllipse(box);
     else
-        Painter().drawPie(cx - radius, cy - radius, 2 * radius, 2 * radius, qRound(startAngle * 16),
-                          qRound(sweepAngle * 16));
+        painter.drawPie(box, qRound(startAngle * 16), qRound(sweepAngle * 16));
 }
 
 void PlatformIndependentDeviceContext_PC::Polygon(Points const& points, bool filled) {
     FlushLines();
     if (points.GetSize() == 0) return;
     std::vector<QPoint> corners;
-    corners.reserve(points.GetSize());
+    corners.reserve(points.GetSize() + 1);
     for (auto const& point : points)
-        corners.emplace_back(static_cast<int>(point.first), static_cast<int>(point.second));
-    UsePen(Qt::MiterJoin);
-    UseBrush(filled);
-    Painter().drawPolygon(corners.data(), static_cast<int>(corners.size()));
+        corners.emplace_back(ToCoordinate(point.first), ToCoordinate(point.second));
+    PixelSurface* const pixels = Pixels();
+    if (pixels && filled) {
+        std::vector<PixelPoint> places;
+        places.reserve(corners.size());
+        for (QPoint const& corner : corners) places.push_back({grid_.X(corner.x()), grid_.Y(corner.y())});
+        pixels->Polygon(places, ToPixel(brushColor_));
+    }
+    if (pixels && !HasPen()) return;
+    if (pixels && IsThinPen()) {
+        corners.push_back(corners.front());
+        DrawLines(corners);
+        return;
+    }
+    QPainter& painter = PainterWithPen(Qt::MiterJoin, filled && !pixels);
+    std::vector<QPointF> middles;
+    middles.reserve(corners.size());
+    for (QPoint const& corner : corners) middles.push_back(HasPen() ? PenMiddle(corner) : QPointF(corner));
+    painter.drawPolygon(middles.data(), static_cast<int>(middles.size()));
 }
 
 void PlatformIndependentDeviceContext_PC::DrawPolygon(Points points) { Polygon(points, false); }
@@ -268,29 +450,41 @@ void PlatformIndependentDeviceContext_PC::DrawImage(short x, short y, String con
     if (!Utilities::NamingService::Instance()->IsRegistered("ImageService")) return;
     auto const images = Utilities::ResolveComponent<ImageServiceInterface>("ImageService");
     auto const bitmap = images->GetBitmap(imageName);
-    if (auto* const picture = dynamic_cast<Picture_PC*>(bitmap.Get())) picture->DrawBitmap(x, y, Painter());
+    if (auto* const picture = dynamic_cast<Picture_PC*>(bitmap.Get())) {
+        QPainter& painter = PainterAt(x, y);
+        picture->DrawBitmap(0, 0, painter);
+    }
+}
+
+QPainter& PlatformIndependentDeviceContext_PC::PainterAt(short x, short y) {
+    QPainter& painter = Painter(Space::Part);
+    // What the platform draws is scaled by it, but begins on a whole pixel of the device.
+    if (painterHasPixels_)
+        painter.setWorldTransform(QTransform(grid_.scale, 0, 0, grid_.scale, grid_.X(x), grid_.Y(y)) *
+                                  toDevice_);
+    else
+        painter.translate(x, y);
+    space_ = Space::Unknown;
+    return painter;
 }
 
 void PlatformIndependentDeviceContext_PC::DrawText(short x, short y, String const& text) {
     FlushLines();
     if (text.Length() == 0) return;
     QFont const& font = GetFont();
-    Painter().setFont(font);
-    Painter().setPen(ToColor(textColor_));
-    int const ascent = QFontMetrics(font, &device_).ascent();
-    if (escapement_ == 0) {
-        Painter().drawText(x, y + ascent, ToPlatformText(text));
-        return;
-    }
-    Painter().save();
-    Painter().translate(x, y);
-    Painter().rotate(-escapement_);
-    Painter().drawText(0, ascent, ToPlatformText(text));
-    Painter().restore();
+    QPainter& painter = PainterAt(x, y);
+    painter.setFont(font);
+    painter.setPen(ToColor(textColor_));
+    if (escapement_ != 0) painter.rotate(-escapement_);
+    // The base line lies on a whole pixel of the device, too.
+    double const ascent = QFontMetrics(font, device_).ascent();
+    double const baseLine =
+        painterHasPixels_ ? DeviceGrid::Nearest(ascent * grid_.scale) / grid_.scale : ascent;
+    painter.drawText(QPointF(0, baseLine), ToPlatformText(text));
 }
 
 void PlatformIndependentDeviceContext_PC::GetTextExtent(String const& text, long& width, long& height) {
-    QFontMetrics const metrics(GetFont(), &device_);
+    QFontMetrics const metrics(GetFont(), device_);
     width = text.Length() == 0 ? 0 : metrics.horizontalAdvance(ToPlatformText(text));
     height = metrics.height();
 }

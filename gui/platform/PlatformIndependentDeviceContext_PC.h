@@ -1,36 +1,68 @@
 #pragma once
 
 #include "gui/elements/PlatformIndependentDeviceContext.h"
+#include "gui/platform/DeviceGrid.h"
+#include "gui/platform/PainterSurface_PC.h"
 #include "gui/platform/RasterSurface.h"
 
 #include <QFont>
 #include <QPainter>
+#include <QRegion>
+#include <QTransform>
 #include <optional>
+#include <span>
 #include <vector>
 
 class QImage;
 
 namespace GUI {
 
+/// A part of a surface, in the surface's logical pixels.
+struct SurfacePart {
+    /// Where (0, 0) of the drawing lies.
+    QPoint origin;
+    /// Not relative to the origin. May have several rectangles; an empty one lets nothing through.
+    QRegion clip;
+};
+
+/// The memory behind a surface as `QPaintDevice::redirected` gives it inside a paint: an image, and which
+/// place of the surface the image's first pixel shows. Without an image, or with one that hasn't 32 bits a
+/// pixel, the painter draws.
+struct SurfaceBacking {
+    QImage* image = nullptr;
+    QPoint offset;
+};
+
 /// The device context around a platform paint device, made on the stack for the length of one paint.
 ///
-/// Where the pixels behind the device can be reached, one-pixel figures are drawn straight into them;
-/// elsewhere (scaled screens, printers, recorded pictures) the platform's painter draws the same
-/// figures as well as it can.
+/// It draws on a part of a surface: coordinates are relative to the part's origin, and nothing is drawn
+/// outside its clip. Edges and pens of the device's own pixels are placed by `DeviceGrid`: of boxes, lines
+/// parallel to an axis, ellipses and polygons every pixel is exact on every screen, at every scale. Thin
+/// figures and boxes are drawn straight into the memory behind the surface where it can be reached, and
+/// with the same pixels by the platform's painter elsewhere. On surfaces without pixels (recorded pictures,
+/// printers) the painter draws lines and curves as such.
 class PlatformIndependentDeviceContext_PC : public PlatformIndependentDeviceContext {
 public:
-    /// Pixels that may be written directly: an image of 32 bits a pixel, where the surface's origin lies
-    /// in it, and the part that may be drawn, in the surface's coordinates.
+    /// All of a surface.
+    explicit PlatformIndependentDeviceContext_PC(QPaintDevice& surface);
+    PlatformIndependentDeviceContext_PC(QPaintDevice& surface, SurfacePart const& part,
+                                        SurfaceBacking const& backing = {});
+    /// Draws through a painter that is already active, and leaves its state as it was. The part's
+    /// coordinates are the painter's. What the painter is clipped to is not known where the memory is
+    /// written directly: with a backing the part's clip alone limits the drawing.
+    PlatformIndependentDeviceContext_PC(QPainter& painter, SurfacePart const& part,
+                                        SurfaceBacking const& backing = {});
+    /// On an image every pixel is reachable.
+    explicit PlatformIndependentDeviceContext_PC(QImage& image);
+
+    /// Pixels that may be written directly: the image, where the surface's origin lies in it, and the part
+    /// that may be drawn, in the surface's coordinates.
     struct DirectPixels {
         QImage* image;
         QPoint origin;
         QRect clip;
     };
-
-    explicit PlatformIndependentDeviceContext_PC(QPaintDevice& device,
-                                                 std::optional<DirectPixels> const& pixels = {});
-    /// On an image every pixel is reachable.
-    explicit PlatformIndependentDeviceContext_PC(QImage& image);
+    PlatformIndependentDeviceContext_PC(QPaintDevice& surface, std::optional<DirectPixels> const& pixels);
     ~PlatformIndependentDeviceContext_PC() override;
 
     RGBVector SetBackgroundColor(RGBVector const& color) override;
@@ -54,25 +86,59 @@ public:
     void DrawText(short x, short y, Utilities::String const& text) override;
     void GetTextExtent(Utilities::String const& text, long& width, long& height) override;
 
-    /// For `_PC` files that draw what has no operation of its own. What was begun is finished first.
+    /// For `_PC` files that draw what has no operation of its own, in the part's coordinates and clip. What
+    /// was begun is finished first. The painter may be left in any state.
     QPainter& GetPainter();
 
 private:
+    /// The coordinates that the painter is set to.
+    enum class Space : std::uint8_t { Unknown, Part, Device };
+
     bool HasPen() const { return penStyle_ != noPen; }
     bool IsThinPen() const { return penWidth_ <= 1; }
+    int PenSize() const { return grid_.Thickness(penWidth_); }
+    /// Whether places are pixels of the device; else they are the surface's coordinates.
+    bool HasGrid() { return Pixels() != nullptr; }
     DashPattern NewPattern() const;
+
+    void SetBacking(SurfaceBacking const& backing);
+    void StartPainter();
+    QPainter& Painter(Space space);
+    /// Null where there are no pixels.
+    PixelSurface* Pixels();
+
     void FlushLines();
-    QPainter& Painter();
+    void DrawLines(std::span<QPoint const> points);
+    /// A solid line parallel to an axis.
+    void DrawWideLine(PixelSurface& pixels, QPoint from, QPoint to);
     void Ellipse(short left, short top, short right, short bottom, bool filled);
     void Polygon(Points const& points, bool filled);
-    void UsePen(Qt::PenJoinStyle joins);
-    void UseBrush(bool filled);
+    /// The box of a rectangle with its outline, in pixels of the device.
+    PixelBox OuterBox(short left, short top, short right, short bottom) const;
+
+    /// The painter with pen and brush, for what it draws by itself; and the places for it: where the middle
+    /// of the pen goes at a place, and the box of a figure from its first to its last row and column.
+    QPainter& PainterWithPen(Qt::PenJoinStyle joins, bool filled);
+    QPointF PenMiddle(QPoint at);
+    QRectF FigureBox(QPoint topLeft, QPoint last);
+    /// The painter with (x, y) as its origin.
+    QPainter& PainterAt(short x, short y);
     QFont const& GetFont();
 
-    QPaintDevice& device_;
-    /// Made when it is needed: a pane of plain figures does without.
-    std::optional<QPainter> painter_;
+    QPaintDevice* device_;
+    std::optional<SurfacePart> part_;
+    DeviceGrid grid_;
     std::optional<RasterSurface> raster_;
+    /// Made when it is needed: a pane of plain figures does without.
+    std::optional<QPainter> ownPainter_;
+    QPainter* painter_ = nullptr;
+    bool painterStarted_ = false;
+    /// Whether the painter draws pixels that the grid can be laid over.
+    bool painterHasPixels_ = false;
+    std::optional<PainterSurface> painterSurface_;
+    Space space_ = Space::Unknown;
+    QTransform toPart_;
+    QTransform toDevice_;
     RGBVector penColor_;
     RGBVector brushColor_;
     RGBVector textColor_;

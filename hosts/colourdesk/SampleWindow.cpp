@@ -93,8 +93,6 @@ Anything SampleWindow::GetCurveValue(String const& key) const {
     if (key == "XScaleEnd") return 730.0;
     if (key == "YScaleBegin") return 0.0;
     if (key == "YScaleEnd") return reflectanceEnd_;
-    if (key == "XScaleDrawLines") return 20.0;
-    if (key == "YScaleDrawLines") return 0.2;
     if (key == "XValueBegin" || key == "ValueBegin") return "380";
     if (key == "DeltaXValue" || key == "ValueStep") return "10";
     if (key == "ActiveCurve") return static_cast<short>(selected_);
@@ -161,10 +159,6 @@ Anything SampleWindow::GetSpot(long sample) const {
 Anything SampleWindow::GetDetail(String const& element, String const& key) const {
     if (element == "ColourDesk" && key == "Caption")
         return LanguageServiceInterface::GetTranslation("Colour Desk") + " \u2013 " + document_.GetFileName();
-    if (element == "LabTitle" && key == "Caption") {
-        return LanguageServiceInterface::GetTranslation("a* to the right, b* upward") + " (\u00B1" +
-               String(labRange_) + ")";
-    }
     if (selected_ < 0) return {};
     ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(selected_)];
     if (element == "SelectedColour") return key == "ColorValue" ? shown.color.GetAnything() : Anything();

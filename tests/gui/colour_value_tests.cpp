@@ -73,6 +73,16 @@ TEST(SpectrumColor, ScreenValuesAreTruncatedAndNotClamped) {
     EXPECT_EQ(SpectrumColor(Ramp(2, 0)).GetRGB(), RGBVector(345 - 256, 345 - 256, 345 - 256));
 }
 
+TEST(RGBVector, SaysWhetherTheScreenCanShowIt) {
+    Utilities::Anything::MapOfAnythings record;
+    for (char const* channel : {"Red", "Green", "Blue"}) record[channel] = short{9};
+    EXPECT_TRUE(RGBVector(Utilities::Anything(record)).IsInGamut()) << "nothing is said";
+    record["IsInScreenGamut"] = false;
+    RGBVector const color{Utilities::Anything(record)};
+    EXPECT_FALSE(color.IsInGamut());
+    EXPECT_FALSE(color.GetAnything().GetMapOfAnythings()["IsInScreenGamut"].GetBool());
+}
+
 TEST(ScreenRGB, GivesTheRecordOfAPatchWithItsGamutFlag) {
     namespace Cxf = Norvelian::ColorExchangeFormat;
     Tintorium::ScreenRGB const screen;

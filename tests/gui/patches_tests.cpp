@@ -76,6 +76,56 @@ TEST_F(PatchTest, PaintsItsShape) {
     EXPECT_TRUE(square.GetFrame());
 }
 
+TEST_F(PatchTest, MarksBesideItsColour) {
+    Color(9, 9, 9);
+    source.values[{"P", "IsActive"}] = true;
+    struct {
+        char const* type;
+        std::vector<std::string> shape;
+    } const rows[] = {
+        {"CirclePatch",
+         {"FillEllipse 6 6 34 34", "SetPen 0,0,0 2 0", "DrawEllipse 1 1 39 39", "SetPen 255,255,255 2 0",
+          "DrawEllipse 3 3 37 37"}},
+        {"SmallPatch",
+         {"FillRectangle 6 6 54 34", "SetPen 0,0,0 2 0", "DrawRectangle 1 1 60 40", "SetPen 255,255,255 2 0",
+          "DrawRectangle 3 3 58 38"}},
+        {"SquarePatch",
+         {"FillRectangle 6 6 54 34", "SetPen 0,0,0 2 0", "DrawRectangle 1 1 60 40", "SetPen 255,255,255 2 0",
+          "DrawRectangle 3 3 58 38"}},
+    };
+    for (auto const& row : rows) {
+        Patch& patch = Make(row.type, {{"MarkOutside", "Yes"}, {"SurroundColor", "200,201,202"}});
+        patch.SetSize(60, 40);
+        if (std::string(row.type) == "SquarePatch") patch.OnSelectionChanged("PropertyInspector", true);
+        std::vector<std::string> expected{"SetBrush 200,201,202",    "SetPen 200,201,202 3 0",
+                                          "FillRectangle 0 0 60 40", "SetPen 9,9,9 0 0",
+                                          "SetBrush 9,9,9",          "SetBackgroundColor 9,9,9"};
+        expected.insert(expected.end(), row.shape.begin(), row.shape.end());
+        EXPECT_EQ(Paint(), expected) << row.type;
+        patch.SetSize(12, 8);
+        EXPECT_THAT(Paint("SetPen"), Contains("SetPen 255,255,255 1 0"))
+            << row.type << ", thinner when small";
+        patch.SetSize(5, 5);
+        EXPECT_THAT(Paint("SetPen"), Not(Contains("SetPen 255,255,255 1 0"))) << row.type << ", no room";
+        patch.OnSelectionChanged("PropertyInspector", false);
+    }
+    source.values[{"P", "BitmapOnly"}] = true;
+    Make("CirclePatch", {{"MarkOutside", "Yes"}});
+    EXPECT_EQ(Paint("FillEllipse").size(), 0U);
+    EXPECT_EQ(Paint("DrawEllipse").size(), 2U);
+}
+
+TEST_F(PatchTest, ShowsAnotherColourAtAnUpdateIfAskedTo) {
+    for (char const* const type : {"SmallPatch", "SquarePatch"}) {
+        Make(type);
+        EXPECT_FALSE(source.GetCallback("P", "OnUpdate").IsValid()) << type;
+        Make(type, {{"Updates", "Yes"}});
+        EXPECT_TRUE(source.GetCallback("P", "OnUpdate").IsValid()) << type;
+        element = nullptr;
+        EXPECT_FALSE(source.GetCallback("P", "OnUpdate").IsValid()) << type;
+    }
+}
+
 TEST_F(PatchTest, ShowsItsBackgroundWithoutAColour) {
     std::pair<char const*, char const*> const rows[] = {{"Patch", "SetBrush 0,0,0"},
                                                         {"CirclePatch", "SetBrush 100,100,100"},

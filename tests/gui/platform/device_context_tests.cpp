@@ -1,12 +1,11 @@
 // The drawing conventions, pixel by pixel, of the direct path and of the platform's painter.
+#include "gui/platform/Fonts_PC.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
+#include "tests/gui/platform/PixelRows.h"
 #include "tests/support/QtApplication.h"
 
 #include <QImage>
-#include <QPicture>
-#include <functional>
 #include <gtest/gtest.h>
-#include <string>
 #include <vector>
 
 namespace {
@@ -14,48 +13,17 @@ namespace {
 using GUI::PlatformIndependentDeviceContext;
 using GUI::PlatformIndependentDeviceContext_PC;
 using GUI::RGBVector;
-using Drawing = std::function<void(PlatformIndependentDeviceContext&)>;
-using Rows = std::vector<std::string>;
+using namespace TestSupport;
 
 testing::Environment* const application = testing::AddGlobalTestEnvironment(new Tests::QtApplication);
 
-RGBVector const penColor(200, 0, 0);
-RGBVector const brushColor(0, 0, 200);
-
-/// '#' is the pen, '+' the brush, '.' what was there before, '?' anything else.
-Rows ToRows(QImage const& image) {
-    Rows rows;
-    for (int y = 0; y < image.height(); ++y) {
-        std::string row;
-        for (int x = 0; x < image.width(); ++x) {
-            QRgb const pixel = image.pixel(x, y);
-            row += pixel == 0xffffffff        ? '.'
-                   : pixel == qRgb(200, 0, 0) ? '#'
-                   : pixel == qRgb(0, 0, 200) ? '+'
-                                              : '?';
-        }
-        rows.push_back(row);
-    }
-    return rows;
-}
-
-enum class Path { Direct, Painter };
-
-QImage Draw(int width, int height, Path path, Drawing const& drawing) {
+QImage Draw(int width, int height, Drawing const& drawing) {
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(Qt::white);
-    auto const run = [&drawing](PlatformIndependentDeviceContext& context) {
-        context.SetPen(penColor, 1, PlatformIndependentDeviceContext::solid);
-        context.SetBrush(brushColor);
-        drawing(context);
-    };
-    if (path == Path::Direct) {
-        PlatformIndependentDeviceContext_PC context(image);
-        run(context);
-    } else {
-        PlatformIndependentDeviceContext_PC context(static_cast<QPaintDevice&>(image));
-        run(context);
-    }
+    PlatformIndependentDeviceContext_PC context(image);
+    context.SetPen(penColor, 1, PlatformIndependentDeviceContext::solid);
+    context.SetBrush(brushColor);
+    drawing(context);
     return image;
 }
 
@@ -148,33 +116,16 @@ TEST(DeviceContext, DrawsFiguresToThePixel) {
         SCOPED_TRACE(figure.name);
         int const width = static_cast<int>(figure.expected.front().size());
         int const height = static_cast<int>(figure.expected.size());
-        EXPECT_EQ(ToRows(Draw(width, height, Path::Direct, figure.draw)), figure.expected);
+        EXPECT_EQ(ToRows(Draw(width, height, figure.draw)), figure.expected);
     }
-}
-
-TEST(DeviceContext, BothPathsDrawTheSameRectangles) {
-    for (long const width : {0L, 1L, 2L, 3L, 5L})
-        for (short const size : {short{3}, short{8}, short{13}, short{40}})
-            for (long const style :
-                 {PlatformIndependentDeviceContext::solid, PlatformIndependentDeviceContext::noPen}) {
-                SCOPED_TRACE(testing::Message() << "pen " << width << " style " << style << " size " << size);
-                Drawing const draw = [=](PlatformIndependentDeviceContext& dc) {
-                    dc.SetPen(penColor, width, style);
-                    dc.FillRectangle(6, 6, static_cast<short>(6 + size), static_cast<short>(4 + size));
-                    dc.DrawRectangle(9, 6, static_cast<short>(9 + size), static_cast<short>(6 + size));
-                };
-                EXPECT_EQ(ToRows(Draw(60, 60, Path::Direct, draw)),
-                          ToRows(Draw(60, 60, Path::Painter, draw)));
-            }
 }
 
 TEST(DeviceContext, DrawsNothingOutsideTheClip) {
     QImage image(40, 40, QImage::Format_RGB32);
     image.fill(Qt::white);
     {
-        PlatformIndependentDeviceContext_PC context(
-            static_cast<QPaintDevice&>(image),
-            PlatformIndependentDeviceContext_PC::DirectPixels{&image, QPoint(10, 10), QRect(0, 0, 20, 20)});
+        PlatformIndependentDeviceContext_PC context(image, {QPoint(10, 10), QRect(10, 10, 20, 20)},
+                                                    {&image, QPoint(0, 0)});
         context.SetPen(penColor, 1, PlatformIndependentDeviceContext::solid);
         context.SetBrush(brushColor);
         context.FillRectangle(-30000, -30000, 30000, 30000);
@@ -191,7 +142,7 @@ TEST(DeviceContext, DrawsNothingOutsideTheClip) {
 }
 
 TEST(DeviceContext, BreaksLinesAndCarriesThePatternThroughCorners) {
-    auto const rows = ToRows(Draw(20, 4, Path::Direct, [](PlatformIndependentDeviceContext& dc) {
+    auto const rows = ToRows(Draw(20, 4, [](PlatformIndependentDeviceContext& dc) {
         dc.SetPen(penColor, 1, PlatformIndependentDeviceContext::dotted);
         dc.MoveTo(0, 0);
         dc.LineTo(14, 0);
@@ -204,7 +155,7 @@ TEST(DeviceContext, BreaksLinesAndCarriesThePatternThroughCorners) {
 TEST(DeviceContext, MeasuresAndPlacesText) {
     long width = 1;
     long height = 0;
-    QImage const image = Draw(80, 30, Path::Direct, [&](PlatformIndependentDeviceContext& dc) {
+    QImage const image = Draw(80, 30, [&](PlatformIndependentDeviceContext& dc) {
         EXPECT_EQ(dc.SetTextColor(penColor), RGBVector(0, 0, 0));
         EXPECT_EQ(dc.SetTextColor(penColor), penColor);
         dc.SetFont(8, 0, 0, "Arial", 0);
@@ -231,27 +182,19 @@ TEST(DeviceContext, MeasuresAndPlacesText) {
     EXPECT_GE(right, 10 + width - 4);
 }
 
-TEST(DeviceContext, DrawsIntoARecordingToo) {
-    QPicture picture;
-    {
-        PlatformIndependentDeviceContext_PC context(picture);
-        context.SetPen(penColor, 1, PlatformIndependentDeviceContext::solid);
-        context.SetBrush(brushColor);
-        context.FillRectangle(1, 0, 6, 3);
-    }
-    QImage image(7, 3, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter(&image).drawPicture(0, 0, picture);
-    EXPECT_EQ(ToRows(image), (Rows{".#####.", ".#+++#.", ".#####."}));
+TEST(DeviceContext, TakesPositiveHeightsForPointsAndNegativeOnesForPixels) {
+    std::pair<short, int> const rows[] = {{-12, 12}, {-5, 5}, {9, 12}, {12, 16}, {3, 11}, {0, 11}};
+    for (auto const& [height, pixels] : rows)
+        EXPECT_EQ(GUI::FindFont(height, 0, "Arial", false).pixelSize(), pixels) << height;
 }
 
 TEST(DeviceContext, AFullPieIsADisc) {
-    auto const disc = Draw(30, 30, Path::Direct,
-                           [](PlatformIndependentDeviceContext& dc) { dc.FillPie(15, 15, 10, 30, 360); });
+    auto const disc =
+        Draw(30, 30, [](PlatformIndependentDeviceContext& dc) { dc.FillPie(15, 15, 10, 30, 360); });
     EXPECT_EQ(disc.pixel(15, 15), qRgb(0, 0, 200));
     EXPECT_EQ(disc.pixel(20, 15), qRgb(0, 0, 200)) << "no radius is drawn";
-    auto const quarter = Draw(30, 30, Path::Direct,
-                              [](PlatformIndependentDeviceContext& dc) { dc.FillPie(15, 15, 10, 0, 90); });
+    auto const quarter =
+        Draw(30, 30, [](PlatformIndependentDeviceContext& dc) { dc.FillPie(15, 15, 10, 0, 90); });
     EXPECT_EQ(quarter.pixel(19, 11), qRgb(0, 0, 200)) << "counter-clockwise from the x axis";
     EXPECT_EQ(quarter.pixel(19, 19), 0xffffffff);
 }

@@ -76,6 +76,22 @@ void Spots(FakeDataSource& source) {
     source.values[{"E", "SelectedSample"}] = 4L;
 }
 
+void Bars(FakeDataSource& source) {
+    source.values[{"E", "XScaleBegin"}] = 0.0;
+    source.values[{"E", "XScaleEnd"}] = 80.0;
+    source.values[{"E", "YScaleBegin"}] = -10.0;
+    source.values[{"E", "YScaleEnd"}] = 10.0;
+    source.values[{"E", "ValueBegin"}] = "5";
+    source.values[{"E", "ValueStep"}] = "10";
+    source.values[{"E", "BarWidth"}] = "6";
+    Anything::VectorOfAnythings column(9);
+    column[0] = "Differences";
+    char const* const values[] = {"3", "-4.5", "7", nullptr, "12", "-30", "0", "5"};
+    for (std::uint32_t i = 0; i < 8; ++i)
+        if (values[i]) column[i + 1] = values[i];
+    source.values[{"E", "1"}] = Anything(column);
+}
+
 std::vector<Golden> Goldens() {
     auto const color = [](unsigned char r, unsigned char g, unsigned char b, bool active) {
         return [=](FakeDataSource& source) {
@@ -93,6 +109,26 @@ std::vector<Golden> Goldens() {
          30,
          {{"Frame", "Yes"}, {"BackgroundColor", "90,90,200"}},
          {}},
+        {"bar-graph-torn-missing",
+         "BarGraph",
+         240,
+         150,
+         {{"Color", "0,90,160"}, {"ShowLimit", "Yes"}, {"ThickLineGraduation", "4"}, {"Frame", "No"}},
+         Bars,
+         "1;1-8;1"},
+        {"bar-graph-level",
+         "BarGraph",
+         150,
+         240,
+         {{"JustificationOnX", "No"}, {"Color", "160,60,0"}, {"BackgroundColor", "250,250,250"}},
+         Bars,
+         "1;1-8;1"},
+        {"circle-patch-marked-outside",
+         "CirclePatch",
+         60,
+         40,
+         {{"MarkOutside", "Yes"}, {"SurroundColor", "198,198,198"}},
+         color(200, 180, 90, true)},
         {"xy-graph-active-curve",
          "XYGraph",
          240,
@@ -105,6 +141,13 @@ std::vector<Golden> Goldens() {
          160,
          160,
          {{"SpotSize", "7"}, {"BackgroundColor", "225,225,225"}, {"Frame", "Yes"}},
+         Spots,
+         "data"},
+        {"xy-color-chart-marked-outside",
+         "XYColorChart",
+         160,
+         160,
+         {{"SpotSize", "5"}, {"BackgroundColor", "198,198,198"}, {"MarkOutside", "Yes"}},
          Spots,
          "data"},
     };

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "gui/elements/Attributes.h"
+
+/// Attributes that several patches read.
+namespace GUI::PatchAttributes {
+
+inline constexpr Attribute updates{"Updates", AttributeType::Flag, "No",
+                                   "Whether the event \"OnUpdate\" shows the colour anew"};
+inline constexpr Attribute markOutside{"MarkOutside", AttributeType::Flag, "No",
+                                       "The mark stands beside the colour in two tones, not on it"};
+inline constexpr Attribute surroundColor{"SurroundColor", AttributeType::Colour, "222,251,255",
+                                         "Around the colour"};
+
+} // namespace GUI::PatchAttributes

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace GUI {
+
+/// A box of pixels with right and bottom outside.
+struct PixelBox {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    bool IsEmpty() const { return left >= right || top >= bottom; }
+    bool Contains(int x, int y) const { return x >= left && x < right && y >= top && y < bottom; }
+};
+
+struct PixelPoint {
+    int x = 0;
+    int y = 0;
+
+    bool operator==(PixelPoint const&) const = default;
+};
+
+/// On and off lengths of a broken line in pixels, and how far into the pattern it is. A solid line has
+/// an off length of 0.
+struct DashPattern {
+    int on = 1;
+    int off = 0;
+    int phase = 0;
+};
+
+/// One row's piece of a figure: the pixels from `begin` up to `end`, with the pen or the brush.
+struct FigureSpan {
+    int y;
+    int begin;
+    int end;
+    bool pen;
+};
+
+/// Draws exact figures pixel by pixel, out of boxes. Coordinates are the device's own pixels, colours are
+/// 0xffRRGGBB.
+///
+/// It exists since the platform's painter decides for itself which end of a line it leaves out and where
+/// an outline lies.
+class PixelSurface {
+public:
+    PixelSurface() = default;
+    PixelSurface(PixelSurface const&) = default;
+    PixelSurface& operator=(PixelSurface const&) = default;
+    virtual ~PixelSurface() = default;
+
+    virtual void FillBox(PixelBox box, std::uint32_t color) = 0;
+    virtual void FillBoxes(std::span<PixelBox const> boxes, std::uint32_t color);
+    /// The pen is a square of `size` pixels. Its upper left corner moves from the first point to the last,
+    /// where nothing is drawn any more.
+    virtual void Line(PixelPoint from, PixelPoint to, int size, std::uint32_t color, DashPattern& pattern);
+    /// A figure at (x, y).
+    virtual void Figure(std::vector<FigureSpan> const& spans, int x, int y, std::uint32_t pen,
+                        std::uint32_t brush);
+    /// The pixels whose centres lie inside a polygon, by the odd-even rule; points are corners of pixels.
+    void Polygon(std::span<PixelPoint const> points, std::uint32_t color);
+
+private:
+    /// The pieces of the figure that is being drawn.
+    std::vector<PixelBox> pieces_;
+};
+
+/// Visits the places of a line's pen by Bresenham's rule, from the first up to and without the last.
+template <class Visit> void WalkLine(PixelPoint from, PixelPoint to, Visit visit) {
+    int const dx = from.x < to.x ? to.x - from.x : from.x - to.x;
+    int const dy = from.y < to.y ? from.y - to.y : to.y - from.y;
+    int const stepX = from.x < to.x ? 1 : -1;
+    int const stepY = from.y < to.y ? 1 : -1;
+    // The error term: positive leans to x, negative to y.
+    int error = dx + dy;
+    PixelPoint at = from;
+    for (int left = dx > -dy ? dx : -dy; left > 0; --left) {
+        visit(at);
+        int const doubled = 2 * error;
+        if (doubled >= dy) {
+            error += dy;
+            at.x += stepX;
+        }
+        if (doubled <= dx) {
+            error += dx;
+            at.y += stepY;
+        }
+    }
+}
+
+} // namespace GUI

@@ -1,0 +1,25 @@
+#include "gui/charts/UpdateMessage.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace GUI::UpdateMessage;
+
+TEST(UpdateMessage, TellsRowsFromSettings) {
+    std::pair<char const*, int> const rows[] = {
+        {"1", 1},      {"65535", 65535},       {"65536", 0}, {"0", 0},  {"", 0},
+        {"100000", 0}, {"XScaleDrawLines", 0}, {"1x", 0},    {"-1", 0}, {" 1", 0}};
+    for (auto const& [key, number] : rows) EXPECT_EQ(RowNumber(key), number) << key;
+}
+
+TEST(UpdateMessage, KeepsABaseFromRepainting) {
+    std::pair<Utilities::Anything, char const*> const rows[] = {{{}, "Update|NoRepaint"},
+                                                                {"", "Update|NoRepaint"},
+                                                                {"Properties", "Properties|NoRepaint"},
+                                                                {"1;2|NoRepaint", "1;2|NoRepaint"}};
+    for (auto const& [message, expected] : rows)
+        EXPECT_EQ(WithoutRepaint(message).GetString().GetStdString(), expected);
+}
+
+} // namespace
