@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cxf/SampleFile.h"
-#include "cxf/TristimException.h"
+#include "cxf/conditions/TristimException.h"
+#include "cxf/files/SampleFile.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -5,7 +5,7 @@
 #include "Utilities/ProgramDirectory.h"
 #include "Utilities/TranslationService.h"
 #include "core/base/Exceptions.h"
-#include "cxf/TristimException.h"
+#include "cxf/conditions/TristimException.h"
 #include "gui/elements/GUIDescriptionReader.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "hosts/colourdesk/SampleDocument.h"
 
 #include "core/base/String.h"
-#include "cxf/TristimService.h"
+#include "cxf/colorimetry/TristimService.h"
 
 #include <filesystem>
 

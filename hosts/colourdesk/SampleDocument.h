@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cxf/SampleFile.h"
+#include "cxf/files/SampleFile.h"
 #include "gui/elements/RGBVector.h"
 #include "gui/elements/ScreenRGB.h"
 

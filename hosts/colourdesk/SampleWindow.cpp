@@ -1,7 +1,7 @@
 #include "hosts/colourdesk/SampleWindow.h"
 
 #include "Utilities/LanguageServiceInterface.h"
-#include "cxf/Sample.h"
+#include "cxf/samples/Sample.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "cxf/Verification.h"
+#include "cxf/verification/Verification.h"
 
 #include <iostream>
 

@@ -1,0 +1,174 @@
+#include "cxf/colorimetry/TristimService.h"
+
+#include "cxf/colorimetry/DeltaE.h"
+#include "cxf/colorimetry/Resolved.h"
+#include "cxf/conditions/TristimException.h"
+
+#include <array>
+#include <cmath>
+#include <span>
+#include <utility>
+
+namespace Norvelian::Tristim {
+
+using namespace Vocabulary;
+
+namespace {
+
+NVColorVector VectorOf(ColorSpace space, Elements4 const& elements, NVMeasureConditions const& conditions) {
+    return {{elements.begin(), elements.begin() + static_cast<std::ptrdiff_t>(ElementCount(space))},
+            conditions};
+}
+
+/// A vector's colour and what it was computed for.
+struct Colour {
+    Resolved resolved;
+    XYZ xyz;
+};
+Colour ColourOf(NVColorVector const& vector) {
+    // The amounts of ink or light that a device was sent don't say what came out; what this service computed
+    // itself names its illuminant.
+    std::string const space = vector.GetMeasureConditions().GetMeasureCondition(Key::ColorSpaceType);
+    bool const stated = !vector.GetMeasureConditions().GetMeasureCondition(Key::Illumination).empty();
+    if (!stated && (space == "RGB" || space == "CMYK"))
+        throw TristimException("device values of " + space + " have no colour without a viewing condition");
+    Resolved resolved = Resolve(vector.GetMeasureConditions(), {});
+    if (resolved.delta) throw TristimException("a difference of two colours isn't a colour");
+    Elements4 elements{};
+    for (std::size_t i = 0; i < vector.GetExactValues().size(); ++i) elements[i] = vector.GetExactValues()[i];
+    XYZ const xyz = ToXYZ(resolved.space, elements, resolved.ReferenceOf());
+    return {std::move(resolved), xyz};
+}
+
+/// What `conditions` state beside the colour space must hold for the vector.
+void RequireStated(NVMeasureConditions const& conditions, NVMeasureConditions const& vector) {
+    auto const require = [](std::string const& key, std::string const& stated, std::string const& held) {
+        if (stated.empty() || stated == held || stated == "Automatic") return;
+        throw TristimException("condition " + key + " is asked to be \"" + stated +
+                               "\", but the colour was computed for \"" + held + "\"");
+    };
+    for (Text const key : {Key::Illumination, Key::Observer, Key::WhiteBase, Key::SpectrumType, Key::Filter})
+        require(key, conditions.GetMeasureCondition(key), vector.GetMeasureCondition(key));
+}
+
+NVColorVector DeltaOf(XYZ const& reference, XYZ const& sample, Resolved const& resolved) {
+    Reference const white = resolved.ReferenceOf();
+    NVMeasureConditions conditions = resolved.conditions;
+    conditions.SetMeasureCondition(Key::AbsoluteOrDeltaVector, Value::AbsoluteOrDeltaVector[1]);
+    Elements4 const one = FromXYZ(resolved.space, reference, white);
+    Elements4 const other = FromXYZ(resolved.space, sample, white);
+    return VectorOf(resolved.space, Difference(resolved.space, one, other, white), conditions);
+}
+
+DeltaEFormula FormulaOf(NVMeasureConditions const& conditions) {
+    return static_cast<DeltaEFormula>(conditions.GetChoice(Key::DeltaEFormula, Value::DeltaEFormula, 0));
+}
+
+DeltaEWeights WeightsOf(float first, float second, float third) {
+    return {static_cast<double>(first), static_cast<double>(second), static_cast<double>(third)};
+}
+
+/// Two spectra under the same conditions.
+struct Pair {
+    Resolved resolved;
+    XYZ reference;
+    XYZ sample;
+};
+Pair Reduce(NVSpectrum const& reference, NVSpectrum const& sample, NVMeasureConditions const& conditions) {
+    RequireComparable(reference.GetMeasureConditions(), sample.GetMeasureConditions());
+    Resolved resolved = Resolve(conditions, reference.GetMeasureConditions());
+    XYZ const one = resolved.Reduce(reference);
+    XYZ const other = resolved.Reduce(sample);
+    return {std::move(resolved), one, other};
+}
+
+/// Two vectors whose conditions agree with each other and with what is stated.
+Pair Reduce(NVColorVector const& reference, NVColorVector const& sample,
+            NVMeasureConditions const& conditions) {
+    Colour one = ColourOf(reference);
+    Colour const other = ColourOf(sample);
+    RequireComparable(one.resolved.conditions, other.resolved.conditions);
+    RequireStated(conditions, one.resolved.conditions);
+    return {std::move(one.resolved), one.xyz, other.xyz};
+}
+
+} // namespace
+
+NVColorVector TristimService::GetVector(NVSpectrum const& spectrum, NVMeasureConditions const& conditions) {
+    Resolved const resolved = Resolve(conditions, spectrum.GetMeasureConditions());
+    if (resolved.delta)
+        throw TristimException("a DeltaVector needs a reference and a sample; got one spectrum");
+    Elements4 const elements = FromXYZ(resolved.space, resolved.Reduce(spectrum), resolved.ReferenceOf());
+    return VectorOf(resolved.space, elements, resolved.conditions);
+}
+
+NVColorVector TristimService::GetDeltaVector(NVSpectrum const& reference, NVSpectrum const& sample,
+                                             NVMeasureConditions const& conditions) {
+    Pair const pair = Reduce(reference, sample, conditions);
+    return DeltaOf(pair.reference, pair.sample, pair.resolved);
+}
+
+NVColorVector TristimService::GetDeltaVector(NVColorVector const& reference, NVColorVector const& sample,
+                                             NVMeasureConditions const& conditions) {
+    Pair pair = Reduce(reference, sample, conditions);
+    if (!conditions.GetMeasureCondition(Key::ColorSpaceType).empty()) {
+        std::size_t const space = conditions.GetChoice(Key::ColorSpaceType, Value::ColorSpaceType, 0);
+        pair.resolved.space = static_cast<ColorSpace>(space);
+        pair.resolved.conditions.SetMeasureCondition(Key::ColorSpaceType, Value::ColorSpaceType[space]);
+    }
+    return DeltaOf(pair.reference, pair.sample, pair.resolved);
+}
+
+float TristimService::GetDeltaE(NVSpectrum const& reference, NVSpectrum const& sample,
+                                NVMeasureConditions const& conditions, float weight1, float weight2,
+                                float weight3) {
+    Pair const pair = Reduce(reference, sample, conditions);
+    return static_cast<float>(DeltaE(FormulaOf(conditions), pair.reference, pair.sample,
+                                     pair.resolved.weights->white, WeightsOf(weight1, weight2, weight3)));
+}
+
+float TristimService::GetDeltaE(NVColorVector const& reference, NVColorVector const& sample,
+                                NVMeasureConditions const& conditions, float weight1, float weight2,
+                                float weight3) {
+    Pair const pair = Reduce(reference, sample, conditions);
+    return static_cast<float>(DeltaE(FormulaOf(conditions), pair.reference, pair.sample,
+                                     pair.resolved.weights->white, WeightsOf(weight1, weight2, weight3)));
+}
+
+NVColorVector TristimService::Convert(NVColorVector const& vector, NVMeasureConditions const& conditions) {
+    Colour const colour = ColourOf(vector);
+    RequireStated(conditions, colour.resolved.conditions);
+    NVMeasureConditions target = colour.resolved.conditions;
+    std::size_t const space = conditions.GetChoice(Key::ColorSpaceType, Value::ColorSpaceType, 0);
+    target.SetMeasureCondition(Key::ColorSpaceType, Value::ColorSpaceType[space]);
+    auto const wanted = static_cast<ColorSpace>(space);
+    return VectorOf(wanted, FromXYZ(wanted, colour.xyz, colour.resolved.ReferenceOf()), target);
+}
+
+std::vector<std::string> TristimService::GetSupportedValues(std::string const& key) {
+    static std::array<std::pair<std::string_view, std::span<Text const>>, 14> const tables{{
+        {Key::Illumination, Value::Illumination},
+        {Key::Observer, Value::Observer},
+        {Key::WhiteBase, Value::WhiteBase},
+        {Key::DensityStandard, Value::DensityStandard},
+        {Key::DensityFilterMode, Value::DensityFilterMode},
+        {Key::Filter, Value::Filter},
+        {Key::NumberOfDataPointsSpectrum, Value::NumberOfDataPointsSpectrum},
+        {Key::WavelengthSpectrumMax, Value::WavelengthSpectrumMax},
+        {Key::WavelengthSpectrumMin, Value::WavelengthSpectrumMin},
+        {Key::SpectrumType, Value::SpectrumType},
+        {Key::ColorSpaceType, Value::ColorSpaceType},
+        {Key::AbsoluteOrDeltaVector, Value::AbsoluteOrDeltaVector},
+        {Key::DeltaEFormula, Value::DeltaEFormula},
+        {Key::FluorescentType, Value::FluorescentType},
+    }};
+    for (auto const& [name, values] : tables)
+        if (name == key) return {values.begin(), values.end()};
+    for (Text const free :
+         {Key::ColorTemperature, Key::UserIllumination, Key::PaperSpectrum, Key::UserFilterBlack,
+          Key::UserFilterCyan, Key::UserFilterMagenta, Key::UserFilterYellow, Key::Method, Key::Resampling})
+        if (key == free) return {};
+    throw TristimException("there is no condition \"" + key + "\"");
+}
+
+} // namespace Norvelian::Tristim

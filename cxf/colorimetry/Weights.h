@@ -1,0 +1,36 @@
+#pragma once
+
+#include "cxf/conditions/Viewing.h"
+
+#include <array>
+#include <memory>
+
+namespace Norvelian::Tristim {
+
+/// Weights that turn 36 bands into tristimulus values: X is the sum of value i times `x[i]`, and so on.
+///
+/// Derived by the method of ASTM E2022 from the CIE 1 nm tables of 2019 (observers, A, D50, D65) and
+/// 5 nm tables (the other illuminants): the spectrum is interpolated to 1 nm by Lagrange's formula,
+/// cubic inside and quadratic in the first and last interval of 360 to 830 nm, times illuminant times
+/// observer. There is no bandpass correction. Weights below 380 nm are added to that of 380, those
+/// above 730 nm to that of 730. Y of the perfect diffuser is 100.
+struct WeightSet {
+    Bands x;
+    Bands y;
+    Bands z;
+    /// The same as float, one row behind the other, for the kernels.
+    std::array<float, 3 * kBands> fast;
+    /// The perfect diffuser; the sum over 1 nm, which is also the sum of the weights.
+    XYZ white;
+    /// Share of Xn that the long-wave lobe of x bar has (above 504 nm); see `RxRyRz` in `ColorSpaces.h`.
+    double longShare;
+};
+
+/// Text of the method, as it stands in the conditions of results.
+inline constexpr char const* kMethod =
+    "ASTM E2022 from CIE 1 nm and 5 nm tables (2019), no bandpass correction, 380-730/10 nm, ends folded";
+
+/// The weights for a viewing condition; computed once for the standard ones and kept. Any thread.
+std::shared_ptr<WeightSet const> WeightsFor(Viewing const& viewing);
+
+} // namespace Norvelian::Tristim

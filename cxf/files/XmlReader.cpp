@@ -1,0 +1,235 @@
+#include "cxf/files/XmlReader.h"
+
+#include "cxf/conditions/Numbers.h"
+#include "cxf/conditions/TristimException.h"
+#include "cxf/files/XmlNames.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <pugixml.hpp>
+#include <sstream>
+
+namespace Norvelian::ColorExchangeFormat {
+
+using ::Utilities::MakeSmart;
+using namespace Tristim::Vocabulary;
+
+namespace {
+
+class Reader {
+public:
+    Reader(std::string_view text, std::string const& name, ReadOptions const& options)
+        : text_(text), name_(name), options_(options) {}
+
+    std::vector<SampleSetPointer> Run();
+
+private:
+    SampleSetPointer ReadSet(pugi::xml_node node) const;
+    ::Utilities::SmartPointer<Sample> ReadSample(pugi::xml_node node) const;
+    Sample::AttributePointer ReadAttribute(pugi::xml_node node) const;
+    Sample::AttributePointer ReadSpectrum(pugi::xml_node node) const;
+    Sample::AttributePointer ReadRecipe(pugi::xml_node node) const;
+    Conditions ReadConditions(pugi::xml_node node) const;
+    std::vector<double> ReadValues(pugi::xml_node node) const;
+    double Number(pugi::xml_node node, char const* attribute) const;
+    std::string Text(pugi::xml_node node, char const* attribute) const;
+    /// Everything beside the named attributes and children.
+    ForeignParts Foreign(pugi::xml_node node, std::initializer_list<std::string_view> attributes,
+                         std::initializer_list<std::string_view> children) const;
+
+    [[noreturn]] void Fail(pugi::xml_node node, std::string const& reason) const {
+        FailAt(node.offset_debug(), reason);
+    }
+    [[noreturn]] void FailAt(std::ptrdiff_t offset, std::string const& reason) const;
+
+    std::string_view text_;
+    std::string const& name_;
+    ReadOptions options_;
+};
+
+bool Is(pugi::xml_node node, char const* name) { return std::string_view(node.name()) == name; }
+
+std::string Markup(pugi::xml_node node) {
+    std::ostringstream stream;
+    node.print(stream, "", pugi::format_raw);
+    return stream.str();
+}
+
+void Reader::FailAt(std::ptrdiff_t offset, std::string const& reason) const {
+    // Positions are unknown in a document that was converted from another encoding.
+    if (offset < 0) throw FileException(name_, 0, 0, reason);
+    std::string_view const before = text_.substr(0, static_cast<std::size_t>(offset));
+    auto const line = static_cast<unsigned long>(std::count(before.begin(), before.end(), '\n'));
+    auto const lineEnd = before.rfind('\n');
+    std::size_t const column = before.size() - (lineEnd == std::string_view::npos ? 0 : lineEnd + 1);
+    throw FileException(name_, line + 1, static_cast<unsigned long>(column) + 1, reason);
+}
+
+std::string Reader::Text(pugi::xml_node node, char const* attribute) const {
+    if (pugi::xml_attribute const found = node.attribute(attribute)) return found.value();
+    Fail(node, std::string("<") + node.name() + "> lacks the attribute " + attribute);
+}
+
+double Reader::Number(pugi::xml_node node, char const* attribute) const {
+    double value = 0;
+    std::string const text = Text(node, attribute);
+    if (Tristim::Numbers::Parse(text, value)) return value;
+    Fail(node, std::string("the attribute ") + attribute + " of <" + node.name() + "> is \"" + text +
+                   "\"; expected a finite number");
+}
+
+ForeignParts Reader::Foreign(pugi::xml_node node, std::initializer_list<std::string_view> attributes,
+                             std::initializer_list<std::string_view> children) const {
+    ForeignParts parts;
+    for (pugi::xml_attribute const attribute : node.attributes())
+        if (std::find(attributes.begin(), attributes.end(), attribute.name()) == attributes.end())
+            parts.attributes.emplace_back(attribute.name(), attribute.value());
+    for (pugi::xml_node const child : node.children()) {
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
+            Fail(child, std::string("text in <") + node.name() + ">; expected elements");
+        if (child.type() == pugi::node_element &&
+            std::find(children.begin(), children.end(), child.name()) != children.end())
+            continue;
+        parts.children += Markup(child);
+    }
+    return parts;
+}
+
+std::vector<SampleSetPointer> Reader::Run() {
+    pugi::xml_document document;
+    pugi::xml_parse_result const result = document.load_buffer(
+        text_.data(), text_.size(), pugi::parse_default | pugi::parse_comments | pugi::parse_pi,
+        pugi::encoding_auto);
+    if (!result) FailAt(result.offset, std::string("the file is no XML: ") + result.description());
+    pugi::xml_node const root = document.document_element();
+    if (!Is(root, Format::Name)) Fail(root, std::string("the root is <") + root.name() + ">; expected <CXF>");
+    if (std::string const version = Text(root, Xml::Version); version != Xml::VersionValue)
+        Fail(root, "the format's version is \"" + version + "\"; expected \"1\"");
+    std::vector<SampleSetPointer> sets;
+    for (pugi::xml_node const child : root.children(Format::SampleSet)) sets.push_back(ReadSet(child));
+    if (!sets.empty()) sets.front()->SetFileForeign(Foreign(root, {Xml::Version}, {Format::SampleSet}));
+    std::erase_if(sets, [](SampleSetPointer const& set) { return set->GetSamples().empty(); });
+    return sets;
+}
+
+SampleSetPointer Reader::ReadSet(pugi::xml_node node) const {
+    auto set = MakeSmart<SampleSet>();
+    set->SetName(node.attribute(Xml::Name).value());
+    set->SetDescription(node.attribute(Xml::Description).value());
+    set->SetForeign(Foreign(node, {Xml::Name, Xml::Description}, {Xml::Property, Format::Sample}));
+    for (pugi::xml_node const child : node.children(Xml::Property))
+        set->AddProperty(Text(child, Xml::Name), Text(child, Xml::Value));
+    for (pugi::xml_node const child : node.children(Format::Sample)) set->AddSample(ReadSample(child));
+    return set;
+}
+
+::Utilities::SmartPointer<Sample> Reader::ReadSample(pugi::xml_node node) const {
+    auto sample = MakeSmart<Sample>(Text(node, Xml::Name), node.attribute(Xml::Description).value());
+    sample->SetId(node.attribute(Xml::Id).value());
+    ForeignParts foreign = Foreign(node, {Xml::Name, Xml::Description, Xml::Id}, {});
+    // Foreign elements stand among the sample's attributes; what isn't an element stays with the sample.
+    foreign.children.clear();
+    for (pugi::xml_node const child : node.children()) {
+        if (child.type() != pugi::node_element) {
+            foreign.children += Markup(child);
+            continue;
+        }
+        try {
+            sample->AddSampleAttribute(ReadAttribute(child));
+        } catch (Tristim::TristimException const& failure) {
+            Fail(child, failure.what());
+        }
+    }
+    sample->SetForeign(std::move(foreign));
+    return sample;
+}
+
+Sample::AttributePointer Reader::ReadAttribute(pugi::xml_node node) const {
+    if (Is(node, Format::Spectrum)) return ReadSpectrum(node);
+    if (Is(node, Format::Recipe)) return ReadRecipe(node);
+    if (Is(node, Format::ColorVector)) {
+        auto colour = MakeSmart<ColorVector>(ReadValues(node), ReadConditions(node));
+        colour->SetForeign(Foreign(node, {}, {Xml::Conditions, Xml::Values}));
+        return colour;
+    }
+    if (Is(node, Format::UnknownSampleAttribute)) {
+        auto unknown = MakeSmart<UnknownSampleAttribute>(Text(node, Xml::Name), Text(node, Xml::Value));
+        unknown->SetForeign(Foreign(node, {Xml::Name, Xml::Value}, {}));
+        return unknown;
+    }
+    for (char const* const misplaced : {Format::Name, Format::SampleSet, Format::Sample})
+        if (Is(node, misplaced)) Fail(node, std::string("<") + misplaced + "> stands inside a sample");
+    return MakeSmart<UnknownSampleAttribute>(node.name(), Markup(node), true);
+}
+
+Sample::AttributePointer Reader::ReadSpectrum(pugi::xml_node node) const {
+    std::string const extrapolate = node.attribute(Xml::Extrapolate).value();
+    if (!extrapolate.empty() && extrapolate != Xml::Yes && extrapolate != Xml::No)
+        Fail(node, "the attribute Extrapolate is \"" + extrapolate + "\"; expected Yes or No");
+    bool const may = options_.allowExtrapolation || extrapolate == Xml::Yes;
+    double const first = Number(node, Xml::First);
+    double const step = Number(node, Xml::Step);
+    auto spectrum = MakeSmart<Spectrum>(first, step, ReadValues(node), ReadConditions(node), may);
+    spectrum->SetForeign(
+        Foreign(node, {Xml::First, Xml::Step, Xml::Extrapolate}, {Xml::Conditions, Xml::Values}));
+    // Missing bands and unknown conditions must show now, and not when the spectrum is drawn.
+    static_cast<void>(Extensions::Cxf2NV(*spectrum));
+    return spectrum;
+}
+
+Sample::AttributePointer Reader::ReadRecipe(pugi::xml_node node) const {
+    std::vector<Recipe::Ingredient> ingredients;
+    for (pugi::xml_node const child : node.children(Xml::Ingredient)) {
+        ingredients.push_back(
+            {Text(child, Xml::Name), Number(child, Xml::Amount), child.attribute(Xml::Unit).value()});
+        if (!Foreign(child, {Xml::Name, Xml::Amount, Xml::Unit}, {}).IsEmpty())
+            Fail(child, "<Ingredient> has more than Name, Amount and Unit");
+    }
+    auto recipe = MakeSmart<Recipe>(std::move(ingredients));
+    recipe->SetConditions(ReadConditions(node));
+    recipe->SetForeign(Foreign(node, {}, {Xml::Conditions, Xml::Ingredient}));
+    return recipe;
+}
+
+Conditions Reader::ReadConditions(pugi::xml_node node) const {
+    Conditions conditions;
+    pugi::xml_node const list = node.child(Xml::Conditions);
+    if (list.next_sibling(Xml::Conditions))
+        Fail(list, std::string("<") + node.name() + "> has Conditions twice");
+    for (pugi::xml_node const child : list.children()) {
+        if (!Is(child, Xml::Condition)) Fail(child, "a foreign part in <Conditions>; expected <Condition>");
+        std::string const key = Text(child, Xml::Name);
+        if (conditions.GetAll().contains(key)) Fail(child, "the condition " + key + " stands twice");
+        conditions.SetAttribute(key, Text(child, Xml::Value));
+    }
+    return conditions;
+}
+
+std::vector<double> Reader::ReadValues(pugi::xml_node node) const {
+    pugi::xml_node const list = node.child(Xml::Values);
+    if (!list) Fail(node, std::string("<") + node.name() + "> lacks <Values>");
+    if (list.next_sibling(Xml::Values)) Fail(list, std::string("<") + node.name() + "> has Values twice");
+    std::vector<double> values;
+    std::string_view rest = list.child_value();
+    constexpr std::string_view blanks = " \t\r\n";
+    while (true) {
+        auto const begin = rest.find_first_not_of(blanks);
+        if (begin == std::string_view::npos) return values;
+        rest.remove_prefix(begin);
+        std::string_view const word = rest.substr(0, rest.find_first_of(blanks));
+        double value = 0;
+        if (!Tristim::Numbers::Parse(word, value))
+            Fail(list, "\"" + std::string(word) + "\" in <Values>; expected a finite number");
+        values.push_back(value);
+        rest.remove_prefix(word.size());
+    }
+}
+
+} // namespace
+
+std::vector<SampleSetPointer> ReadXml(std::string_view text, std::string const& name,
+                                      ReadOptions const& options) {
+    return Reader(text, name, options).Run();
+}
+
+} // namespace Norvelian::ColorExchangeFormat
