@@ -25,30 +25,25 @@ struct Colour {
     Resolved resolved;
     XYZ xyz;
 };
-Colour ColourOf(NVColorVector const& vector) {
+/// What the vector was computed for; device values and differences throw.
+NVMeasureConditions ConditionsOf(NVColorVector const& vector) {
     // The amounts of ink or light that a device was sent don't say what came out; what this service computed
     // itself names its illuminant.
-    std::string const space = vector.GetMeasureConditions().GetMeasureCondition(Key::ColorSpaceType);
-    bool const stated = !vector.GetMeasureConditions().GetMeasureCondition(Key::Illumination).empty();
-    if (!stated && (space == "RGB" || space == "CMYK"))
+    NVMeasureConditions const& held = vector.GetMeasureConditions();
+    std::string const space = held.GetMeasureCondition(Key::ColorSpaceType);
+    bool const viewed = held.GetState(Key::Illumination) != ConditionState::Unknown;
+    if (!viewed && (space == "RGB" || space == "CMYK"))
         throw TristimException("device values of " + space + " have no colour without a viewing condition");
-    Resolved resolved = Resolve(vector.GetMeasureConditions(), {});
+    Resolved const resolved = Resolve(held);
     if (resolved.delta) throw TristimException("a difference of two colours isn't a colour");
+    return resolved.conditions;
+}
+Colour ColourOf(NVColorVector const& vector, NVMeasureConditions const& conditions) {
+    Resolved resolved = Resolve(conditions);
     Elements4 elements{};
     for (std::size_t i = 0; i < vector.GetExactValues().size(); ++i) elements[i] = vector.GetExactValues()[i];
     XYZ const xyz = ToXYZ(resolved.space, elements, resolved.ReferenceOf());
     return {std::move(resolved), xyz};
-}
-
-/// What `conditions` state beside the colour space must hold for the vector.
-void RequireStated(NVMeasureConditions const& conditions, NVMeasureConditions const& vector) {
-    auto const require = [](std::string const& key, std::string const& stated, std::string const& held) {
-        if (stated.empty() || stated == held || stated == "Automatic") return;
-        throw TristimException("condition " + key + " is asked to be \"" + stated +
-                               "\", but the colour was computed for \"" + held + "\"");
-    };
-    for (Text const key : {Key::Illumination, Key::Observer, Key::WhiteBase, Key::SpectrumType, Key::Filter})
-        require(key, conditions.GetMeasureCondition(key), vector.GetMeasureCondition(key));
 }
 
 NVColorVector DeltaOf(XYZ const& reference, XYZ const& sample, Resolved const& resolved) {
@@ -68,6 +63,19 @@ DeltaEWeights WeightsOf(float first, float second, float third) {
     return {static_cast<double>(first), static_cast<double>(second), static_cast<double>(third)};
 }
 
+/// The result of two colours says of both how they were resampled.
+void NoteResampling(NVMeasureConditions& result, NVMeasureConditions const& reference,
+                    NVMeasureConditions const& sample) {
+    std::string const one = reference.GetMeasureCondition(Key::Resampling);
+    std::string const other = sample.GetMeasureCondition(Key::Resampling);
+    if (one == other) {
+        if (!one.empty()) result.SetMeasureCondition(Key::Resampling, one);
+        return;
+    }
+    auto const named = [](std::string const& text) { return text.empty() ? std::string("none") : text; };
+    result.SetMeasureCondition(Key::Resampling, "reference: " + named(one) + "; sample: " + named(other));
+}
+
 /// Two spectra under the same conditions.
 struct Pair {
     Resolved resolved;
@@ -75,21 +83,28 @@ struct Pair {
     XYZ sample;
 };
 Pair Reduce(NVSpectrum const& reference, NVSpectrum const& sample, NVMeasureConditions const& conditions) {
-    RequireComparable(reference.GetMeasureConditions(), sample.GetMeasureConditions());
-    Resolved resolved = Resolve(conditions, reference.GetMeasureConditions());
-    XYZ const one = resolved.Reduce(reference);
-    XYZ const other = resolved.Reduce(sample);
-    return {std::move(resolved), one, other};
+    NVMeasureConditions one = reference.GetMeasureConditions();
+    NVMeasureConditions other = sample.GetMeasureConditions();
+    Reconcile(one, other, conditions.GetMeasureCondition(Key::AcceptUnstated));
+    Resolved resolved = Resolve(conditions, one);
+    NoteResampling(resolved.conditions, one, other);
+    XYZ const first = resolved.Reduce(reference);
+    XYZ const second = resolved.Reduce(sample);
+    return {std::move(resolved), first, second};
 }
 
-/// Two vectors whose conditions agree with each other and with what is stated.
+/// Two vectors whose conditions agree with each other and with what is asked for.
 Pair Reduce(NVColorVector const& reference, NVColorVector const& sample,
             NVMeasureConditions const& conditions) {
-    Colour one = ColourOf(reference);
-    Colour const other = ColourOf(sample);
-    RequireComparable(one.resolved.conditions, other.resolved.conditions);
-    RequireStated(conditions, one.resolved.conditions);
-    return {std::move(one.resolved), one.xyz, other.xyz};
+    NVMeasureConditions one = ConditionsOf(reference);
+    NVMeasureConditions other = ConditionsOf(sample);
+    Reconcile(one, other, conditions.GetMeasureCondition(Key::AcceptUnstated));
+    Adopt(one, conditions);
+    Adopt(other, conditions);
+    Colour first = ColourOf(reference, one);
+    Colour const second = ColourOf(sample, other);
+    NoteResampling(first.resolved.conditions, one, other);
+    return {std::move(first.resolved), first.xyz, second.xyz};
 }
 
 } // namespace
@@ -136,8 +151,9 @@ float TristimService::GetDeltaE(NVColorVector const& reference, NVColorVector co
 }
 
 NVColorVector TristimService::Convert(NVColorVector const& vector, NVMeasureConditions const& conditions) {
-    Colour const colour = ColourOf(vector);
-    RequireStated(conditions, colour.resolved.conditions);
+    NVMeasureConditions held = ConditionsOf(vector);
+    Adopt(held, conditions);
+    Colour const colour = ColourOf(vector, held);
     NVMeasureConditions target = colour.resolved.conditions;
     std::size_t const space = conditions.GetChoice(Key::ColorSpaceType, Value::ColorSpaceType, 0);
     target.SetMeasureCondition(Key::ColorSpaceType, Value::ColorSpaceType[space]);
@@ -146,7 +162,7 @@ NVColorVector TristimService::Convert(NVColorVector const& vector, NVMeasureCond
 }
 
 std::vector<std::string> TristimService::GetSupportedValues(std::string const& key) {
-    static std::array<std::pair<std::string_view, std::span<Text const>>, 14> const tables{{
+    static std::array<std::pair<std::string_view, std::span<Text const>>, 16> const tables{{
         {Key::Illumination, Value::Illumination},
         {Key::Observer, Value::Observer},
         {Key::WhiteBase, Value::WhiteBase},
@@ -157,6 +173,8 @@ std::vector<std::string> TristimService::GetSupportedValues(std::string const& k
         {Key::WavelengthSpectrumMax, Value::WavelengthSpectrumMax},
         {Key::WavelengthSpectrumMin, Value::WavelengthSpectrumMin},
         {Key::SpectrumType, Value::SpectrumType},
+        {Key::Geometry, Value::Geometry},
+        {Key::Backing, Value::Backing},
         {Key::ColorSpaceType, Value::ColorSpaceType},
         {Key::AbsoluteOrDeltaVector, Value::AbsoluteOrDeltaVector},
         {Key::DeltaEFormula, Value::DeltaEFormula},
@@ -166,7 +184,8 @@ std::vector<std::string> TristimService::GetSupportedValues(std::string const& k
         if (name == key) return {values.begin(), values.end()};
     for (Text const free :
          {Key::ColorTemperature, Key::UserIllumination, Key::PaperSpectrum, Key::UserFilterBlack,
-          Key::UserFilterCyan, Key::UserFilterMagenta, Key::UserFilterYellow, Key::Method, Key::Resampling})
+          Key::UserFilterCyan, Key::UserFilterMagenta, Key::UserFilterYellow, Key::Method, Key::Resampling,
+          Key::AcceptUnstated, Key::IlluminantName})
         if (key == free) return {};
     throw TristimException("there is no condition \"" + key + "\"");
 }

@@ -10,22 +10,46 @@ namespace Norvelian::Tristim {
 
 using namespace Vocabulary;
 
-std::shared_ptr<NVMeasureConditions::Map> const& NVMeasureConditions::Empty() {
-    static auto const empty = std::make_shared<Map>();
+std::shared_ptr<NVMeasureConditions::Data> const& NVMeasureConditions::Empty() {
+    static auto const empty = std::make_shared<Data>();
     return empty;
 }
 
+NVMeasureConditions::Data& NVMeasureConditions::Own() {
+    // Whoever is alone with the data may change them; the empty ones always have their first holder.
+    if (data_.use_count() != 1) data_ = std::make_shared<Data>(*data_);
+    return *data_;
+}
+
 void NVMeasureConditions::SetMeasureCondition(std::string const& key, std::string const& value) {
-    auto const found = values_->find(key);
-    if (found != values_->end() && found->second == value) return;
-    // Whoever is alone with the map may change it; the empty one always has its first holder.
-    if (values_.use_count() != 1) values_ = std::make_shared<Map>(*values_);
-    values_->insert_or_assign(key, value);
+    auto const found = data_->values.find(key);
+    bool const assumed = data_->assumed.contains(key);
+    if (found != data_->values.end() && found->second == value && !assumed) return;
+    Data& data = Own();
+    data.values.insert_or_assign(key, value);
+    if (assumed) data.assumed.erase(key);
+}
+
+void NVMeasureConditions::Assume(std::string const& key, std::string const& value, std::string const& by) {
+    Data& data = Own();
+    data.values.insert_or_assign(key, value);
+    data.assumed.insert_or_assign(key, by);
 }
 
 std::string NVMeasureConditions::GetMeasureCondition(std::string_view key) const {
-    auto const found = values_->find(key);
-    return found == values_->end() ? std::string() : found->second;
+    auto const found = data_->values.find(key);
+    return found == data_->values.end() ? std::string() : found->second;
+}
+
+ConditionState NVMeasureConditions::GetState(std::string_view key) const {
+    auto const found = data_->values.find(key);
+    if (found == data_->values.end() || found->second.empty()) return ConditionState::Unknown;
+    return data_->assumed.contains(key) ? ConditionState::Assumed : ConditionState::Stated;
+}
+
+std::string NVMeasureConditions::GetAssumption(std::string_view key) const {
+    auto const found = data_->assumed.find(key);
+    return found == data_->assumed.end() ? std::string() : found->second;
 }
 
 std::size_t NVMeasureConditions::GetChoice(std::string_view key, std::span<Text const> values,
@@ -64,8 +88,8 @@ void NVMeasureConditions::SetBands(std::string const& key, Bands const& values) 
 }
 
 std::optional<Bands> NVMeasureConditions::GetBands(std::string_view key) const {
-    auto const found = values_->find(key);
-    if (found == values_->end() || found->second.empty()) return std::nullopt;
+    auto const found = data_->values.find(key);
+    if (found == data_->values.end() || found->second.empty()) return std::nullopt;
     std::string_view rest = found->second;
     Bands bands{};
     std::size_t count = 0;

@@ -13,17 +13,36 @@
 
 namespace Norvelian::Tristim {
 
+/// What is known of a condition: said by the file or the host, taken from a named default, or not known.
+enum class ConditionState { Stated, Assumed, Unknown };
+
+/// The origin of what a computation assumes by itself.
+inline constexpr char const* kLibraryDefault = "library default";
+
 /// Under which conditions something was or is to be measured: a map from condition key to value, both
 /// text, with the keys and values of `Vocabulary.h`. It takes any text; an operation that uses a value
-/// checks it then. A condition that isn't there has its default: D50, TwoDegree, Absolute, filter No,
-/// Remission, CIELab, AbsoluteVector, formula CIELab, density standard ANSIE, filter mode Auto.
+/// checks it then.
+///
+/// A condition that isn't there is unknown. Where a computation needs it, it takes the default and marks it
+/// as assumed in the result: D50, TwoDegree, Absolute, Remission. Filter, geometry and backing change no
+/// computation and stay unknown. The form of a result has plain defaults: CIELab, AbsoluteVector, formula
+/// CIELab, density standard ANSIE, filter mode Auto.
 class NVMeasureConditions {
 public:
     using Map = std::map<std::string, std::string, std::less<>>;
 
+    /// States a condition.
     void SetMeasureCondition(std::string const& key, std::string const& value);
+    /// Sets a condition that nobody stated; `by` names the default it comes from, such as "CGATS.17".
+    void Assume(std::string const& key, std::string const& value, std::string const& by);
     /// The value, or an empty text if the condition isn't there.
     std::string GetMeasureCondition(std::string_view key) const;
+
+    ConditionState GetState(std::string_view key) const;
+    /// The default that an assumed condition comes from; empty for the others.
+    std::string GetAssumption(std::string_view key) const;
+    /// All assumed conditions, with the default that each comes from.
+    Map const& GetAssumptions() const { return data_->assumed; }
 
     /// Element `index` of the colour space that `ColorSpaceDescription.Type` names, absolute or delta
     /// as `ColorSpaceDescription.AbsoluteOrDeltaVector` says. Throws `TristimException` for an unknown
@@ -40,16 +59,23 @@ public:
     std::size_t GetChoice(std::string_view key, std::span<Vocabulary::Text const> values,
                           std::size_t fallback) const;
 
-    Map const& GetAll() const { return *values_; }
+    Map const& GetAll() const { return data_->values; }
+    /// Same values in the same state.
     bool operator==(NVMeasureConditions const& other) const {
-        return values_ == other.values_ || *values_ == *other.values_;
+        return data_ == other.data_ || *data_ == *other.data_;
     }
 
 private:
+    struct Data {
+        Map values;
+        Map assumed;
+        bool operator==(Data const&) const = default;
+    };
     /// Shared by copies until one of them changes: the thousands of colours of a file have the same.
-    std::shared_ptr<Map> values_ = Empty();
+    std::shared_ptr<Data> data_ = Empty();
 
-    static std::shared_ptr<Map> const& Empty();
+    static std::shared_ptr<Data> const& Empty();
+    Data& Own();
 };
 
 } // namespace Norvelian::Tristim

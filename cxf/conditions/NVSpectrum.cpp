@@ -24,8 +24,8 @@ NVSpectrum::NVSpectrum(std::vector<float> values, NVMeasureConditions conditions
     complete(Key::NumberOfDataPointsSpectrum, Value::NumberOfDataPointsSpectrum[0]);
     complete(Key::WavelengthSpectrumMin, Value::WavelengthSpectrumMin[0]);
     complete(Key::WavelengthSpectrumMax, Value::WavelengthSpectrumMax[0]);
-    complete(Key::SpectrumType, Value::SpectrumType[0]);
-    complete(Key::Filter, Value::Filter[0]);
+    if (conditions_.GetMeasureCondition(Key::SpectrumType).empty())
+        conditions_.Assume(Key::SpectrumType, Value::SpectrumType[0], kLibraryDefault);
 }
 
 } // namespace Norvelian::Tristim

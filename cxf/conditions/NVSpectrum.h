@@ -11,8 +11,9 @@ namespace Norvelian::Tristim {
 /// kept as measured.
 class NVSpectrum {
 public:
-    /// Throws `TristimException` unless there are exactly 36 finite values. What the conditions don't
-    /// say about the spectrum (number of points, range, type, filter) is set to its default.
+    /// Throws `TristimException` unless there are exactly 36 finite values. Number of points and range are
+    /// set if the conditions don't say them, and a missing type is assumed to be "Remission". A filter that
+    /// nobody stated stays unknown.
     explicit NVSpectrum(std::vector<float> values, NVMeasureConditions conditions = {});
 
     std::vector<float> const& GetValues() const { return values_; }

@@ -28,14 +28,18 @@ inline constexpr Text NumberOfDataPointsSpectrum = "Physical.NumberOfDataPointsS
 inline constexpr Text WavelengthSpectrumMax = "Physical.WavelengthSpectrumMax";
 inline constexpr Text WavelengthSpectrumMin = "Physical.WavelengthSpectrumMin";
 inline constexpr Text SpectrumType = "Physical.SpectrumType";
+inline constexpr Text Geometry = "Physical.Geometry";
+inline constexpr Text Backing = "Physical.Backing";
 inline constexpr Text ColorSpaceType = "ColorSpaceDescription.Type";
 inline constexpr Text AbsoluteOrDeltaVector = "ColorSpaceDescription.AbsoluteOrDeltaVector";
 inline constexpr Text DeltaEFormula = "ColorSpaceDescription.DeltaEFormula";
 
 /// Further conditions of this library. Their values are free texts: a temperature in kelvin, "F1" to
-/// "F12", or the 36 values of a spectrum separated by blanks.
+/// "FL3.15", the name of an illuminant (`IlluminantName`), or the 36 values of a spectrum separated by
+/// blanks.
 inline constexpr Text ColorTemperature = "Colorimetric.ColorTemperature";
 inline constexpr Text FluorescentType = "Colorimetric.FluorescentType";
+inline constexpr Text IlluminantName = "Colorimetric.IlluminantName";
 inline constexpr Text UserIllumination = "Colorimetric.UserIllumination";
 inline constexpr Text PaperSpectrum = "Colorimetric.PaperSpectrum";
 inline constexpr Text UserFilterBlack = "Colorimetric.UserFilterBlack";
@@ -46,6 +50,9 @@ inline constexpr Text UserFilterYellow = "Colorimetric.UserFilterYellow";
 inline constexpr Text Method = "Colorimetric.Method";
 /// Written where a spectrum was resampled: how, and what was extrapolated.
 inline constexpr Text Resampling = "Physical.Resampling";
+/// In the conditions of a computation: keys, separated by blanks, that may be assumed or unknown where
+/// colours are compared or conditions asked for. Stays in the result.
+inline constexpr Text AcceptUnstated = "Colorimetric.AcceptUnstated";
 } // namespace Key
 
 namespace Value {
@@ -63,6 +70,11 @@ inline constexpr std::array<Text, 1> WavelengthSpectrumMax{"730nm"};
 inline constexpr std::array<Text, 1> WavelengthSpectrumMin{"380nm"};
 inline constexpr std::array<Text, 5> SpectrumType{"Remission", "Emission", "Transmission", "AmbientLight",
                                                   "Flash"};
+/// Light to eye, of ISO 13655 and ISO 7724: at 45 degrees to normal and back, diffuse with the gloss
+/// included or excluded, diffuse to normal (ISO 2469).
+inline constexpr std::array<Text, 5> Geometry{"45:0", "0:45", "d:8i", "d:8e", "d:0"};
+/// What lay behind the sample: black or white backing, or the sample's own material.
+inline constexpr std::array<Text, 3> Backing{"Black", "White", "Self"};
 inline constexpr std::array<Text, 14> ColorSpaceType{
     "CIELab", "CIELCh",    "CIELuv", "CIELChuv", "CIEuvY1960", "CIEuvY1976", "CIEXYZ",
     "CIExyY", "HunterLab", "RxRyRz", "LABmg",    "LCHmg",      "RGB",        "CMYK"};

@@ -113,7 +113,8 @@ double GetYellowness(NVSpectrum const& spectrum, Illumination illumination, Obse
 
 double GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
                           NVMeasureConditions const& reference, NVMeasureConditions const& test) {
-    RequireComparable(standard.GetMeasureConditions(), sample.GetMeasureConditions());
+    RequireComparable(standard.GetMeasureConditions(), sample.GetMeasureConditions(),
+                      reference.GetMeasureCondition(Key::AcceptUnstated));
     Resolved const from = Resolve(reference, standard.GetMeasureConditions());
     Resolved const to = Resolve(test, standard.GetMeasureConditions());
     XYZ const one = from.Reduce(standard);
@@ -130,7 +131,12 @@ double GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
 
 double GetOpacity(NVSpectrum const& overBlack, NVSpectrum const& overWhite,
                   NVMeasureConditions const& conditions) {
-    RequireComparable(overBlack.GetMeasureConditions(), overWhite.GetMeasureConditions());
+    // The two are measured over different backings by definition.
+    NVMeasureConditions black = overBlack.GetMeasureConditions();
+    NVMeasureConditions white = overWhite.GetMeasureConditions();
+    black.SetMeasureCondition(Key::Backing, "");
+    white.SetMeasureCondition(Key::Backing, "");
+    RequireComparable(black, white, conditions.GetMeasureCondition(Key::AcceptUnstated));
     Resolved const resolved = Resolve(conditions, overBlack.GetMeasureConditions());
     return 100 *
            Divide(resolved.Reduce(overBlack).y, resolved.Reduce(overWhite).y, "opacity (contrast ratio)");

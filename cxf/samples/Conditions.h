@@ -22,6 +22,10 @@ public:
     void SetAttribute(std::string const& key, std::string const& value) {
         values_.SetMeasureCondition(key, value);
     }
+    /// Sets a condition that nobody stated; `by` names the default it comes from.
+    void Assume(std::string const& key, std::string const& value, std::string const& by) {
+        values_.Assume(key, value, by);
+    }
 
     bool IsEmpty() const { return values_.GetAll().empty(); }
     /// Whether `other` has every condition of this set with the same value.

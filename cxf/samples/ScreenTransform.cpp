@@ -134,7 +134,7 @@ ScreenColour ScreenTransform::Convert(Sample const& sample) const {
         auto const* const colour = dynamic_cast<ColorVector const*>(attribute.Get());
         if (!colour || colour->GetConditions().GetAttribute(Key::Illumination, "").empty()) continue;
         Tristim::NVColorVector const& vector = colour->GetVector();
-        Tristim::Resolved const resolved = Tristim::Resolve(vector.GetMeasureConditions(), {});
+        Tristim::Resolved const resolved = Tristim::Resolve(vector.GetMeasureConditions());
         if (resolved.delta) continue;
         Tristim::Elements4 elements{};
         std::copy(vector.GetExactValues().begin(), vector.GetExactValues().end(), elements.begin());
