@@ -44,6 +44,19 @@ GridSpectrum UserDefined(Bands const& bands) {
     return grid;
 }
 
+/// In the order of `Vocabulary::Value::IlluminantName`.
+GridSpectrum Named(std::size_t place) {
+    if (place == 0) {
+        GridSpectrum equal{};
+        equal.fill(1);
+        return equal;
+    }
+    if (place <= 9) return OnGrid(Tables::CieLed, place);
+    if (place == 10) return OnGrid(Tables::CieIndoor50, 1);
+    if (place == 11) return OnGrid(Tables::CieIndoor65, 1);
+    return OnGrid(Tables::CieDischarge, place - 11);
+}
+
 } // namespace
 
 // On a row its value is exact, so a table by 1 nm is taken as it is.
@@ -81,6 +94,7 @@ GridSpectrum IlluminantPower(Viewing const& viewing) {
         return OnGrid(Tables::CieFluorescent, static_cast<std::size_t>(viewing.fluorescent));
     case Illumination::Userdefined:
         if (viewing.user) return UserDefined(*viewing.user);
+        if (viewing.named) return Named(*viewing.named);
         break;
     case Illumination::Emission: {
         GridSpectrum equal{};

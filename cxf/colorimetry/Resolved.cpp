@@ -59,14 +59,20 @@ std::string Remedy(bool bothStated, std::string_view key) {
     return "; the condition " + std::string(Key::AcceptUnstated) + " \"" + std::string(key) + "\" allows it";
 }
 
+void CopyParameter(NVMeasureConditions& to, NVMeasureConditions const& from, Text key) {
+    std::string const value = from.GetMeasureCondition(key);
+    if (value.empty())
+        to.Forget(key);
+    else
+        to.SetMeasureCondition(key, value);
+}
+
 /// A condition that isn't stated takes the value of another set, with its parameters.
 void TakeOver(NVMeasureConditions& to, NVMeasureConditions const& from, Text key) {
     to.Assume(key, from.GetMeasureCondition(key), "accepted");
     if (std::string_view(key) == Key::Illumination)
-        for (Text const parameter : kOfIllumination)
-            to.SetMeasureCondition(parameter, from.GetMeasureCondition(parameter));
-    if (std::string_view(key) == Key::WhiteBase)
-        to.SetMeasureCondition(Key::PaperSpectrum, from.GetMeasureCondition(Key::PaperSpectrum));
+        for (Text const parameter : kOfIllumination) CopyParameter(to, from, parameter);
+    if (std::string_view(key) == Key::WhiteBase) CopyParameter(to, from, Key::PaperSpectrum);
 }
 
 /// A condition that can't be taken for another one: a stated one, and whatever this library computed with.

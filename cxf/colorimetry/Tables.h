@@ -35,6 +35,11 @@ extern NumberTable const CieD75;
 extern NumberTable const CieDaylight;
 /// FL1 to FL12, then FL3.1 to FL3.15, by 5 nm.
 extern NumberTable const CieFluorescent;
+/// LED-B1 to B5, BH1, RGB1, V1, V2; indoor daylight ID50, ID65; high-pressure lamps HP1 to HP5; by 5 nm.
+extern NumberTable const CieLed;
+extern NumberTable const CieIndoor50;
+extern NumberTable const CieIndoor65;
+extern NumberTable const CieDischarge;
 /// ISO 5-3 spectral products by 10 nm, 340 to 830 nm; linear, peak 100. The columns are those of
 /// `DensityColumn` in `Density.cpp`.
 extern NumberTable const IsoDensity;

@@ -162,7 +162,7 @@ NVColorVector TristimService::Convert(NVColorVector const& vector, NVMeasureCond
 }
 
 std::vector<std::string> TristimService::GetSupportedValues(std::string const& key) {
-    static std::array<std::pair<std::string_view, std::span<Text const>>, 16> const tables{{
+    static std::array<std::pair<std::string_view, std::span<Text const>>, 17> const tables{{
         {Key::Illumination, Value::Illumination},
         {Key::Observer, Value::Observer},
         {Key::WhiteBase, Value::WhiteBase},
@@ -179,13 +179,13 @@ std::vector<std::string> TristimService::GetSupportedValues(std::string const& k
         {Key::AbsoluteOrDeltaVector, Value::AbsoluteOrDeltaVector},
         {Key::DeltaEFormula, Value::DeltaEFormula},
         {Key::FluorescentType, Value::FluorescentType},
+        {Key::IlluminantName, Value::IlluminantName},
     }};
     for (auto const& [name, values] : tables)
         if (name == key) return {values.begin(), values.end()};
-    for (Text const free :
-         {Key::ColorTemperature, Key::UserIllumination, Key::PaperSpectrum, Key::UserFilterBlack,
-          Key::UserFilterCyan, Key::UserFilterMagenta, Key::UserFilterYellow, Key::Method, Key::Resampling,
-          Key::AcceptUnstated, Key::IlluminantName})
+    for (Text const free : {Key::ColorTemperature, Key::UserIllumination, Key::PaperSpectrum,
+                            Key::UserFilterBlack, Key::UserFilterCyan, Key::UserFilterMagenta,
+                            Key::UserFilterYellow, Key::Method, Key::Resampling, Key::AcceptUnstated})
         if (key == free) return {};
     throw TristimException("there is no condition \"" + key + "\"");
 }

@@ -60,18 +60,22 @@ std::string ConditionText(NVMeasureConditions const& conditions) {
     std::string text = ViewingText(conditions);
     std::string const base = conditions.GetMeasureCondition(Key::WhiteBase);
     if (base == "Paper") text += ", " + WithState(conditions, Key::WhiteBase, "relative to the paper", "");
-    text += ", " + WithState(conditions, Key::Filter, FilterText(conditions.GetMeasureCondition(Key::Filter)),
-                             "filter");
-    text += ", " +
-            WithState(conditions, Key::Geometry, conditions.GetMeasureCondition(Key::Geometry), "geometry");
-    std::string backing = conditions.GetMeasureCondition(Key::Backing);
-    if (!backing.empty()) backing[0] = static_cast<char>(backing[0] - 'A' + 'a');
-    text += ", " + WithState(conditions, Key::Backing, backing + " backing", "backing");
+    text += ", " + MeasurementText(conditions);
     if (std::string const done = conditions.GetMeasureCondition(Key::Resampling); !done.empty())
         text += "; " + done;
     if (std::string const keys = conditions.GetMeasureCondition(Key::AcceptUnstated); !keys.empty())
         text += "; accepted though not stated: " + keys;
     return text;
+}
+
+std::string MeasurementText(NVMeasureConditions const& conditions) {
+    std::string text =
+        WithState(conditions, Key::Filter, FilterText(conditions.GetMeasureCondition(Key::Filter)), "filter");
+    text += ", " +
+            WithState(conditions, Key::Geometry, conditions.GetMeasureCondition(Key::Geometry), "geometry");
+    std::string backing = conditions.GetMeasureCondition(Key::Backing);
+    if (!backing.empty()) backing[0] = static_cast<char>(backing[0] - 'A' + 'a');
+    return text + ", " + WithState(conditions, Key::Backing, backing + " backing", "backing");
 }
 
 } // namespace Norvelian::Tristim

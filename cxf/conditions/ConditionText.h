@@ -15,6 +15,9 @@ std::string ViewingText(NVMeasureConditions const& conditions);
 /// "D50 (assumed), 2\u00B0, M1, geometry unknown, white backing; end values repeated".
 std::string ConditionText(NVMeasureConditions const& conditions);
 
+/// The part of it that the instrument decides: filter, geometry, backing.
+std::string MeasurementText(NVMeasureConditions const& conditions);
+
 /// The name of the illuminant with its parameter: "D65", "6003 K", "F11", "LED-B1"; empty if it is unknown.
 std::string IlluminantText(NVMeasureConditions const& conditions);
 

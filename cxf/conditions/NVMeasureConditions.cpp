@@ -36,6 +36,13 @@ void NVMeasureConditions::Assume(std::string const& key, std::string const& valu
     data.assumed.insert_or_assign(key, by);
 }
 
+void NVMeasureConditions::Forget(std::string const& key) {
+    if (!data_->values.contains(key)) return;
+    Data& data = Own();
+    data.values.erase(key);
+    data.assumed.erase(key);
+}
+
 std::string NVMeasureConditions::GetMeasureCondition(std::string_view key) const {
     auto const found = data_->values.find(key);
     return found == data_->values.end() ? std::string() : found->second;
@@ -126,14 +133,17 @@ Viewing ViewingOf(NVMeasureConditions const& conditions) {
     } else if (viewing.illumination == Illumination::F) {
         if (conditions.GetMeasureCondition(Key::FluorescentType).empty())
             throw TristimException("illumination F needs the condition " + std::string(Key::FluorescentType) +
-                                   ", \"F1\" to \"F12\"");
+                                   ", \"F1\" to \"FL3.15\"");
         viewing.fluorescent =
             1 + static_cast<int>(conditions.GetChoice(Key::FluorescentType, Value::FluorescentType, 0));
     } else if (viewing.illumination == Illumination::Userdefined) {
         viewing.user = conditions.GetBands(Key::UserIllumination);
-        if (!viewing.user)
+        bool const named = !conditions.GetMeasureCondition(Key::IlluminantName).empty();
+        if (!viewing.user && named)
+            viewing.named = conditions.GetChoice(Key::IlluminantName, Value::IlluminantName, 0);
+        if (!viewing.user && !named)
             throw TristimException("illumination Userdefined needs the condition " +
-                                   std::string(Key::UserIllumination));
+                                   std::string(Key::UserIllumination) + " or " + Key::IlluminantName);
     }
     return viewing;
 }

@@ -38,6 +38,9 @@ public:
     /// The value, or an empty text if the condition isn't there.
     std::string GetMeasureCondition(std::string_view key) const;
 
+    /// Makes a condition unknown again.
+    void Forget(std::string const& key);
+
     ConditionState GetState(std::string_view key) const;
     /// The default that an assumed condition comes from; empty for the others.
     std::string GetAssumption(std::string_view key) const;

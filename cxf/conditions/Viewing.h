@@ -32,14 +32,16 @@ struct Viewing {
     Illumination illumination = Illumination::D50;
     Observer observer = Observer::TwoDegree;
     double temperature = 0;                   ///< kelvin, for `Dxx` only
-    int fluorescent = 0;                      ///< 1 to 12, for `F` only
+    int fluorescent = 0;                      ///< FL1 is 1, FL3.1 is 13, for `F` only
     std::optional<Bands> user = std::nullopt; ///< relative power, for `Userdefined` only
+    /// Place in `Vocabulary::Value::IlluminantName`, for `Userdefined` without a spectrum of its own.
+    std::optional<std::size_t> named = std::nullopt;
     bool operator==(Viewing const&) const = default;
 };
 
 /// Reads the viewing conditions; what isn't said is D50, 2 degrees. Throws `TristimException` for a
 /// value outside of the vocabulary, for `Dxx` without a temperature of 4000 to 25000 K, `F` without a
-/// type, and `Userdefined` without a spectrum that has power.
+/// type, and `Userdefined` without a name and a spectrum that has power.
 Viewing ViewingOf(NVMeasureConditions const& conditions);
 
 } // namespace Norvelian::Tristim

@@ -80,9 +80,17 @@ inline constexpr std::array<Text, 14> ColorSpaceType{
     "CIExyY", "HunterLab", "RxRyRz", "LABmg",    "LCHmg",      "RGB",        "CMYK"};
 inline constexpr std::array<Text, 2> AbsoluteOrDeltaVector{"AbsoluteVector", "DeltaVector"};
 inline constexpr std::array<Text, 7> DeltaEFormula{"CIELab", "CIELuv", "LABmg", "FMCII", "CMC", "94", "2000"};
-/// Values of `Key::FluorescentType`: FL1 to FL12 of CIE 15.
-inline constexpr std::array<Text, 12> FluorescentType{"F1", "F2", "F3", "F4",  "F5",  "F6",
-                                                      "F7", "F8", "F9", "F10", "F11", "F12"};
+/// Values of `Key::FluorescentType`: FL1 to FL12 and FL3.1 to FL3.15 of CIE 15.
+inline constexpr std::array<Text, 27> FluorescentType{
+    "F1",    "F2",    "F3",    "F4",     "F5",     "F6",     "F7",     "F8",     "F9",
+    "F10",   "F11",   "F12",   "FL3.1",  "FL3.2",  "FL3.3",  "FL3.4",  "FL3.5",  "FL3.6",
+    "FL3.7", "FL3.8", "FL3.9", "FL3.10", "FL3.11", "FL3.12", "FL3.13", "FL3.14", "FL3.15"};
+/// Values of `Key::IlluminantName`, which names a light of the illumination "Userdefined" that the library
+/// has a table of: equal energy, the LED and indoor daylight illuminants and the high-pressure lamps of
+/// CIE 15.
+inline constexpr std::array<Text, 17> IlluminantName{
+    "E",      "LED-B1", "LED-B2", "LED-B3", "LED-B4", "LED-B5", "LED-BH1", "LED-RGB1", "LED-V1",
+    "LED-V2", "ID50",   "ID65",   "HP1",    "HP2",    "HP3",    "HP4",     "HP5"};
 } // namespace Value
 
 /// Element names by colour space, in the order of `Value::ColorSpaceType`; unused places are null.

@@ -22,6 +22,12 @@ constexpr bool EndsWord(char c) { return static_cast<unsigned char>(c) <= ' '; }
 
 } // namespace
 
+bool CgatsToken::Is(std::string_view word) const {
+    return !quoted && !atEnd && text.size() == word.size() &&
+           std::equal(text.begin(), text.end(), word.begin(),
+                      [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 'a' + 'A' : a) == b; });
+}
+
 std::string CgatsToken::Unquoted() const {
     std::string result(text);
     if (!quoted) return result;
@@ -118,7 +124,7 @@ void CgatsScanner::Fail(CgatsToken const& where, std::string const& reason) cons
     FailAt(where.text.data() - (where.quoted ? 1 : 0), reason);
 }
 
-void CgatsScanner::FailAt(char const* where, std::string const& reason) const {
+std::pair<unsigned long, unsigned long> CgatsScanner::PlaceOf(char const* where) const {
     unsigned long line = 1;
     char const* begin = text_.data();
     for (char const* at = begin; at != where; ++at) {
@@ -127,7 +133,14 @@ void CgatsScanner::FailAt(char const* where, std::string const& reason) const {
         ++line;
         begin = at + 1;
     }
-    throw FileException(file_, line, static_cast<unsigned long>(where - begin) + 1, reason);
+    return {line, static_cast<unsigned long>(where - begin) + 1};
+}
+
+unsigned long CgatsScanner::LineOf(CgatsToken const& where) const { return PlaceOf(where.text.data()).first; }
+
+void CgatsScanner::FailAt(char const* where, std::string const& reason) const {
+    auto const [line, column] = PlaceOf(where);
+    throw FileException(file_, line, column, reason);
 }
 
 } // namespace Norvelian::ColorExchangeFormat

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Norvelian::ColorExchangeFormat {
@@ -13,7 +14,8 @@ struct CgatsToken {
     bool startsLine = false; ///< the first word of its line
     bool atEnd = false;      ///< there is no further word
 
-    bool Is(std::string_view word) const { return !quoted && !atEnd && text == word; }
+    /// Whether this is the keyword, given in capitals; files write it in any case.
+    bool Is(std::string_view word) const;
     /// The text with doubled quotes made single.
     std::string Unquoted() const;
 };
@@ -33,12 +35,16 @@ public:
     /// The comments since they were last taken, without "#".
     std::vector<std::string_view> TakeComments();
 
+    /// The line of a place in the text, from 1.
+    unsigned long LineOf(CgatsToken const& where) const;
     /// Throws `FileException` at a word, which must come from this text; for the end of the text, there.
     [[noreturn]] void Fail(CgatsToken const& where, std::string const& reason) const;
     [[noreturn]] void FailAt(char const* where, std::string const& reason) const;
 
 private:
     CgatsToken Quoted(CgatsToken token);
+    /// Line and column.
+    std::pair<unsigned long, unsigned long> PlaceOf(char const* where) const;
 
     std::string const& file_;
     std::string_view text_;

@@ -127,9 +127,12 @@ void Table::MakeFields() {
 
 void Table::MakeField(SampleAttribute const& attribute) {
     auto const take = [this](Conditions const& conditions) {
-        for (auto const& [key, value] : conditions.GetAll())
-            if (key.starts_with("Physical.") || key.starts_with("Colorimetric."))
-                AddKeyword(kConditionKeyword + key, value);
+        for (auto const& [key, value] : conditions.GetAll()) {
+            if (!key.starts_with("Physical.") && !key.starts_with("Colorimetric.")) continue;
+            AddKeyword(kConditionKeyword + key, value);
+            std::string const by = conditions.GetMeasureConditions().GetAssumption(key);
+            if (!by.empty()) AddKeyword(kAssumedKeyword + key, by);
+        }
     };
     if (auto const* const spectrum = dynamic_cast<Spectrum const*>(&attribute)) {
         take(spectrum->GetConditions());
@@ -164,16 +167,17 @@ void Table::CheckConditions() const {
     for (auto const& [key, value] : set_.GetProperties())
         if (!IsMade(key)) header.AddProperty(key, value);
     for (auto const& [key, value] : added_) header.AddProperty(key, value);
+    CgatsHeader const understood(header.GetProperties());
     for (auto const& attribute : First().GetSampleAttributes()) {
         Conditions const& held = attribute->GetConditions();
         Conditions read;
         if (attribute->GetType() == Format::Spectrum) {
-            read = CgatsSpectrumConditions(header);
+            read = understood.GetSpectrumConditions();
         } else if (attribute->GetType() == Format::ColorVector) {
             std::string const space = held.GetAttribute(Key::ColorSpaceType, "CIELab");
             read.SetAttribute(Key::ColorSpaceType, space);
             bool const device = space == "CMYK" || space == "RGB";
-            if (!device) read = CgatsColourConditions(header, space);
+            if (!device) read = understood.GetColourConditions(space);
         }
         if (held == read) continue;
         for (auto const& [key, value] : read.GetAll()) FailIfMixed(key, held.GetAttribute(key, ""), value);

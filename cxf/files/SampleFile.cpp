@@ -3,6 +3,7 @@
 #include "Utilities/AtomicFile.h"
 #include "cxf/files/CgatsReader.h"
 #include "cxf/files/CgatsWriter.h"
+#include "cxf/files/Utf8.h"
 #include "cxf/files/XmlReader.h"
 #include "cxf/files/XmlWriter.h"
 
@@ -44,6 +45,11 @@ std::string ReadFileBytes(std::string const& path) {
 
 std::vector<SampleSetPointer> ParseSampleSets(std::string_view text, std::string const& name,
                                               ReadOptions const& options) {
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
+        std::string const converted = FromUtf16(text);
+        if (options.report) options.report->Add(ReadNote::Kind::Converted, 0, "UTF-16 to UTF-8");
+        return ParseSampleSets(converted, name, options);
+    }
     auto const begin = text.find_first_not_of(" \t\r\n\xEF\xBB\xBF");
     bool const xml = begin != std::string_view::npos && text[begin] == '<';
     std::vector<SampleSetPointer> sets = xml ? ReadXml(text, name, options) : ReadCgats(text, name, options);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cxf/files/FileException.h"
+#include "cxf/files/ReadReport.h"
 #include "cxf/samples/SampleSet.h"
 
 #include <string>
@@ -16,6 +17,10 @@ struct ReadOptions {
     bool requireSpectra = false;
     /// Spectra may lack bands of 380 to 730 nm; their end values are repeated then.
     bool allowExtrapolation = false;
+    /// Whatever the file doesn't state is an error, and so is a contradiction in its header.
+    bool strict = false;
+    /// Receives what the reader made of the file, in addition to what it holds already.
+    ReadReport* report = nullptr;
 };
 
 /// Reads a file of samples: CGATS.17 / ISO 28178 text (`CgatsReader.h`) or the XML form (`XmlReader.h`), told

@@ -1,5 +1,7 @@
 #include "cxf/files/XmlReader.h"
 
+#include "cxf/colorimetry/TristimService.h"
+#include "cxf/conditions/ConditionText.h"
 #include "cxf/conditions/Numbers.h"
 #include "cxf/conditions/TristimException.h"
 #include "cxf/files/XmlNames.h"
@@ -7,7 +9,9 @@
 #include <algorithm>
 #include <initializer_list>
 #include <pugixml.hpp>
+#include <set>
 #include <sstream>
+#include <utility>
 
 namespace Norvelian::ColorExchangeFormat {
 
@@ -24,13 +28,21 @@ public:
     std::vector<SampleSetPointer> Run();
 
 private:
-    SampleSetPointer ReadSet(pugi::xml_node node) const;
+    SampleSetPointer ReadSet(pugi::xml_node node);
+    /// 100 if the set's spectra that don't say their scale are percentages, by the same evidence as in CGATS.
+    double FindScale(pugi::xml_node set) const;
+    void NoteSet(pugi::xml_node node, SampleSet const& set) const;
     ::Utilities::SmartPointer<Sample> ReadSample(pugi::xml_node node) const;
     Sample::AttributePointer ReadAttribute(pugi::xml_node node) const;
     Sample::AttributePointer ReadSpectrum(pugi::xml_node node) const;
     Sample::AttributePointer ReadRecipe(pugi::xml_node node) const;
     Conditions ReadConditions(pugi::xml_node node) const;
     std::vector<double> ReadValues(pugi::xml_node node) const;
+    /// Adds the comments and processing instructions of a known child to the foreign parts.
+    void KeepRemarks(pugi::xml_node list, ForeignParts& parts) const;
+    void CheckCondition(pugi::xml_node node, std::string const& key, std::string const& value) const;
+    unsigned long LineOf(pugi::xml_node node) const;
+    void Note(ReadNote::Kind kind, pugi::xml_node node, std::string const& text) const;
     double Number(pugi::xml_node node, char const* attribute) const;
     std::string Text(pugi::xml_node node, char const* attribute) const;
     /// Everything beside the named attributes and children.
@@ -45,6 +57,8 @@ private:
     std::string_view text_;
     std::string const& name_;
     ReadOptions options_;
+    mutable std::set<std::pair<std::string, std::string>> checked_;
+    double scale_ = 1; ///< of the set that is being read
 };
 
 bool Is(pugi::xml_node node, char const* name) { return std::string_view(node.name()) == name; }
@@ -63,6 +77,18 @@ void Reader::FailAt(std::ptrdiff_t offset, std::string const& reason) const {
     auto const lineEnd = before.rfind('\n');
     std::size_t const column = before.size() - (lineEnd == std::string_view::npos ? 0 : lineEnd + 1);
     throw FileException(name_, line + 1, static_cast<unsigned long>(column) + 1, reason);
+}
+
+unsigned long Reader::LineOf(pugi::xml_node node) const {
+    if (node.offset_debug() < 0) return 0;
+    std::string_view const before = text_.substr(0, static_cast<std::size_t>(node.offset_debug()));
+    return static_cast<unsigned long>(std::count(before.begin(), before.end(), '\n')) + 1;
+}
+
+void Reader::Note(ReadNote::Kind kind, pugi::xml_node node, std::string const& text) const {
+    if (options_.strict && (kind == ReadNote::Kind::Assumed || kind == ReadNote::Kind::Contradiction))
+        Fail(node, std::string(ReadReport::NameOf(kind)) + ": " + text);
+    if (options_.report) options_.report->Add(kind, LineOf(node), text);
 }
 
 std::string Reader::Text(pugi::xml_node node, char const* attribute) const {
@@ -112,7 +138,48 @@ std::vector<SampleSetPointer> Reader::Run() {
     return sets;
 }
 
-SampleSetPointer Reader::ReadSet(pugi::xml_node node) const {
+double Reader::FindScale(pugi::xml_node set) const {
+    double highest = 0;
+    pugi::xml_node found;
+    for (pugi::xml_node const sample : set.children(Format::Sample))
+        for (pugi::xml_node const spectrum : sample.children(Format::Spectrum)) {
+            std::string const type = ReadConditions(spectrum).GetAttribute(Key::SpectrumType, "Remission");
+            if (!spectrum.child(Xml::Values)) continue;
+            if (spectrum.attribute(Xml::Scale) || (type != "Remission" && type != "Transmission")) continue;
+            if (!found) found = spectrum;
+            for (double const value : ReadValues(spectrum)) highest = std::max(highest, value);
+        }
+    if (!found) return 1;
+    bool const percent = highest > 2;
+    if (percent) Note(ReadNote::Kind::Assumed, found, "spectra in percent: a value is above 2");
+    return percent ? 100 : 1;
+}
+
+void Reader::NoteSet(pugi::xml_node node, SampleSet const& set) const {
+    if (!options_.report && !options_.strict) return;
+    Note(ReadNote::Kind::Taken, node,
+         "set \"" + set.GetName() + "\" of " + std::to_string(set.GetSamples().size()) + " samples");
+    // One note for each kind of attribute and its conditions, not one for each sample.
+    std::vector<std::string> said;
+    for (pugi::xml_node const sample : node.children(Format::Sample))
+        for (pugi::xml_node const child : sample.children()) {
+            bool const spectrum = Is(child, Format::Spectrum);
+            if (!spectrum && !Is(child, Format::ColorVector)) continue;
+            auto const conditions = ReadConditions(child).GetMeasureConditions();
+            std::string const text = spectrum ? "spectra, " + Tristim::MeasurementText(conditions)
+                                              : conditions.GetMeasureCondition(Key::ColorSpaceType) +
+                                                    " under " + ConditionText(conditions);
+            if (std::find(said.begin(), said.end(), text) != said.end()) continue;
+            said.push_back(text);
+            Note(ReadNote::Kind::Taken, child, text);
+            for (auto const& [key, by] : conditions.GetAssumptions())
+                Note(ReadNote::Kind::Assumed, child,
+                     key + " is " + conditions.GetMeasureCondition(key) + ", by " + by);
+        }
+}
+
+SampleSetPointer Reader::ReadSet(pugi::xml_node node) {
+    scale_ = FindScale(node);
     auto set = MakeSmart<SampleSet>();
     set->SetName(node.attribute(Xml::Name).value());
     set->SetDescription(node.attribute(Xml::Description).value());
@@ -120,6 +187,7 @@ SampleSetPointer Reader::ReadSet(pugi::xml_node node) const {
     for (pugi::xml_node const child : node.children(Xml::Property))
         set->AddProperty(Text(child, Xml::Name), Text(child, Xml::Value));
     for (pugi::xml_node const child : node.children(Format::Sample)) set->AddSample(ReadSample(child));
+    NoteSet(node, *set);
     return set;
 }
 
@@ -149,7 +217,10 @@ Sample::AttributePointer Reader::ReadAttribute(pugi::xml_node node) const {
     if (Is(node, Format::Recipe)) return ReadRecipe(node);
     if (Is(node, Format::ColorVector)) {
         auto colour = MakeSmart<ColorVector>(ReadValues(node), ReadConditions(node));
-        colour->SetForeign(Foreign(node, {}, {Xml::Conditions, Xml::Values}));
+        ForeignParts foreign = Foreign(node, {}, {Xml::Conditions, Xml::Values});
+        KeepRemarks(node.child(Xml::Conditions), foreign);
+        KeepRemarks(node.child(Xml::Values), foreign);
+        colour->SetForeign(std::move(foreign));
         return colour;
     }
     if (Is(node, Format::UnknownSampleAttribute)) {
@@ -169,9 +240,20 @@ Sample::AttributePointer Reader::ReadSpectrum(pugi::xml_node node) const {
     bool const may = options_.allowExtrapolation || extrapolate == Xml::Yes;
     double const first = Number(node, Xml::First);
     double const step = Number(node, Xml::Step);
-    auto spectrum = MakeSmart<Spectrum>(first, step, ReadValues(node), ReadConditions(node), may);
-    spectrum->SetForeign(
-        Foreign(node, {Xml::First, Xml::Step, Xml::Extrapolate}, {Xml::Conditions, Xml::Values}));
+    double const scale = node.attribute(Xml::Scale) ? Number(node, Xml::Scale) : scale_;
+    if (!(scale > 0)) Fail(node, "the attribute Scale isn't positive");
+    std::vector<double> values = ReadValues(node);
+    Conditions const conditions = ReadConditions(node);
+    std::string const type = conditions.GetAttribute(Key::SpectrumType, "Remission");
+    bool const scaled = node.attribute(Xml::Scale) || type == "Remission" || type == "Transmission";
+    if (scaled && scale != 1)
+        for (double& value : values) value /= scale;
+    auto spectrum = MakeSmart<Spectrum>(first, step, std::move(values), conditions, may);
+    ForeignParts foreign =
+        Foreign(node, {Xml::First, Xml::Step, Xml::Extrapolate, Xml::Scale}, {Xml::Conditions, Xml::Values});
+    KeepRemarks(node.child(Xml::Conditions), foreign);
+    KeepRemarks(node.child(Xml::Values), foreign);
+    spectrum->SetForeign(std::move(foreign));
     // Missing bands and unknown conditions must show now, and not when the spectrum is drawn.
     static_cast<void>(Extensions::Cxf2NV(*spectrum));
     return spectrum;
@@ -187,7 +269,9 @@ Sample::AttributePointer Reader::ReadRecipe(pugi::xml_node node) const {
     }
     auto recipe = MakeSmart<Recipe>(std::move(ingredients));
     recipe->SetConditions(ReadConditions(node));
-    recipe->SetForeign(Foreign(node, {}, {Xml::Conditions, Xml::Ingredient}));
+    ForeignParts foreign = Foreign(node, {}, {Xml::Conditions, Xml::Ingredient});
+    KeepRemarks(node.child(Xml::Conditions), foreign);
+    recipe->SetForeign(std::move(foreign));
     return recipe;
 }
 
@@ -197,12 +281,51 @@ Conditions Reader::ReadConditions(pugi::xml_node node) const {
     if (list.next_sibling(Xml::Conditions))
         Fail(list, std::string("<") + node.name() + "> has Conditions twice");
     for (pugi::xml_node const child : list.children()) {
+        if (child.type() == pugi::node_comment || child.type() == pugi::node_pi) continue;
         if (!Is(child, Xml::Condition)) Fail(child, "a foreign part in <Conditions>; expected <Condition>");
         std::string const key = Text(child, Xml::Name);
         if (conditions.GetAll().contains(key)) Fail(child, "the condition " + key + " stands twice");
-        conditions.SetAttribute(key, Text(child, Xml::Value));
+        std::string const value = Text(child, Xml::Value);
+        CheckCondition(child, key, value);
+        std::string const by = child.attribute(Xml::Assumed).value();
+        if (by.empty())
+            conditions.SetAttribute(key, value);
+        else
+            conditions.Assume(key, value, by);
+    }
+    if (conditions.GetAttribute(Key::Illumination, "").empty()) return conditions;
+    try {
+        static_cast<void>(Tristim::ViewingOf(conditions.GetMeasureConditions()));
+    } catch (Tristim::TristimException const& failure) {
+        Fail(list, failure.what());
     }
     return conditions;
+}
+
+void Reader::CheckCondition(pugi::xml_node node, std::string const& key, std::string const& value) const {
+    // The thousands of colours of a file have the same conditions.
+    if (checked_.contains({key, value})) return;
+    // A key of a later version is kept; a key that is known has known values.
+    std::vector<std::string> known;
+    try {
+        known = Tristim::TristimService::GetSupportedValues(key);
+    } catch (Tristim::TristimException const&) {
+        checked_.emplace(key, value);
+        return;
+    }
+    if (value.empty() || known.empty() || std::find(known.begin(), known.end(), value) != known.end()) {
+        checked_.emplace(key, value);
+        return;
+    }
+    std::string list;
+    for (std::string const& one : known) list += (list.empty() ? "" : ", ") + one;
+    Fail(node, "the condition " + key + " is \"" + value + "\"; expected one of " + list);
+}
+
+void Reader::KeepRemarks(pugi::xml_node list, ForeignParts& parts) const {
+    for (pugi::xml_node const child : list.children())
+        if (child.type() == pugi::node_comment || child.type() == pugi::node_pi)
+            parts.children += Markup(child);
 }
 
 std::vector<double> Reader::ReadValues(pugi::xml_node node) const {
@@ -210,7 +333,22 @@ std::vector<double> Reader::ReadValues(pugi::xml_node node) const {
     if (!list) Fail(node, std::string("<") + node.name() + "> lacks <Values>");
     if (list.next_sibling(Xml::Values)) Fail(list, std::string("<") + node.name() + "> has Values twice");
     std::vector<double> values;
-    std::string_view rest = list.child_value();
+    // Remarks between the numbers cut the text into pieces; between two of them a blank may have been
+    // dropped.
+    std::string text;
+    std::size_t remarks = 0;
+    for (pugi::xml_node const child : list.children()) {
+        if (child.type() == pugi::node_element)
+            Fail(child, std::string("<") + child.name() + "> in <Values>; expected numbers");
+        if (child.type() != pugi::node_pcdata && child.type() != pugi::node_cdata) {
+            ++remarks;
+            continue;
+        }
+        if (remarks > 1) text += ' ';
+        remarks = 0;
+        text += child.value();
+    }
+    std::string_view rest = text;
     constexpr std::string_view blanks = " \t\r\n";
     while (true) {
         auto const begin = rest.find_first_not_of(blanks);

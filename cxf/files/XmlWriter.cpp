@@ -1,8 +1,10 @@
 #include "cxf/files/XmlWriter.h"
 
 #include "cxf/conditions/Numbers.h"
+#include "cxf/files/Utf8.h"
 #include "cxf/files/XmlNames.h"
 
+#include <algorithm>
 #include <pugixml.hpp>
 #include <sstream>
 
@@ -14,15 +16,16 @@ using namespace Tristim::Vocabulary;
 namespace {
 
 void Set(pugi::xml_node node, char const* name, std::string const& value) {
-    node.append_attribute(name).set_value(value.c_str());
+    node.append_attribute(name).set_value(ToValidUtf8(value).c_str());
 }
 void SetUnlessEmpty(pugi::xml_node node, char const* name, std::string const& value) {
     if (!value.empty()) Set(node, name, value);
 }
 
 void AppendMarkup(pugi::xml_node node, std::string const& markup) {
-    node.append_buffer(markup.data(), markup.size(),
-                       pugi::parse_default | pugi::parse_comments | pugi::parse_pi);
+    std::string const valid = ToValidUtf8(markup);
+    node.append_buffer(valid.data(), valid.size(),
+                       pugi::parse_default | pugi::parse_comments | pugi::parse_pi, pugi::encoding_utf8);
 }
 void Append(pugi::xml_node node, ForeignParts const& parts) {
     for (auto const& [name, value] : parts.attributes) Set(node, name.c_str(), value);
@@ -36,6 +39,7 @@ void AppendConditions(pugi::xml_node node, Conditions const& conditions) {
         pugi::xml_node condition = list.append_child(Xml::Condition);
         Set(condition, Xml::Name, key);
         Set(condition, Xml::Value, value);
+        SetUnlessEmpty(condition, Xml::Assumed, conditions.GetMeasureConditions().GetAssumption(key));
     }
 }
 
@@ -62,6 +66,9 @@ void Append(pugi::xml_node parent, SampleAttribute const& attribute) {
         Set(node, Xml::First, Shortest(spectrum->GetFirst()));
         Set(node, Xml::Step, Shortest(spectrum->GetStep()));
         if (spectrum->MayExtrapolate()) Set(node, Xml::Extrapolate, Xml::Yes);
+        // Numbers that look like percentages must not be read as such.
+        auto const& values = spectrum->GetValues();
+        if (*std::max_element(values.begin(), values.end()) > 2) Set(node, Xml::Scale, "1");
         AppendConditions(node, spectrum->GetConditions());
         AppendValues(node, spectrum->GetValues());
     } else if (auto const* const colour = dynamic_cast<ColorVector const*>(&attribute)) {

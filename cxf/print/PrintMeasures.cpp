@@ -134,8 +134,8 @@ double GetOpacity(NVSpectrum const& overBlack, NVSpectrum const& overWhite,
     // The two are measured over different backings by definition.
     NVMeasureConditions black = overBlack.GetMeasureConditions();
     NVMeasureConditions white = overWhite.GetMeasureConditions();
-    black.SetMeasureCondition(Key::Backing, "");
-    white.SetMeasureCondition(Key::Backing, "");
+    black.Forget(Key::Backing);
+    white.Forget(Key::Backing);
     RequireComparable(black, white, conditions.GetMeasureCondition(Key::AcceptUnstated));
     Resolved const resolved = Resolve(conditions, overBlack.GetMeasureConditions());
     return 100 *

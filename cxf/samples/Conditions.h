@@ -26,6 +26,7 @@ public:
     void Assume(std::string const& key, std::string const& value, std::string const& by) {
         values_.Assume(key, value, by);
     }
+    void Forget(std::string const& key) { values_.Forget(key); }
 
     bool IsEmpty() const { return values_.GetAll().empty(); }
     /// Whether `other` has every condition of this set with the same value.

@@ -5,7 +5,10 @@
 #include "cxf/conditions/TristimException.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <map>
+#include <utility>
 
 namespace Norvelian::ColorExchangeFormat {
 
@@ -18,12 +21,94 @@ namespace {
 
 /// Wavelengths closer than this are one.
 constexpr double kSameWavelength = 0.01;
+constexpr double kLastBand = kBandFirst + kBandStep * (static_cast<double>(kBands) - 1);
+/// What must have been measured before end values may be repeated: most of what the eye sees.
+constexpr double kVisibleFirst = 400;
+constexpr double kVisibleLast = 700;
 
-double Interpolate(std::vector<double> const& values, double position) {
-    Tristim::LagrangeShares const shares = Tristim::CubicShares(position, values.size());
-    double result = 0;
-    for (std::size_t k = 0; k < shares.count; ++k) result += shares.share[k] * values[shares.first + k];
-    return result;
+/// How the 36 bands come from the values of one grid: for each band, which values take part and how much.
+struct Resampling {
+    double first = 0;
+    double step = 0;
+    std::size_t count = 0;
+    std::array<std::vector<std::pair<std::size_t, double>>, kBands> shares;
+    std::string done;
+};
+
+void AddShares(std::map<std::size_t, double>& to, double position, std::size_t count, double weight,
+               bool cubic) {
+    double const inside = std::clamp(position, 0.0, static_cast<double>(count - 1));
+    double const nearest = std::round(inside);
+    if (std::abs(inside - nearest) < 1e-6) {
+        to[static_cast<std::size_t>(nearest)] += weight;
+    } else if (cubic) {
+        Tristim::LagrangeShares const shares = Tristim::CubicShares(inside, count);
+        for (std::size_t k = 0; k < shares.count; ++k) to[shares.first + k] += weight * shares.share[k];
+    } else {
+        auto const below = static_cast<std::size_t>(inside);
+        to[below] += weight * (1 - (inside - static_cast<double>(below)));
+        to[below + 1] += weight * (inside - static_cast<double>(below));
+    }
+}
+
+/// The band as an instrument with a triangular bandpass of 10 nm would have measured it. On a grid that 10 nm
+/// are a multiple of, the values are weighted as they stand (1, 2, 1 for 5 nm); other grids are taken as
+/// linear between their values. Near an end of the spectrum the triangle is as wide as there are values on
+/// both sides, so that a slope stays what it is.
+void AddTriangle(std::map<std::size_t, double>& to, double position, double step, std::size_t count) {
+    double const end = static_cast<double>(count - 1);
+    double const half = std::min({kBandStep / step, position, end - position});
+    double const ratio = kBandStep / step;
+    bool const aligned =
+        std::abs(ratio - std::round(ratio)) < 1e-6 && std::abs(position - std::round(position)) < 1e-6;
+    double const stride = aligned ? 1 : half / 20;
+    if (half < 1e-6 || stride <= 0) {
+        AddShares(to, position, count, 1, true);
+        return;
+    }
+    double sum = 0;
+    for (double offset = 0; offset < half; offset += stride)
+        sum += (offset > 0 ? 2 : 1) * (1 - offset / half);
+    for (double offset = 0; offset < half; offset += stride) {
+        double const weight = (1 - offset / half) / sum;
+        AddShares(to, position + offset, count, weight, false);
+        if (offset > 0) AddShares(to, position - offset, count, weight, false);
+    }
+}
+
+Resampling MakeResampling(double first, double step, std::size_t count) {
+    using Tristim::Numbers::Shortest;
+    Resampling made{first, step, count, {}, {}};
+    double const last = first + step * static_cast<double>(count - 1);
+    bool const fine = step < kBandStep - 1e-6;
+    bool interpolated = false;
+    for (std::size_t band = 0; band < kBands; ++band) {
+        double const wavelength = kBandFirst + kBandStep * static_cast<double>(band);
+        double const position = std::clamp((wavelength - first) / step, 0.0, static_cast<double>(count - 1));
+        bool const onValue = std::abs(position - std::round(position)) * step < kSameWavelength;
+        std::map<std::size_t, double> shares;
+        if (fine)
+            AddTriangle(shares, onValue ? std::round(position) : position, step, count);
+        else
+            AddShares(shares, onValue ? std::round(position) : position, count, 1, true);
+        interpolated = interpolated || !onValue;
+        made.shares[band].assign(shares.begin(), shares.end());
+    }
+    auto const add = [&made](std::string const& text) {
+        made.done += (made.done.empty() ? "" : ", ") + text;
+    };
+    if (fine)
+        add("triangular bandpass of 10 nm over values by " + Shortest(step) + " nm");
+    else if (interpolated)
+        add("cubic Lagrange from " + Shortest(step) + " nm");
+    bool const below = first > kBandFirst + kSameWavelength;
+    bool const above = last < kLastBand - kSameWavelength;
+    if (below || above)
+        add("end values repeated" + (below ? " below " + Shortest(first) + " nm" : std::string()) +
+            (below && above ? " and" : "") + (above ? " above " + Shortest(last) + " nm" : std::string()));
+    if (last > kLastBand + kSameWavelength) add("nothing above 730 nm used");
+    if (first < kBandFirst - kSameWavelength) add("nothing below 380 nm used");
+    return made;
 }
 
 } // namespace
@@ -44,31 +129,30 @@ namespace Extensions {
 
 Tristim::NVSpectrum Cxf2NV(Spectrum const& spectrum) {
     std::vector<double> const& values = spectrum.GetValues();
-    double const lastBand = kBandFirst + kBandStep * (static_cast<double>(kBands) - 1);
-    bool const missing =
-        spectrum.GetFirst() > kBandFirst + kSameWavelength || spectrum.GetLast() < lastBand - kSameWavelength;
-    if (missing && !spectrum.MayExtrapolate())
+    bool const missing = spectrum.GetFirst() > kBandFirst + kSameWavelength ||
+                         spectrum.GetLast() < kLastBand - kSameWavelength;
+    bool const visible = spectrum.GetFirst() < kVisibleFirst + kSameWavelength &&
+                         spectrum.GetLast() > kVisibleLast - kSameWavelength;
+    if (missing && !(spectrum.MayExtrapolate() && visible))
         throw TristimException(
             "the spectrum reaches from " + Tristim::Numbers::Shortest(spectrum.GetFirst()) + " to " +
-            Tristim::Numbers::Shortest(spectrum.GetLast()) + " nm; expected 380 to 730 nm");
+            Tristim::Numbers::Shortest(spectrum.GetLast()) + " nm; expected " +
+            (spectrum.MayExtrapolate() ? "at least 400 to 700 nm, which can be extended" : "380 to 730 nm"));
 
+    // All spectra of a file lie on the same grid.
+    thread_local Resampling resampling;
+    if (resampling.first != spectrum.GetFirst() || resampling.step != spectrum.GetStep() ||
+        resampling.count != values.size())
+        resampling = MakeResampling(spectrum.GetFirst(), spectrum.GetStep(), values.size());
     std::vector<float> bands(kBands);
-    bool interpolated = false;
-    auto const end = static_cast<double>(values.size() - 1);
     for (std::size_t band = 0; band < kBands; ++band) {
-        double const wavelength = kBandFirst + kBandStep * static_cast<double>(band);
-        double const position = std::clamp((wavelength - spectrum.GetFirst()) / spectrum.GetStep(), 0.0, end);
-        double const nearest = std::round(position);
-        bool const onValue = std::abs(position - nearest) * spectrum.GetStep() < kSameWavelength;
-        interpolated = interpolated || !onValue;
-        bands[band] = static_cast<float>(onValue ? values[static_cast<std::size_t>(nearest)]
-                                                 : Interpolate(values, position));
+        double value = 0;
+        for (auto const& [place, share] : resampling.shares[band]) value += share * values[place];
+        bands[band] = static_cast<float>(value);
     }
     Tristim::NVMeasureConditions conditions = spectrum.GetConditions().GetMeasureConditions();
-    std::string done;
-    if (interpolated) done = "cubic Lagrange from " + Tristim::Numbers::Shortest(spectrum.GetStep()) + " nm";
-    if (missing) done += std::string(done.empty() ? "" : ", ") + "end values repeated";
-    if (!done.empty()) conditions.SetMeasureCondition(Tristim::Vocabulary::Key::Resampling, done);
+    if (!resampling.done.empty())
+        conditions.SetMeasureCondition(Tristim::Vocabulary::Key::Resampling, resampling.done);
     return Tristim::NVSpectrum(std::move(bands), std::move(conditions));
 }
 

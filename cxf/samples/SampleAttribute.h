@@ -114,10 +114,12 @@ namespace Extensions {
 
 /// The 36 bands of an exchange-format spectrum, and its conditions.
 ///
-/// A band that the spectrum has is taken as it is; others are interpolated by Lagrange's cubic through
-/// the four nearest values, and bands beyond its ends repeat the end value if the spectrum may be
-/// extrapolated. The condition "Physical.Resampling" of the result says what was done. Throws
-/// `TristimException` for missing bands otherwise.
+/// At steps of 10 nm and more, a band that the spectrum has is taken as it is and others are interpolated by
+/// Lagrange's cubic through the four nearest values. Finer steps are averaged by a triangular bandpass of
+/// 10 nm, as an instrument with such bands measures; a narrow line then counts with its width. Bands beyond
+/// the ends repeat the end value if the spectrum may be extrapolated and has at least 400 to 700 nm. The
+/// condition "Physical.Resampling" of the result says what was done, and what beyond 380 to 730 nm wasn't
+/// used. Throws `TristimException` for missing bands otherwise.
 Tristim::NVSpectrum Cxf2NV(Spectrum const& spectrum);
 /// The same for an attribute of unknown class; throws `TristimException` if it isn't a spectrum.
 Tristim::NVSpectrum Cxf2NV(SampleAttribute const& attribute);

@@ -112,7 +112,7 @@ TEST(Xml, ErrorsSayWhereAndWhatWasExpected) {
                "t:5:2: \"inf\" in <Values>; expected a finite number"},
           Case{Document("<CXFColorVector><Conditions><Condition Name=\"ColorSpaceDescription.Type\" "
                         "Value=\"Lab\"/></Conditions><Values>1 2 3</Values></CXFColorVector>"),
-               "t:4:2: condition ColorSpaceDescription.Type is \"Lab\"; expected one of "},
+               "t:4:30: the condition ColorSpaceDescription.Type is \"Lab\"; expected one of "},
           Case{Document("<CXFRecipe><Ingredient Name=\"a\"/></CXFRecipe>"),
                "t:4:13: <Ingredient> lacks the attribute Amount"},
           Case{Document("", "text"), "t:2:15: text in <CXFSampleSet>; expected elements"}})
