@@ -2,6 +2,7 @@
 
 #include "cxf/colorimetry/ColorSpaces.h"
 #include "cxf/colorimetry/Weights.h"
+#include "cxf/conditions/NVColorVector.h"
 #include "cxf/conditions/NVSpectrum.h"
 
 #include <memory>
@@ -33,6 +34,16 @@ struct Resolved {
 Resolved Resolve(NVMeasureConditions const& asked, NVMeasureConditions const& measured);
 /// The conditions of a colour that was computed already.
 Resolved Resolve(NVMeasureConditions const& conditions);
+
+/// Two colours under the same conditions.
+struct ResolvedPair {
+    Resolved resolved;
+    XYZ reference;
+    XYZ sample;
+};
+/// The tristimulus values of two vectors whose conditions agree with each other and with what is asked for.
+ResolvedPair ReducePair(NVColorVector const& reference, NVColorVector const& sample,
+                        NVMeasureConditions const& conditions);
 
 /// Makes two sets of conditions agree on everything that a colour depends on: illuminant, observer, white
 /// base with their parameters, spectrum type, filter, geometry and backing. The same value, or none in both,

@@ -77,12 +77,8 @@ void NoteResampling(NVMeasureConditions& result, NVMeasureConditions const& refe
 }
 
 /// Two spectra under the same conditions.
-struct Pair {
-    Resolved resolved;
-    XYZ reference;
-    XYZ sample;
-};
-Pair Reduce(NVSpectrum const& reference, NVSpectrum const& sample, NVMeasureConditions const& conditions) {
+ResolvedPair ReducePair(NVSpectrum const& reference, NVSpectrum const& sample,
+                        NVMeasureConditions const& conditions) {
     NVMeasureConditions one = reference.GetMeasureConditions();
     NVMeasureConditions other = sample.GetMeasureConditions();
     Reconcile(one, other, conditions.GetMeasureCondition(Key::AcceptUnstated));
@@ -93,9 +89,10 @@ Pair Reduce(NVSpectrum const& reference, NVSpectrum const& sample, NVMeasureCond
     return {std::move(resolved), first, second};
 }
 
-/// Two vectors whose conditions agree with each other and with what is asked for.
-Pair Reduce(NVColorVector const& reference, NVColorVector const& sample,
-            NVMeasureConditions const& conditions) {
+} // namespace
+
+ResolvedPair ReducePair(NVColorVector const& reference, NVColorVector const& sample,
+                        NVMeasureConditions const& conditions) {
     NVMeasureConditions one = ConditionsOf(reference);
     NVMeasureConditions other = ConditionsOf(sample);
     Reconcile(one, other, conditions.GetMeasureCondition(Key::AcceptUnstated));
@@ -107,8 +104,6 @@ Pair Reduce(NVColorVector const& reference, NVColorVector const& sample,
     return {std::move(first.resolved), first.xyz, second.xyz};
 }
 
-} // namespace
-
 NVColorVector TristimService::GetVector(NVSpectrum const& spectrum, NVMeasureConditions const& conditions) {
     Resolved const resolved = Resolve(conditions, spectrum.GetMeasureConditions());
     if (resolved.delta)
@@ -119,13 +114,13 @@ NVColorVector TristimService::GetVector(NVSpectrum const& spectrum, NVMeasureCon
 
 NVColorVector TristimService::GetDeltaVector(NVSpectrum const& reference, NVSpectrum const& sample,
                                              NVMeasureConditions const& conditions) {
-    Pair const pair = Reduce(reference, sample, conditions);
+    ResolvedPair const pair = ReducePair(reference, sample, conditions);
     return DeltaOf(pair.reference, pair.sample, pair.resolved);
 }
 
 NVColorVector TristimService::GetDeltaVector(NVColorVector const& reference, NVColorVector const& sample,
                                              NVMeasureConditions const& conditions) {
-    Pair pair = Reduce(reference, sample, conditions);
+    ResolvedPair pair = ReducePair(reference, sample, conditions);
     if (!conditions.GetMeasureCondition(Key::ColorSpaceType).empty()) {
         std::size_t const space = conditions.GetChoice(Key::ColorSpaceType, Value::ColorSpaceType, 0);
         pair.resolved.space = static_cast<ColorSpace>(space);
@@ -137,7 +132,7 @@ NVColorVector TristimService::GetDeltaVector(NVColorVector const& reference, NVC
 float TristimService::GetDeltaE(NVSpectrum const& reference, NVSpectrum const& sample,
                                 NVMeasureConditions const& conditions, float weight1, float weight2,
                                 float weight3) {
-    Pair const pair = Reduce(reference, sample, conditions);
+    ResolvedPair const pair = ReducePair(reference, sample, conditions);
     return static_cast<float>(DeltaE(FormulaOf(conditions), pair.reference, pair.sample,
                                      pair.resolved.weights->white, WeightsOf(weight1, weight2, weight3)));
 }
@@ -145,7 +140,7 @@ float TristimService::GetDeltaE(NVSpectrum const& reference, NVSpectrum const& s
 float TristimService::GetDeltaE(NVColorVector const& reference, NVColorVector const& sample,
                                 NVMeasureConditions const& conditions, float weight1, float weight2,
                                 float weight3) {
-    Pair const pair = Reduce(reference, sample, conditions);
+    ResolvedPair const pair = ReducePair(reference, sample, conditions);
     return static_cast<float>(DeltaE(FormulaOf(conditions), pair.reference, pair.sample,
                                      pair.resolved.weights->white, WeightsOf(weight1, weight2, weight3)));
 }

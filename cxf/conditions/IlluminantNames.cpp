@@ -92,6 +92,18 @@ std::optional<NVMeasureConditions> FindIlluminant(std::string_view name) {
     return std::nullopt;
 }
 
+NVMeasureConditions Under(std::string_view illuminant, int observerDegrees) {
+    auto found = FindIlluminant(illuminant);
+    if (!found)
+        throw TristimException("there is no illuminant \"" + std::string(illuminant) + "\"; known are " +
+                               KnownIlluminants());
+    if (observerDegrees != 2 && observerDegrees != 10)
+        throw TristimException("there is no observer of " + std::to_string(observerDegrees) +
+                               " degrees; known are 2 and 10");
+    found->SetMeasureCondition(Key::Observer, observerDegrees == 2 ? "TwoDegree" : "TenDegree");
+    return *found;
+}
+
 std::string KnownIlluminants() {
     return "A, B, C, E, D50, D55, D65, D75, D40 to D250, F1 to F12, FL3.1 to FL3.15, TL83, TL84, TL85, CWF, "
            "LED-B1 to "

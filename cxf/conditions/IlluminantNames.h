@@ -18,6 +18,10 @@ namespace Norvelian::Tristim {
 /// table is at hand.
 std::optional<NVMeasureConditions> FindIlluminant(std::string_view name);
 
+/// The conditions of an illuminant by its name and an observer of 2 or 10 degrees, both stated. Throws
+/// `TristimException` for unknown ones.
+NVMeasureConditions Under(std::string_view illuminant, int observerDegrees);
+
 /// The known names, for messages.
 std::string KnownIlluminants();
 

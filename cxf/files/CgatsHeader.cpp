@@ -130,6 +130,13 @@ CgatsHeader::CgatsHeader(std::span<SampleSet::Property const> properties) : prop
         else
             all_.SetAttribute(key, statement.value);
     }
+    if (auto const illuminant = statements_.find(Key::Illumination); illuminant != statements_.end()) {
+        try {
+            static_cast<void>(Tristim::ViewingOf(all_.GetMeasureConditions()));
+        } catch (Tristim::TristimException const& failure) {
+            throw CgatsHeaderException(illuminant->second.keyword, failure.what());
+        }
+    }
     for (auto const& [key, value] : all_.GetAll())
         if (key.starts_with(Group::Physical)) {
             std::string const by = all_.GetMeasureConditions().GetAssumption(key);
@@ -146,6 +153,11 @@ void CgatsHeader::TakeOwn(std::span<SampleSet::Property const> properties) {
         if (!key.starts_with(kConditionKeyword) || key.starts_with(kAssumedKeyword)) continue;
         std::string const condition = key.substr(std::string_view(kConditionKeyword).size());
         if (!condition.starts_with(Group::Physical) && !condition.starts_with(Group::Colorimetric)) continue;
+        try {
+            RequireKnownValue(condition, value);
+        } catch (Tristim::TristimException const& failure) {
+            throw CgatsHeaderException(place, failure.what());
+        }
         statements_[condition] = {kOwnRank, place, value, false};
         std::string by;
         for (auto const& [other, origin] : properties)

@@ -17,6 +17,9 @@ namespace Norvelian::ColorExchangeFormat {
 inline constexpr char const* kCgatsIdentifier = "CGATS_IDENTIFIER";
 /// Set property that says on which scale the spectra stood.
 inline constexpr char const* kSpectralScale = "SPECTRAL_SCALE";
+/// No surface, fluorescent ones included, sends back more than a few times what falls on it: a value above
+/// this is on another scale.
+inline constexpr double kHighestFactor = 10;
 /// Prefixes of this library's own keywords: a condition, and where an assumed one comes from.
 inline constexpr char const* kConditionKeyword = "CXF_";
 inline constexpr char const* kAssumedKeyword = "CXF_Assumed.";

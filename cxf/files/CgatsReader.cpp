@@ -139,7 +139,7 @@ void Reader::TakeKeyword(CgatsToken const& keyword, SampleSet& set, Stated& stat
     if (plain == "SPECTRALSTARTNM") start_ = HeaderNumber(keyword, value);
     if (plain == "SPECTRALENDNM") end_ = HeaderNumber(keyword, value);
     if (plain == "SPECTRALNORM" || plain == "SPECTRALNORMALIZATION" || plain == "SPECTRALUNITS" ||
-        plain == "SPECTRALUNIT" || plain == "SPECTRALMAX")
+        plain == "SPECTRALUNIT")
         norm_ = ScaleOf(keyword, value);
     if (plain == "XYZNORM" || plain == "XYZSCALE" || plain == "XYZUNITS") xyzNorm_ = ScaleOf(keyword, value);
     AddProperty(set, keyword, key, value);
@@ -302,11 +302,6 @@ double Reader::FindSpectralScale(SampleSet& set, std::string const& type, double
     if (norm_ || layout_.scale) {
         scale = norm_ ? *norm_ : *layout_.scale;
         told = norm_ ? "stated by SPECTRAL_NORM" : "stated by the fields' names";
-        // No surface, fluorescent ones included, sends back more than a few times what falls on it.
-        if (reflects && highest / scale > 10)
-            scanner_.Fail(at, "the spectra are said to be on a scale of " +
-                                  Tristim::Numbers::Shortest(scale) + ", but a value is " +
-                                  Tristim::Numbers::Shortest(highest));
         Note(scale == 1 ? Kind::Taken : Kind::Converted, at,
              "spectra on a scale of " + Tristim::Numbers::Shortest(scale) + ", " + told);
     } else if (reflects) {
@@ -317,6 +312,10 @@ double Reader::FindSpectralScale(SampleSet& set, std::string const& type, double
     } else {
         told = "light";
     }
+    if (reflects && highest / scale > kHighestFactor)
+        scanner_.Fail(at, "the spectra are " + std::string(norm_ || layout_.scale ? "said" : "taken") +
+                              " to be on a scale of " + Tristim::Numbers::Shortest(scale) +
+                              ", but a value is " + Tristim::Numbers::Shortest(highest));
     set.AddProperty(kSpectralScale, (scale == 100 ? "percent: " : "fraction: ") + told);
     if (scale != 1)
         for (double& value : spectra_) value /= scale;

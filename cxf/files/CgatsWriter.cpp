@@ -4,6 +4,7 @@
 #include "cxf/conditions/TristimException.h"
 #include "cxf/files/CgatsFields.h"
 #include "cxf/files/CgatsHeader.h"
+#include "cxf/files/ConditionWords.h"
 
 #include <algorithm>
 #include <array>
@@ -19,10 +20,13 @@ namespace {
 
 /// Keywords that are made anew for each table.
 bool IsMade(std::string_view key) {
-    static constexpr std::array<std::string_view, 8> made{
-        kCgatsIdentifier,  kSpectralScale,   "SPECTRAL_NORM",    "SPECTRAL_START_NM",
-        "SPECTRAL_END_NM", "SPECTRAL_BANDS", "NUMBER_OF_FIELDS", "NUMBER_OF_SETS"};
-    return std::find(made.begin(), made.end(), key) != made.end() || key.starts_with(kConditionKeyword);
+    static constexpr std::array<std::string_view, 14> made{
+        "CGATSIDENTIFIER", "SPECTRALSCALE",   "SPECTRALNORM",  "SPECTRALNORMALIZATION",
+        "SPECTRALUNITS",   "SPECTRALUNIT",    "XYZNORM",       "XYZSCALE",
+        "XYZUNITS",        "SPECTRALSTARTNM", "SPECTRALENDNM", "SPECTRALBANDS",
+        "NUMBEROFFIELDS",  "NUMBEROFSETS"};
+    return std::find(made.begin(), made.end(), PlainName(key)) != made.end() ||
+           key.starts_with(kConditionKeyword);
 }
 
 void RequirePlain(std::string const& text) {
@@ -151,6 +155,7 @@ void Table::MakeField(SampleAttribute const& attribute) {
                                         [&space](CgatsColour const& one) { return space == one.space; });
         if (found == known.end()) throw TristimException("CGATS has no fields for colours of " + space);
         if (!found->device) take(colour->GetConditions());
+        if (space == "CIEXYZ" || space == "CIExyY") AddKeyword("XYZ_NORM", "100");
         for (char const* const field : found->fields)
             if (field) fields_.emplace_back(field);
     } else if (auto const* const unknown = dynamic_cast<UnknownSampleAttribute const*>(&attribute)) {
@@ -246,6 +251,12 @@ void Table::WriteAttribute(SampleAttribute const& attribute, SampleAttribute con
         same = spectrum->GetFirst() == first.GetFirst() && spectrum->GetStep() == first.GetStep() &&
                spectrum->GetValues().size() == first.GetValues().size();
         values = &spectrum->GetValues();
+        std::string const type = spectrum->GetConditions().GetAttribute(Key::SpectrumType, "Remission");
+        if ((type == "Remission" || type == "Transmission") &&
+            *std::max_element(values->begin(), values->end()) > kHighestFactor)
+            throw TristimException("sample \"" + name +
+                                   "\" has a reflectance of more than 1000 percent, which no "
+                                   "reader of CGATS would take for one");
     } else if (auto const* const colour = dynamic_cast<ColorVector const*>(&attribute); colour && same) {
         values = &colour->GetVector().GetExactValues();
     } else if (auto const* const unknown = dynamic_cast<UnknownSampleAttribute const*>(&attribute);

@@ -1,5 +1,6 @@
 #include "cxf/files/ConditionWords.h"
 
+#include "cxf/colorimetry/TristimService.h"
 #include "cxf/conditions/IlluminantNames.h"
 #include "cxf/conditions/TristimException.h"
 
@@ -293,6 +294,19 @@ std::string PlainName(std::string_view name) {
     for (char const c : name)
         if (c != ' ' && c != '_' && c != '-') result += Upper(c);
     return result;
+}
+
+void RequireKnownValue(std::string const& key, std::string const& value) {
+    std::vector<std::string> known;
+    try {
+        known = Tristim::TristimService::GetSupportedValues(key);
+    } catch (TristimException const&) {
+        return;
+    }
+    if (value.empty() || known.empty() || std::find(known.begin(), known.end(), value) != known.end()) return;
+    std::string list;
+    for (std::string const& one : known) list += (list.empty() ? "" : ", ") + one;
+    throw TristimException("the condition " + key + " is \"" + value + "\"; expected one of " + list);
 }
 
 bool SaysNothing(std::string_view value) {

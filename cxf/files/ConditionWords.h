@@ -35,6 +35,10 @@ struct ConditionWords {
     static ConditionWords Parse(std::string_view value, unsigned about, bool loose);
 };
 
+/// Throws `TristimException` if a condition of the vocabulary has a value that isn't one of its own. Keys
+/// that the vocabulary doesn't have, and those with free values, pass.
+void RequireKnownValue(std::string const& key, std::string const& value);
+
 /// Whether a value says that there is nothing to say: empty, "unknown", "n/a", "-".
 bool SaysNothing(std::string_view value);
 

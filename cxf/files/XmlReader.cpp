@@ -1,9 +1,9 @@
 #include "cxf/files/XmlReader.h"
 
-#include "cxf/colorimetry/TristimService.h"
 #include "cxf/conditions/ConditionText.h"
 #include "cxf/conditions/Numbers.h"
 #include "cxf/conditions/TristimException.h"
+#include "cxf/files/ConditionWords.h"
 #include "cxf/files/XmlNames.h"
 
 #include <algorithm>
@@ -305,21 +305,12 @@ Conditions Reader::ReadConditions(pugi::xml_node node) const {
 void Reader::CheckCondition(pugi::xml_node node, std::string const& key, std::string const& value) const {
     // The thousands of colours of a file have the same conditions.
     if (checked_.contains({key, value})) return;
-    // A key of a later version is kept; a key that is known has known values.
-    std::vector<std::string> known;
     try {
-        known = Tristim::TristimService::GetSupportedValues(key);
-    } catch (Tristim::TristimException const&) {
-        checked_.emplace(key, value);
-        return;
+        RequireKnownValue(key, value);
+    } catch (Tristim::TristimException const& failure) {
+        Fail(node, failure.what());
     }
-    if (value.empty() || known.empty() || std::find(known.begin(), known.end(), value) != known.end()) {
-        checked_.emplace(key, value);
-        return;
-    }
-    std::string list;
-    for (std::string const& one : known) list += (list.empty() ? "" : ", ") + one;
-    Fail(node, "the condition " + key + " is \"" + value + "\"; expected one of " + list);
+    checked_.emplace(key, value);
 }
 
 void Reader::KeepRemarks(pugi::xml_node list, ForeignParts& parts) const {
