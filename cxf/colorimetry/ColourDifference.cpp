@@ -29,21 +29,22 @@ std::string Rounded(double value) {
 ColourDifference DifferenceOf(NVColorVector const& reference, NVColorVector const& sample,
                               NVMeasureConditions const& conditions, DeltaEWeights const& weights) {
     ResolvedPair const pair = ReducePair(reference, sample, conditions);
-    std::size_t const formula = conditions.GetChoice(Key::DeltaEFormula, Value::DeltaEFormula, 0);
-    XYZ const& white = pair.resolved.weights->white;
+    DeltaEFormula const formula = FormulaOf(conditions);
     ColourDifference difference;
-    difference.formula = Value::DeltaEFormula[formula];
+    auto const place = static_cast<std::size_t>(formula);
+    constexpr std::size_t contracted = Value::DeltaEFormula.size();
+    difference.formula =
+        place < contracted ? Value::DeltaEFormula[place] : Value::FurtherDeltaEFormula[place - contracted];
     difference.weights = weights;
-    difference.total =
-        DeltaE(static_cast<DeltaEFormula>(formula), pair.reference, pair.sample, white, weights);
+    difference.total = DeltaEOf(pair, formula, weights);
     Reference const light = pair.resolved.ReferenceOf();
-    Elements4 const lab1 = FromXYZ(ColorSpace::CIELab, pair.reference, light);
-    Elements4 const lab2 = FromXYZ(ColorSpace::CIELab, pair.sample, light);
+    Lab const lab1 = pair.lab ? pair.lab->first : LabOf(pair.reference, light.white);
+    Lab const lab2 = pair.lab ? pair.lab->second : LabOf(pair.sample, light.white);
     Elements4 const polar = Difference(ColorSpace::CIELCh, FromXYZ(ColorSpace::CIELCh, pair.reference, light),
                                        FromXYZ(ColorSpace::CIELCh, pair.sample, light), light);
-    difference.lightness = lab2[0] - lab1[0];
-    difference.a = lab2[1] - lab1[1];
-    difference.b = lab2[2] - lab1[2];
+    difference.lightness = lab2.l - lab1.l;
+    difference.a = lab2.a - lab1.a;
+    difference.b = lab2.b - lab1.b;
     difference.chroma = polar[1];
     difference.hue = polar[2];
     difference.conditions = pair.resolved.conditions;
@@ -62,6 +63,8 @@ std::string ColourDifference::GetFormulaText() const {
                                           ":" + weight(weights.third, 1) + ")";
     if (formula == "2000") return "CIEDE2000" + three;
     if (formula == "94") return "CIE94" + three;
+    if (formula == "94 textile") return "CIE94 textile" + three;
+    if (formula.starts_with("DIN99") || formula == "CAM16-UCS") return formula;
     if (formula == "CIELab") return "dE*ab";
     if (formula == "CIELuv") return "dE*uv";
     return "dE " + formula;

@@ -1,12 +1,14 @@
 #include "cxf/colorimetry/DeltaE.h"
 
 #include "cxf/colorimetry/Batch.h"
+#include "cxf/colorimetry/UniformSpaces.h"
 #include "cxf/conditions/TristimException.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <string>
+#include <string_view>
 
 namespace Norvelian::Tristim {
 
@@ -61,10 +63,11 @@ double DeltaECmc(Lab const& reference, Lab const& sample, double l, double c) {
                      d.hueSquare / (sH * sH));
 }
 
-double DeltaE94(Lab const& reference, Lab const& sample, double kL, double kC, double kH) {
+double DeltaE94(Lab const& reference, Lab const& sample, double kL, double kC, double kH, double k1,
+                double k2) {
     Split const d = SplitOf(reference, sample);
-    double const sC = kC * (1 + 0.045 * d.referenceChroma);
-    double const sH = kH * (1 + 0.015 * d.referenceChroma);
+    double const sC = kC * (1 + k1 * d.referenceChroma);
+    double const sH = kH * (1 + k2 * d.referenceChroma);
     return std::sqrt(std::pow(d.lightness / kL, 2) + std::pow(d.chroma / sC, 2) + d.hueSquare / (sH * sH));
 }
 
@@ -98,25 +101,85 @@ double DeltaEFmc2(XYZ const& reference, XYZ const& sample) {
     return std::sqrt(chromatic + luminance);
 }
 
-double DeltaE(DeltaEFormula formula, XYZ const& reference, XYZ const& sample, XYZ const& white,
-              DeltaEWeights const& weights) {
-    double const fallbackFirst = formula == DeltaEFormula::CMC ? 2 : 1;
+DeltaEFormula FormulaOf(NVMeasureConditions const& conditions) {
+    using namespace Vocabulary;
+    std::string const named = conditions.GetMeasureCondition(Key::DeltaEFormula);
+    auto const& further = Value::FurtherDeltaEFormula;
+    auto const found = std::find(further.begin(), further.end(), std::string_view(named));
+    if (found != further.end())
+        return static_cast<DeltaEFormula>(Value::DeltaEFormula.size() +
+                                          static_cast<std::size_t>(found - further.begin()));
+    return static_cast<DeltaEFormula>(conditions.GetChoice(Key::DeltaEFormula, Value::DeltaEFormula, 0));
+}
+
+bool IsOfLab(DeltaEFormula formula) {
+    switch (formula) {
+    case DeltaEFormula::CIELab:
+    case DeltaEFormula::CMC:
+    case DeltaEFormula::CIE94:
+    case DeltaEFormula::CIE94Textile:
+    case DeltaEFormula::CIEDE2000:
+    case DeltaEFormula::DIN99:
+    case DeltaEFormula::DIN99b:
+    case DeltaEFormula::DIN99o:
+        return true;
+    default:
+        return false;
+    }
+}
+
+double DeltaE(DeltaEFormula formula, Lab const& reference, Lab const& sample, DeltaEWeights const& weights) {
+    double const fallbackFirst =
+        formula == DeltaEFormula::CMC || formula == DeltaEFormula::CIE94Textile ? 2 : 1;
     double const k1 = WeightOr(weights.first, fallbackFirst);
     double const k2 = WeightOr(weights.second, 1);
     double const k3 = WeightOr(weights.third, 1);
-    if (formula == DeltaEFormula::CIELuv) return Euclidean(LuvOf(reference, white), LuvOf(sample, white));
-    if (formula == DeltaEFormula::LABmg) return Euclidean(MgOf(reference, white), MgOf(sample, white));
-    if (formula == DeltaEFormula::FMCII) return DeltaEFmc2(reference, sample);
-    Lab const one = LabOf(reference, white);
-    Lab const other = LabOf(sample, white);
-    if (formula == DeltaEFormula::CMC) return DeltaECmc(one, other, k1, k2);
-    if (formula == DeltaEFormula::CIE94) return DeltaE94(one, other, k1, k2, k3);
-    if (formula == DeltaEFormula::CIELab) return Euclidean(one, other);
-    double result = 0;
-    std::array<double, 3> const lab1{one.l, one.a, one.b};
-    std::array<double, 3> const lab2{other.l, other.a, other.b};
-    Batch::DeltaE2000(lab1, lab2, {&result, 1}, k1, k2, k3);
-    return result;
+    switch (formula) {
+    case DeltaEFormula::CIELab:
+        return Euclidean(reference, sample);
+    case DeltaEFormula::CMC:
+        return DeltaECmc(reference, sample, k1, k2);
+    case DeltaEFormula::CIE94:
+        return DeltaE94(reference, sample, k1, k2, k3);
+    case DeltaEFormula::CIE94Textile:
+        return DeltaE94(reference, sample, k1, k2, k3, 0.048, 0.014);
+    case DeltaEFormula::DIN99:
+        return Euclidean(Din99Of(reference, Din99::Din99), Din99Of(sample, Din99::Din99));
+    case DeltaEFormula::DIN99b:
+        return Euclidean(Din99Of(reference, Din99::B), Din99Of(sample, Din99::B));
+    case DeltaEFormula::DIN99o:
+        return Euclidean(Din99Of(reference, Din99::O), Din99Of(sample, Din99::O));
+    case DeltaEFormula::CIEDE2000: {
+        double result = 0;
+        std::array<double, 3> const lab1{reference.l, reference.a, reference.b};
+        std::array<double, 3> const lab2{sample.l, sample.a, sample.b};
+        Batch::DeltaE2000(lab1, lab2, {&result, 1}, k1, k2, k3);
+        return result;
+    }
+    default:
+        throw TristimException("this formula of colour difference needs tristimulus values");
+    }
+}
+
+double DeltaE(DeltaEFormula formula, XYZ const& reference, XYZ const& sample, XYZ const& white,
+              DeltaEWeights const& weights) {
+    for (double const weight : {weights.first, weights.second, weights.third}) WeightOr(weight, 1);
+    switch (formula) {
+    case DeltaEFormula::CIELuv:
+        return Euclidean(LuvOf(reference, white), LuvOf(sample, white));
+    case DeltaEFormula::LABmg:
+        return Euclidean(MgOf(reference, white), MgOf(sample, white));
+    case DeltaEFormula::FMCII:
+        return DeltaEFmc2(reference, sample);
+    case DeltaEFormula::DIN99c:
+        return Euclidean(Din99Of(reference, white, Din99::C), Din99Of(sample, white, Din99::C));
+    case DeltaEFormula::DIN99d:
+        return Euclidean(Din99Of(reference, white, Din99::D), Din99Of(sample, white, Din99::D));
+    case DeltaEFormula::CAM16UCS:
+        return Euclidean(Cam16UcsOf(reference, white), Cam16UcsOf(sample, white));
+    default:
+        return DeltaE(formula, LabOf(reference, white), LabOf(sample, white), weights);
+    }
 }
 
 } // namespace Norvelian::Tristim

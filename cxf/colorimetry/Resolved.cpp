@@ -137,7 +137,8 @@ Resolved Resolve(NVMeasureConditions const& asked, NVMeasureConditions const& me
     Resolved resolved = Resolve(conditions);
     if (!resolved.paper)
         throw TristimException("white base Paper needs the condition " + std::string(Key::PaperSpectrum));
-    resolved.conditions.SetMeasureCondition(Key::Method, kMethod);
+    resolved.conditions.SetMeasureCondition(Key::Method,
+                                            resolved.viewing.correctBandpass ? kCorrectedMethod : kMethod);
     return resolved;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cxf/colorimetry/ColorSpaces.h"
+#include "cxf/colorimetry/DeltaE.h"
 #include "cxf/colorimetry/Weights.h"
 #include "cxf/conditions/NVColorVector.h"
 #include "cxf/conditions/NVSpectrum.h"
@@ -8,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace Norvelian::Tristim {
 
@@ -40,7 +42,10 @@ struct ResolvedPair {
     Resolved resolved;
     XYZ reference;
     XYZ sample;
+    /// The two as they were given, if both were in CIELab.
+    std::optional<std::pair<Lab, Lab>> lab;
 };
+double DeltaEOf(ResolvedPair const& pair, DeltaEFormula formula, DeltaEWeights const& weights);
 /// The tristimulus values of two vectors whose conditions agree with each other and with what is asked for.
 ResolvedPair ReducePair(NVColorVector const& reference, NVColorVector const& sample,
                         NVMeasureConditions const& conditions);

@@ -40,6 +40,8 @@ extern NumberTable const CieLed;
 extern NumberTable const CieIndoor50;
 extern NumberTable const CieIndoor65;
 extern NumberTable const CieDischarge;
+/// Radiance factors of the test colour samples 1 to 14 of CIE 13.3, 360 to 830 nm by 5 nm.
+extern NumberTable const CieRenderingSamples;
 /// ISO 5-3 spectral products by 10 nm, 340 to 830 nm; linear, peak 100. The columns are those of
 /// `DensityColumn` in `Density.cpp`.
 extern NumberTable const IsoDensity;
@@ -47,5 +49,6 @@ extern NumberTable const IsoDensity;
 extern std::string_view const Ciede2000Pairs;
 extern std::string_view const WhitePoints;
 extern std::string_view const DerivedWeights;
+extern std::string_view const IlluminantChromaticities;
 
 } // namespace Norvelian::Tristim::Tables

@@ -55,10 +55,6 @@ NVColorVector DeltaOf(XYZ const& reference, XYZ const& sample, Resolved const& r
     return VectorOf(resolved.space, Difference(resolved.space, one, other, white), conditions);
 }
 
-DeltaEFormula FormulaOf(NVMeasureConditions const& conditions) {
-    return static_cast<DeltaEFormula>(conditions.GetChoice(Key::DeltaEFormula, Value::DeltaEFormula, 0));
-}
-
 DeltaEWeights WeightsOf(float first, float second, float third) {
     return {static_cast<double>(first), static_cast<double>(second), static_cast<double>(third)};
 }
@@ -86,7 +82,7 @@ ResolvedPair ReducePair(NVSpectrum const& reference, NVSpectrum const& sample,
     NoteResampling(resolved.conditions, one, other);
     XYZ const first = resolved.Reduce(reference);
     XYZ const second = resolved.Reduce(sample);
-    return {std::move(resolved), first, second};
+    return {std::move(resolved), first, second, std::nullopt};
 }
 
 } // namespace
@@ -101,7 +97,20 @@ ResolvedPair ReducePair(NVColorVector const& reference, NVColorVector const& sam
     Colour first = ColourOf(reference, one);
     Colour const second = ColourOf(sample, other);
     NoteResampling(first.resolved.conditions, one, other);
-    return {std::move(first.resolved), first.xyz, second.xyz};
+    ResolvedPair pair{std::move(first.resolved), first.xyz, second.xyz, std::nullopt};
+    // Formulas that change branch at a hue or lightness must not see what a way through X, Y, Z rounds.
+    auto const labOf = [](NVColorVector const& vector) {
+        auto const& values = vector.GetExactValues();
+        return Lab{values[0], values[1], values[2]};
+    };
+    if (pair.resolved.space == ColorSpace::CIELab && second.resolved.space == ColorSpace::CIELab)
+        pair.lab = {labOf(reference), labOf(sample)};
+    return pair;
+}
+
+double DeltaEOf(ResolvedPair const& pair, DeltaEFormula formula, DeltaEWeights const& weights) {
+    if (pair.lab && IsOfLab(formula)) return DeltaE(formula, pair.lab->first, pair.lab->second, weights);
+    return DeltaE(formula, pair.reference, pair.sample, pair.resolved.weights->white, weights);
 }
 
 NVColorVector TristimService::GetVector(NVSpectrum const& spectrum, NVMeasureConditions const& conditions) {
@@ -133,16 +142,14 @@ float TristimService::GetDeltaE(NVSpectrum const& reference, NVSpectrum const& s
                                 NVMeasureConditions const& conditions, float weight1, float weight2,
                                 float weight3) {
     ResolvedPair const pair = ReducePair(reference, sample, conditions);
-    return static_cast<float>(DeltaE(FormulaOf(conditions), pair.reference, pair.sample,
-                                     pair.resolved.weights->white, WeightsOf(weight1, weight2, weight3)));
+    return static_cast<float>(DeltaEOf(pair, FormulaOf(conditions), WeightsOf(weight1, weight2, weight3)));
 }
 
 float TristimService::GetDeltaE(NVColorVector const& reference, NVColorVector const& sample,
                                 NVMeasureConditions const& conditions, float weight1, float weight2,
                                 float weight3) {
     ResolvedPair const pair = ReducePair(reference, sample, conditions);
-    return static_cast<float>(DeltaE(FormulaOf(conditions), pair.reference, pair.sample,
-                                     pair.resolved.weights->white, WeightsOf(weight1, weight2, weight3)));
+    return static_cast<float>(DeltaEOf(pair, FormulaOf(conditions), WeightsOf(weight1, weight2, weight3)));
 }
 
 NVColorVector TristimService::Convert(NVColorVector const& vector, NVMeasureConditions const& conditions) {
@@ -157,7 +164,7 @@ NVColorVector TristimService::Convert(NVColorVector const& vector, NVMeasureCond
 }
 
 std::vector<std::string> TristimService::GetSupportedValues(std::string const& key) {
-    static std::array<std::pair<std::string_view, std::span<Text const>>, 17> const tables{{
+    static std::array<std::pair<std::string_view, std::span<Text const>>, 18> const tables{{
         {Key::Illumination, Value::Illumination},
         {Key::Observer, Value::Observer},
         {Key::WhiteBase, Value::WhiteBase},
@@ -175,6 +182,7 @@ std::vector<std::string> TristimService::GetSupportedValues(std::string const& k
         {Key::DeltaEFormula, Value::DeltaEFormula},
         {Key::FluorescentType, Value::FluorescentType},
         {Key::IlluminantName, Value::IlluminantName},
+        {Key::Bandpass, Value::Bandpass},
     }};
     for (auto const& [name, values] : tables)
         if (name == key) return {values.begin(), values.end()};

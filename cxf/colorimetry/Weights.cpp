@@ -32,6 +32,20 @@ Bands Fold(std::array<double, kNodes> const& nodes) {
     return bands;
 }
 
+/// The correction of values, carried over to the weights: what it takes from a neighbour's value, it takes
+/// from the neighbour's weight.
+void CorrectBandpass(Bands& bands) {
+    constexpr double a = 0.083;
+    Bands const before = bands;
+    for (std::size_t band = 0; band < kBands; ++band) {
+        bool const first = band == 0;
+        bool const last = band + 1 == kBands;
+        bands[band] = (1 + (first || last ? a : 2 * a)) * before[band];
+        if (!first) bands[band] -= a * before[band - 1];
+        if (!last) bands[band] -= a * before[band + 1];
+    }
+}
+
 std::shared_ptr<WeightSet const> Derive(Viewing const& viewing) {
     GridSpectrum const power = IlluminantPower(viewing);
     auto const& matching = ColourMatching(viewing.observer);
@@ -56,6 +70,8 @@ std::shared_ptr<WeightSet const> Derive(Viewing const& viewing) {
     weights->x = Fold(nodes[0]);
     weights->y = Fold(nodes[1]);
     weights->z = Fold(nodes[2]);
+    if (viewing.correctBandpass)
+        for (Bands* const bands : {&weights->x, &weights->y, &weights->z}) CorrectBandpass(*bands);
     std::size_t place = 0;
     for (Bands const* const bands : {&weights->x, &weights->y, &weights->z})
         for (double const weight : *bands) weights->fast[place++] = static_cast<float>(weight);

@@ -12,8 +12,13 @@ namespace Norvelian::Tristim {
 /// Derived by the method of ASTM E2022 from the CIE 1 nm tables of 2019 (observers, A, D50, D65) and
 /// 5 nm tables (the other illuminants): the spectrum is interpolated to 1 nm by Lagrange's formula,
 /// cubic inside and quadratic in the first and last interval of 360 to 830 nm, times illuminant times
-/// observer. There is no bandpass correction. Weights below 380 nm are added to that of 380, those
+/// observer. Weights below 380 nm are added to that of 380, those
 /// above 730 nm to that of 730. Y of the perfect diffuser is 100.
+///
+/// With `Viewing::correctBandpass` the weights undo a triangular bandpass of 10 nm: each band's spectrum
+/// value is thought replaced by -a R(i-1) + (1 + 2a) R(i) - a R(i+1), at the ends (1 + a) R(0) - a R(1), with
+/// a = 0.083 (Stearns and Stearns, Color Res. Appl. 13 (1988) 257), which is a change of the weights alone.
+/// The sums stay what they are.
 struct WeightSet {
     Bands x;
     Bands y;
@@ -26,7 +31,10 @@ struct WeightSet {
     double longShare;
 };
 
-/// Text of the method, as it stands in the conditions of results.
+/// Texts of the method, as they stand in the conditions of results.
+inline constexpr char const* kCorrectedMethod =
+    "ASTM E2022 from CIE 1 nm and 5 nm tables (2019), bandpass of 10 nm corrected after Stearns and Stearns, "
+    "380-730/10 nm, ends folded";
 inline constexpr char const* kMethod =
     "ASTM E2022 from CIE 1 nm and 5 nm tables (2019), no bandpass correction, 380-730/10 nm, ends folded";
 

@@ -123,6 +123,7 @@ Viewing ViewingOf(NVMeasureConditions const& conditions) {
     viewing.illumination = static_cast<Illumination>(conditions.GetChoice(
         Key::Illumination, Value::Illumination, static_cast<std::size_t>(Illumination::D50)));
     viewing.observer = static_cast<Observer>(conditions.GetChoice(Key::Observer, Value::Observer, 0));
+    viewing.correctBandpass = conditions.GetChoice(Key::Bandpass, Value::Bandpass, 0) == 1;
     if (viewing.illumination == Illumination::Dxx) {
         std::string const text = conditions.GetMeasureCondition(Key::ColorTemperature);
         if (!Numbers::Parse(text, viewing.temperature) || viewing.temperature < 4000 ||

@@ -36,6 +36,7 @@ struct Viewing {
     std::optional<Bands> user = std::nullopt; ///< relative power, for `Userdefined` only
     /// Place in `Vocabulary::Value::IlluminantName`, for `Userdefined` without a spectrum of its own.
     std::optional<std::size_t> named = std::nullopt;
+    bool correctBandpass = false;
     bool operator==(Viewing const&) const = default;
 };
 

@@ -50,6 +50,9 @@ inline constexpr Text UserFilterYellow = "Colorimetric.UserFilterYellow";
 inline constexpr Text Method = "Colorimetric.Method";
 /// Written where a spectrum was resampled: how, and what was extrapolated.
 inline constexpr Text Resampling = "Physical.Resampling";
+/// "Corrected" for weights that undo an instrument's triangular bandpass of 10 nm; default "Uncorrected", for
+/// instruments that do so themselves.
+inline constexpr Text Bandpass = "Colorimetric.Bandpass";
 /// In the conditions of a computation: keys, separated by blanks, that may be assumed or unknown where
 /// colours are compared or conditions asked for. Stays in the result.
 inline constexpr Text AcceptUnstated = "Colorimetric.AcceptUnstated";
@@ -80,6 +83,11 @@ inline constexpr std::array<Text, 14> ColorSpaceType{
     "CIExyY", "HunterLab", "RxRyRz", "LABmg",    "LCHmg",      "RGB",        "CMYK"};
 inline constexpr std::array<Text, 2> AbsoluteOrDeltaVector{"AbsoluteVector", "DeltaVector"};
 inline constexpr std::array<Text, 7> DeltaEFormula{"CIELab", "CIELuv", "LABmg", "FMCII", "CMC", "94", "2000"};
+/// Formulas beyond the vocabulary's table; `Key::DeltaEFormula` takes them too.
+inline constexpr std::array<Text, 7> FurtherDeltaEFormula{"94 textile", "DIN99",  "DIN99b",   "DIN99c",
+                                                          "DIN99d",     "DIN99o", "CAM16-UCS"};
+/// Whether weights undo the instrument's bandpass.
+inline constexpr std::array<Text, 2> Bandpass{"Uncorrected", "Corrected"};
 /// Values of `Key::FluorescentType`: FL1 to FL12 and FL3.1 to FL3.15 of CIE 15.
 inline constexpr std::array<Text, 27> FluorescentType{
     "F1",    "F2",    "F3",    "F4",     "F5",     "F6",     "F7",     "F8",     "F9",

@@ -522,6 +522,8 @@ SampleSetPointer Reader::ReadTable() {
     for (; !token.Is("BEGIN_DATA"); token = scanner_.Next()) {
         // Keywords may stand between format and data.
         if (token.atEnd) scanner_.Fail(token, "the file ends before the data; expected BEGIN_DATA");
+        if (token.Is("BEGIN_DATA_FORMAT") || token.Is("END_DATA_FORMAT") || token.Is("END_DATA"))
+            scanner_.Fail(token, token.Unquoted() + " stands behind the data format; expected BEGIN_DATA");
         TakeKeyword(token, *set, stated);
     }
     if (stated.fields && *stated.fields != static_cast<double>(format_.size()))

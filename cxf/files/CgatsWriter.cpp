@@ -53,7 +53,10 @@ std::string Word(std::string const& text) {
     bool const plain = std::all_of(text.begin(), text.end(), [](char c) {
         return static_cast<unsigned char>(c) > ' ' && c != '"' && c != '#';
     });
-    bool const taken = std::find(reserved.begin(), reserved.end(), text) != reserved.end();
+    CgatsToken token;
+    token.text = text;
+    bool const taken = std::any_of(reserved.begin(), reserved.end(),
+                                   [&token](std::string_view word) { return token.Is(word); });
     return plain && !taken && !text.empty() ? text : Quote(text);
 }
 

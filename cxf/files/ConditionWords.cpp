@@ -304,6 +304,10 @@ void RequireKnownValue(std::string const& key, std::string const& value) {
         return;
     }
     if (value.empty() || known.empty() || std::find(known.begin(), known.end(), value) != known.end()) return;
+    auto const& further = Value::FurtherDeltaEFormula;
+    bool const formula = key == Key::DeltaEFormula;
+    if (formula && std::find(further.begin(), further.end(), std::string_view(value)) != further.end())
+        return;
     std::string list;
     for (std::string const& one : known) list += (list.empty() ? "" : ", ") + one;
     throw TristimException("the condition " + key + " is \"" + value + "\"; expected one of " + list);

@@ -156,8 +156,12 @@ DensityReading GetDensity(NVSpectrum const& spectrum, NVMeasureConditions const&
     reading.conditions.SetMeasureCondition(Key::DensityStandard, Value::DensityStandard[standard]);
     reading.conditions.SetMeasureCondition(
         Key::DensityFilterMode, Value::DensityFilterMode[static_cast<std::size_t>(reading.filter)]);
-    reading.conditions.SetMeasureCondition(Key::Method,
-                                           "ISO 5-3 from 10 nm spectral products, 380-730 nm, ends folded");
+    auto const which = static_cast<DensityStandard>(standard);
+    bool const narrow =
+        which == DensityStandard::DINNB || which == DensityStandard::ANSII || which == DensityStandard::SPI;
+    reading.conditions.SetMeasureCondition(
+        Key::Method, narrow ? "Gaussian bands of 20 nm, centres from memory, 380-730 nm"
+                            : "ISO 5-3 from 10 nm spectral products, 380-730 nm, ends folded");
     return reading;
 }
 

@@ -67,8 +67,8 @@ InkHue HueErrorAndGreyness(Densities const& ink) {
             100 * Divide(sorted[0], sorted[2], "greyness (Preucil)")};
 }
 
-GreyBalance GetGreyBalance(Lab const& paper, Lab const& black, Lab const& grey) {
-    double const way = Divide(paper.l - grey.l, paper.l - black.l, "grey balance");
+GreyBalance GetGreyBalance(Lab const& paper, Lab const& overprint, Lab const& grey) {
+    double const way = Divide(paper.l - grey.l, paper.l - overprint.l, "grey balance");
     double const share = 1 - 0.85 * way;
     GreyBalance balance{paper.a * share, paper.b * share, 0};
     balance.deltaCh = std::hypot(grey.a - balance.wantedA, grey.b - balance.wantedB);
@@ -82,13 +82,24 @@ Whiteness WhitenessOf(XYZ const& colour, XYZ const& white, Observer observer) {
     Whiteness result{};
     result.whiteness = c[2] + 800 * (n[0] - c[0]) + 1700 * (n[1] - c[1]);
     result.tint = tintX * (n[0] - c[0]) - 650 * (n[1] - c[1]);
-    result.isWhite = result.whiteness > 40 && result.whiteness < 5 * c[2] - 280 && std::abs(result.tint) < 3;
+    result.isWhite =
+        result.whiteness > 40 && result.whiteness < 5 * c[2] - 280 && result.tint > -4 && result.tint < 2;
     return result;
 }
 
 Whiteness GetWhiteness(NVSpectrum const& spectrum, Observer observer) {
     XYZ white;
     XYZ const colour = XYZUnder(spectrum, Illumination::D65, observer, white);
+    return WhitenessOf(colour, white, observer);
+}
+
+Whiteness GetWhitenessE313(NVSpectrum const& spectrum, Illumination illumination, Observer observer) {
+    if (illumination != Illumination::C && illumination != Illumination::D50 &&
+        illumination != Illumination::D65)
+        throw TristimException("whiteness (ASTM E313) is defined for illuminants C, D50 and D65; got " +
+                               std::string(Value::Illumination[static_cast<std::size_t>(illumination)]));
+    XYZ white;
+    XYZ const colour = XYZUnder(spectrum, illumination, observer, white);
     return WhitenessOf(colour, white, observer);
 }
 
@@ -124,9 +135,7 @@ double GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
     corrected.x *= Divide(one.x, other.x, name);
     corrected.y *= Divide(one.y, other.y, name);
     corrected.z *= Divide(one.z, other.z, name);
-    auto const formula =
-        static_cast<DeltaEFormula>(test.GetChoice(Key::DeltaEFormula, Value::DeltaEFormula, 0));
-    return DeltaE(formula, to.Reduce(standard), corrected, to.weights->white);
+    return DeltaE(FormulaOf(test), to.Reduce(standard), corrected, to.weights->white);
 }
 
 double GetOpacity(NVSpectrum const& overBlack, NVSpectrum const& overWhite,
@@ -140,6 +149,13 @@ double GetOpacity(NVSpectrum const& overBlack, NVSpectrum const& overWhite,
     Resolved const resolved = Resolve(conditions, overBlack.GetMeasureConditions());
     return 100 *
            Divide(resolved.Reduce(overBlack).y, resolved.Reduce(overWhite).y, "opacity (contrast ratio)");
+}
+
+double GetPaperOpacity(NVSpectrum const& sheetOverBlack, NVSpectrum const& pad) {
+    NVMeasureConditions conditions;
+    conditions.SetMeasureCondition(Key::Illumination, "C");
+    conditions.SetMeasureCondition(Key::Observer, "TwoDegree");
+    return GetOpacity(sheetOverBlack, pad, conditions);
 }
 
 } // namespace Norvelian::Tristim

@@ -34,18 +34,21 @@ struct InkHue {
 InkHue HueErrorAndGreyness(Densities const& ink);
 
 /// Grey balance of a three-colour grey after ISO 12647-2:2013: the grey wanted at its lightness lies between
-/// the paper and black, a* = a*(paper) (1 - 0.85 (L*(paper) - L*) / (L*(paper) - L*(black))), b* alike; the
-/// balance is the distance in a*, b* from it (delta Ch).
+/// the paper and the overprint of solid C, M and Y, a* = a*(paper) (1 - 0.85 (L*(paper) - L*) / (L*(paper) -
+/// L*(CMY))), b* alike; the balance is the distance in a*, b* from it (delta Ch). That C, M, Y and not black
+/// is the dark end is said by corgae.it/index.php/colore/neutri-grigi-e-bianco-e-nero ("per L* C100M100Y100")
+/// as well; the factor 0.85 is from memory.
 struct GreyBalance {
     double wantedA;
     double wantedB;
     double deltaCh;
 };
-GreyBalance GetGreyBalance(Lab const& paper, Lab const& black, Lab const& grey);
+GreyBalance GetGreyBalance(Lab const& paper, Lab const& overprint, Lab const& grey);
 
-/// CIE whiteness and tint (CIE 15, ISO 11475) of a spectrum under D65: W = Y + 800 (xn - x) + 1700 (yn - y);
-/// T = 1000 (xn - x) - 650 (yn - y) for 2 degrees, with 900 for 10 degrees. `isWhite` is whether the
-/// formula's limits hold: 40 < W < 5 Y - 280 and -3 < T < 3.
+/// CIE whiteness and tint (CIE 15:2004, ISO 11475) of a spectrum under D65: W = Y + 800 (xn - x) + 1700 (yn -
+/// y); T = 1000 (xn - x) - 650 (yn - y) for 2 degrees, with 900 for 10 degrees. `isWhite` is whether the
+/// formula's limits hold: 40 < W < 5 Y - 280 and -4 < T < 2 (CIE 15:2004; the edition of 1986 had -3 to 3; so
+/// colour.readthedocs.io, whiteness_CIE2004).
 struct Whiteness {
     double whiteness;
     double tint;
@@ -53,6 +56,11 @@ struct Whiteness {
 };
 Whiteness GetWhiteness(NVSpectrum const& spectrum, Observer observer = Observer::TenDegree);
 Whiteness WhitenessOf(XYZ const& colour, XYZ const& white, Observer observer);
+
+/// Whiteness and tint of ASTM E313 for C, D50 and D65: the same formulas with the white of that illuminant,
+/// whose factors 800, 1700, 1000 or 900 and 650 are the same for all three (from memory). Other illuminants
+/// throw; `isWhite` is as above.
+Whiteness GetWhitenessE313(NVSpectrum const& spectrum, Illumination illumination, Observer observer);
 
 /// Yellowness index of ASTM E313: 100 (Cx X - Cz Z) / Y, for illuminant C or D65; others throw.
 double GetYellowness(NVSpectrum const& spectrum, Illumination illumination = Illumination::D65,
@@ -64,8 +72,12 @@ double GetYellowness(NVSpectrum const& spectrum, Illumination illumination = Ill
 double GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
                           NVMeasureConditions const& reference, NVMeasureConditions const& test);
 
-/// Opacity as contrast ratio in percent (ISO 2471, ISO 6504): Y over black / Y over white.
+/// Opacity as contrast ratio in percent (ISO 6504, ISO 13655): Y over black / Y over white.
 double GetOpacity(NVSpectrum const& overBlack, NVSpectrum const& overWhite,
                   NVMeasureConditions const& conditions);
+
+/// Opacity of paper in percent, ISO 2471: luminance factor of a single sheet over black / of an opaque pad of
+/// the same paper, under C and 2 degrees (topos-ts.org, "Opacity, illuminant C"; ipstesting.com, "ISO 2471").
+double GetPaperOpacity(NVSpectrum const& sheetOverBlack, NVSpectrum const& pad);
 
 } // namespace Norvelian::Tristim

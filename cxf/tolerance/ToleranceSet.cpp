@@ -61,7 +61,7 @@ void ToleranceSet::Validate() const {
     if (!(warning > 0 && warning <= 1)) fail("the warning level must be above 0 and at most 1");
     if (!(matchDistance >= 0) || !std::isfinite(matchDistance))
         fail("the distance of matches must not be negative");
-    static_cast<void>(conditions.GetChoice(Key::DeltaEFormula, Value::DeltaEFormula, 0));
+    static_cast<void>(Tristim::FormulaOf(conditions));
     static_cast<void>(Tristim::ViewingOf(conditions));
 }
 

@@ -258,6 +258,9 @@ TEST(Cgats, ErrorsSayWhereAndWhatWasExpected) {
              Case{Table("NM380 NM390 NM400 NM420 NM430", Values(5)),
                   "t:3:7: the wavelengths aren't evenly spaced: 390 nm where 393 nm is expected"},
              Case{Table("NM380 NM390", Values(2)), "t:3:1: a spectrum of 2 bands; expected at least 4"},
+             Case{"CGATS.17\nBEGIN_DATA_FORMAT\nA\nEND_DATA_FORMAT\nBEgIN_DATA_FORMAT\nB\nBEGIN_DATA\n1\nEND_"
+                  "DATA\n",
+                  "t:5:1: BEgIN_DATA_FORMAT stands behind the data format; expected BEGIN_DATA"},
              Case{Table("SAMPLE_ID", ""), "t:1:1: the file holds no samples"},
          })
         EXPECT_EQ(MessageOf<Cxf::FileException>([&] { Cxf::ParseSampleSets(one.text, "t"); }), one.message);

@@ -1,4 +1,6 @@
+#include "cxf/colorimetry/TristimService.h"
 #include "cxf/conditions/TristimException.h"
+#include "cxf/print/ColourStrength.h"
 #include "cxf/print/Density.h"
 #include "cxf/print/PrintMeasures.h"
 #include "tests/cxf/support.h"
@@ -11,6 +13,7 @@ using testing::HasSubstr;
 using Tristim::DensityFilter;
 using Tristim::GetDensity;
 using Tristim::TristimException;
+using Tristim::XYZ;
 
 namespace {
 
@@ -23,30 +26,52 @@ Tristim::NVSpectrum Ink(int from, int to) {
 
 } // namespace
 
-TEST(Density, TheInkIsReadThroughItsOwnFilter) {
+TEST(Density, EveryStatusHasItsTabulatedProducts) {
+    // A spectrum of 0.5 with one band at 1 gives the band's share of the products back: D = -log10(0.5 (1 +
+    // s)). Expected are products of ISO 5-3 over their sum; a table that is shifted by one band or swapped
+    // for another status misses them.
     struct Case {
-        Tristim::NVSpectrum ink;
-        DensityFilter filter;
+        char const* standard;
+        double Tristim::Densities::*filter;
+        int nm;
+        double product;
+        double sum;
     };
-    for (char const* const standard : {"DIN", "DINNB", "ANSIA", "ANSIE", "ANSII", "ANSIT", "SPI"})
-        for (Case const& one :
-             {Case{Ink(590, 700), DensityFilter::Cyan}, Case{Ink(490, 580), DensityFilter::Magenta},
-              Case{Ink(380, 490), DensityFilter::Yellow}}) {
-            auto const reading = GetDensity(one.ink, With({{Key::DensityStandard, standard}}));
-            EXPECT_EQ(reading.filter, one.filter) << standard;
-            EXPECT_GT(reading.value, 1) << standard;
-            EXPECT_EQ(reading.conditions.GetMeasureCondition(Key::DensityStandard), standard);
-        }
+    using D = Tristim::Densities;
+    for (Case const& one :
+         {Case{"ANSIA", &D::cyan, 610, 43.45, 291.57},    Case{"ANSIA", &D::cyan, 620, 100, 291.57},
+          Case{"ANSIA", &D::cyan, 640, 40.18, 291.57},    Case{"ANSIA", &D::magenta, 520, 60.53, 313.12},
+          Case{"ANSIA", &D::magenta, 550, 44.06, 313.12}, Case{"ANSIA", &D::yellow, 430, 65.92, 305.06},
+          Case{"ANSIA", &D::yellow, 460, 41.69, 305.06},  Case{"ANSIE", &D::cyan, 590, 29.99, 312.89},
+          Case{"ANSIE", &D::cyan, 620, 54.95, 312.89},    Case{"ANSIE", &D::magenta, 510, 68.08, 524.34},
+          Case{"ANSIE", &D::magenta, 560, 41.98, 524.34}, Case{"ANSIE", &D::yellow, 420, 59.98, 526.85},
+          Case{"ANSIE", &D::yellow, 470, 46.99, 526.85},  Case{"DIN", &D::yellow, 420, 59.98, 526.85},
+          Case{"ANSIT", &D::cyan, 600, 100, 312.88},      Case{"ANSIT", &D::magenta, 530, 100, 524.33},
+          Case{"ANSIT", &D::yellow, 420, 39.99, 711.09},  Case{"ANSIT", &D::yellow, 490, 65.01, 711.09},
+          Case{"ANSIT", &D::black, 510, 32.58, 1057.33},  Case{"ANSIA", &D::black, 630, 39.17, 1057.33}}) {
+        std::vector<float> bands(36, 0.5F);
+        bands[static_cast<std::size_t>((one.nm - 380) / 10)] = 1;
+        auto const all =
+            GetDensity(Tristim::NVSpectrum(bands), With({{Key::DensityStandard, one.standard}})).all;
+        double const share = 2 * std::pow(10, -(all.*one.filter)) - 1;
+        EXPECT_NEAR(share, one.product / one.sum, 2e-5) << one.standard << ' ' << one.nm;
+    }
 }
 
-TEST(Density, StatusTAndEDifferInYellow) {
-    // A yellow that absorbs below 450 nm only: status E sees less of what lies above than status T does.
-    auto const e = GetDensity(Ink(380, 450), With({{Key::DensityStandard, "ANSIE"}}));
-    auto const t = GetDensity(Ink(380, 450), With({{Key::DensityStandard, "ANSIT"}}));
-    EXPECT_GT(e.all.yellow, t.all.yellow + 0.1);
-    EXPECT_NEAR(e.all.cyan, t.all.cyan, 1e-9);
-    EXPECT_NEAR(GetDensity(Ink(380, 450), With({{Key::DensityStandard, "DIN"}})).all.yellow, e.all.yellow,
-                1e-12);
+TEST(Density, NarrowBandsLieAtTheirCentresAndSayThatThoseAreUnverified) {
+    for (auto const& [standard, red, green] :
+         {std::tuple{"DINNB", 620, 530}, {"ANSII", 630, 540}, {"SPI", 630, 540}}) {
+        auto const density = [&](int nm) {
+            std::vector<float> bands(36, 1.0F);
+            bands[static_cast<std::size_t>((nm - 380) / 10)] = 0.1F;
+            return GetDensity(Tristim::NVSpectrum(bands), With({{Key::DensityStandard, standard}}));
+        };
+        // 20 nm away a band of 20 nm half width has a sixteenth left.
+        EXPECT_GT(density(red).all.cyan, 4 * density(red + 20).all.cyan) << standard;
+        EXPECT_GT(density(green).all.magenta, 4 * density(green + 20).all.magenta) << standard;
+        EXPECT_THAT(density(red).conditions.GetMeasureCondition(Key::Method), HasSubstr("from memory"));
+    }
+    EXPECT_THAT(GetDensity(Flat(1), {}).conditions.GetMeasureCondition(Key::Method), HasSubstr("ISO 5-3"));
 }
 
 TEST(Density, AutoAndMax) {
@@ -101,6 +126,9 @@ TEST(PrintMeasures, ByTheirFormulas) {
     auto const hue = Tristim::HueErrorAndGreyness({0, 1.5, 0.6, 0.3});
     EXPECT_NEAR(hue.hueError, 25, 1e-9);
     EXPECT_NEAR(hue.greyness, 20, 1e-9);
+    // Paper L* 95, overprint of C, M, Y L* 23: halfway down, 1 - 0.85 / 2 of the paper's tint is wanted.
+    auto const onOverprint = Tristim::GetGreyBalance({95, 1, -4}, {23, 0, 0}, {59, 0.575, -2.3});
+    EXPECT_NEAR(onOverprint.deltaCh, 0, 1e-9);
     auto const balance = Tristim::GetGreyBalance({95, 1, -4}, {15, 0, 0}, {55, 1, -4});
     EXPECT_NEAR(balance.wantedA, 0.575, 1e-9);
     EXPECT_NEAR(balance.deltaCh, std::hypot(1 - 0.575, 4 - 2.3), 1e-9);
@@ -114,6 +142,29 @@ TEST(PrintMeasures, WhitenessYellownessOpacity) {
     EXPECT_GT(Tristim::GetWhiteness(Flat(0.9F)).whiteness, 70);
     EXPECT_TRUE(Tristim::GetWhiteness(Flat(0.9F)).isWhite);
     EXPECT_FALSE(Tristim::GetWhiteness(bluish).isWhite);
+    // The limits of 2004 aren't symmetric: a tint of -3.5 is a white, one of 2.5 isn't.
+    XYZ const d65{0.3127 / 0.3290, 1, 0.3583 / 0.3290};
+    auto const tinted = [&](double tint) {
+        double const x = 0.3127 - tint / 1000;
+        return Tristim::WhitenessOf({90 * x / 0.3290, 90, 90 * (1 - x - 0.3290) / 0.3290},
+                                    {100 * d65.x, 100, 100 * d65.z}, Tristim::Observer::TwoDegree);
+    };
+    EXPECT_NEAR(tinted(-3.5).tint, -3.5, 1e-9);
+    EXPECT_TRUE(tinted(-3.5).isWhite);
+    EXPECT_FALSE(tinted(-4.5).isWhite);
+    EXPECT_TRUE(tinted(1.5).isWhite);
+    EXPECT_FALSE(tinted(2.5).isWhite);
+    for (auto const light :
+         {Tristim::Illumination::C, Tristim::Illumination::D50, Tristim::Illumination::D65})
+        EXPECT_NEAR(Tristim::GetWhitenessE313(Flat(0.9F), light, Tristim::Observer::TwoDegree).whiteness, 90,
+                    0.01);
+    EXPECT_THROW(static_cast<void>(Tristim::GetWhitenessE313(Flat(1), Tristim::Illumination::A,
+                                                             Tristim::Observer::TwoDegree)),
+                 TristimException);
+    // Opacity of paper is of C and 2 degrees, whatever else is asked elsewhere.
+    auto const c2 = With({{Key::Illumination, "C"}, {Key::ColorSpaceType, "CIEXYZ"}});
+    EXPECT_NEAR(Tristim::GetPaperOpacity(Reddish(), Flat(0.8F)),
+                100 * Tristim::TristimService::GetVector(Reddish(), c2).GetExact(1) / 80, 1e-3);
     EXPECT_GT(Tristim::GetYellowness(Ink(380, 460)), 40);
     EXPECT_LT(Tristim::GetYellowness(bluish), -40);
     EXPECT_THROW(static_cast<void>(Tristim::GetYellowness(Flat(1), Tristim::Illumination::D50)),
@@ -129,4 +180,19 @@ TEST(PrintMeasures, MetamerismShowsOnlyUnderTheOtherLight) {
     // A pair of different shape: corrected to a match under D65, it can't match under A.
     EXPECT_GT(Tristim::GetMetamerismIndex(Flat(0.3F), Reddish(), d65, a), 1);
     EXPECT_NEAR(Tristim::GetMetamerismIndex(Flat(0.3F), Reddish(), d65, d65), 0, 1e-9);
+}
+
+TEST(PrintMeasures, ColourStrength) {
+    // K/S of 0.5 is 0.25 and of 0.2 is 1.6.
+    auto const half = GetColourStrength(Flat(0.5F), Flat(0.2F));
+    EXPECT_NEAR(half.atMaximum, 640, 1e-4);
+    EXPECT_NEAR(half.apparent, 640, 1e-4);
+    auto const red = GetColourStrength(Reddish(), Flat(0.08F));
+    EXPECT_EQ(red.wavelength, 400) << "Reddish is flat up to 570 nm";
+    EXPECT_NEAR(red.atMaximum, 100, 1e-6);
+    EXPECT_GT(red.apparent, 110);
+    EXPECT_THROW(static_cast<void>(GetColourStrength(Flat(0.5F), Flat(0))), TristimException);
+    EXPECT_THROW(static_cast<void>(GetColourStrength(Flat(1), Flat(0.5F))), TristimException);
+    EXPECT_THROW(static_cast<void>(GetColourStrength(Flat(0.5F), Flat(0.5F, {{Key::Filter, "UVCut"}}))),
+                 TristimException);
 }
