@@ -164,7 +164,7 @@ NVColorVector TristimService::Convert(NVColorVector const& vector, NVMeasureCond
 }
 
 std::vector<std::string> TristimService::GetSupportedValues(std::string const& key) {
-    static std::array<std::pair<std::string_view, std::span<Text const>>, 18> const tables{{
+    static std::array<std::pair<std::string_view, std::span<Text const>>, 19> const tables{{
         {Key::Illumination, Value::Illumination},
         {Key::Observer, Value::Observer},
         {Key::WhiteBase, Value::WhiteBase},
@@ -183,6 +183,7 @@ std::vector<std::string> TristimService::GetSupportedValues(std::string const& k
         {Key::FluorescentType, Value::FluorescentType},
         {Key::IlluminantName, Value::IlluminantName},
         {Key::Bandpass, Value::Bandpass},
+        {Key::Integration, Value::Integration},
     }};
     for (auto const& [name, values] : tables)
         if (name == key) return {values.begin(), values.end()};

@@ -87,6 +87,25 @@ struct Entry {
 
 } // namespace
 
+XYZ IntegrateNative(std::span<double const> values, double first, double step, Viewing const& viewing) {
+    GridSpectrum const power = IlluminantPower(viewing);
+    auto const& matching = ColourMatching(viewing.observer);
+    XYZ sum;
+    double white = 0;
+    for (std::size_t i = 0; i < kGridSize; ++i) {
+        double const position = (kGridFirst + static_cast<double>(i) - first) / step;
+        double const inside = std::clamp(position, 0.0, static_cast<double>(values.size() - 1));
+        LagrangeShares const shares = CubicShares(inside, values.size());
+        double value = 0;
+        for (std::size_t k = 0; k < shares.count; ++k) value += shares.share[k] * values[shares.first + k];
+        sum.x += power[i] * matching[0][i] * value;
+        sum.y += power[i] * matching[1][i] * value;
+        sum.z += power[i] * matching[2][i] * value;
+        white += power[i] * matching[1][i];
+    }
+    return {100 * sum.x / white, 100 * sum.y / white, 100 * sum.z / white};
+}
+
 std::shared_ptr<WeightSet const> WeightsFor(Viewing const& viewing) {
     // Hosts use a handful of conditions; those with free parameters must not grow the store for ever.
     constexpr std::size_t limit = 64;

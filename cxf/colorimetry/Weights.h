@@ -4,6 +4,7 @@
 
 #include <array>
 #include <memory>
+#include <span>
 
 namespace Norvelian::Tristim {
 
@@ -37,6 +38,11 @@ inline constexpr char const* kCorrectedMethod =
     "380-730/10 nm, ends folded";
 inline constexpr char const* kMethod =
     "ASTM E2022 from CIE 1 nm and 5 nm tables (2019), no bandpass correction, 380-730/10 nm, ends folded";
+
+/// Tristimulus values of a spectrum on a grid of its own, `first` and `step` in nm: interpolated to 1 nm by
+/// Lagrange's cubic, its end values beyond its ends, times illuminant times observer, 360 to 830 nm. Y of the
+/// perfect diffuser is 100. At least four values; the bandpass isn't corrected. Any thread.
+XYZ IntegrateNative(std::span<double const> values, double first, double step, Viewing const& viewing);
 
 /// The weights for a viewing condition; computed once for the standard ones and kept. Any thread.
 std::shared_ptr<WeightSet const> WeightsFor(Viewing const& viewing);

@@ -53,6 +53,8 @@ inline constexpr Text Resampling = "Physical.Resampling";
 /// "Corrected" for weights that undo an instrument's triangular bandpass of 10 nm; default "Uncorrected", for
 /// instruments that do so themselves.
 inline constexpr Text Bandpass = "Colorimetric.Bandpass";
+/// "Native" sums a spectrum of a sample at the wavelengths of its file (`ColorOf`); default "Bands", the 36.
+inline constexpr Text Integration = "Colorimetric.Integration";
 /// In the conditions of a computation: keys, separated by blanks, that may be assumed or unknown where
 /// colours are compared or conditions asked for. Stays in the result.
 inline constexpr Text AcceptUnstated = "Colorimetric.AcceptUnstated";
@@ -88,6 +90,7 @@ inline constexpr std::array<Text, 7> FurtherDeltaEFormula{"94 textile", "DIN99",
                                                           "DIN99d",     "DIN99o", "CAM16-UCS"};
 /// Whether weights undo the instrument's bandpass.
 inline constexpr std::array<Text, 2> Bandpass{"Uncorrected", "Corrected"};
+inline constexpr std::array<Text, 2> Integration{"Bands", "Native"};
 /// Values of `Key::FluorescentType`: FL1 to FL12 and FL3.1 to FL3.15 of CIE 15.
 inline constexpr std::array<Text, 27> FluorescentType{
     "F1",    "F2",    "F3",    "F4",     "F5",     "F6",     "F7",     "F8",     "F9",

@@ -11,6 +11,9 @@ namespace Norvelian::ColorExchangeFormat {
 /// colour and holds under the conditions; colours can't be carried from one illuminant to another. What the
 /// conditions leave open is assumed, or is what the colour was measured for; the result says which.
 ///
+/// With the condition `Key::Integration` "Native" the spectrum is summed at the wavelengths of its file and
+/// not by 36 bands, as fits data by 5 or 1 nm.
+///
 ///     auto const lab = ColorOf(sample, Tristim::Under("D65", 10));
 ///
 /// Throws `TristimException` that names the sample if it has neither, or none that holds under the

@@ -1,6 +1,9 @@
+#include "cxf/colorimetry/Illuminants.h"
 #include "cxf/colorimetry/TristimService.h"
 #include "cxf/conditions/ConditionText.h"
+#include "cxf/conditions/IlluminantNames.h"
 #include "cxf/conditions/TristimException.h"
+#include "cxf/samples/ColorOf.h"
 #include "tests/cxf/support.h"
 
 #include <cmath>
@@ -72,4 +75,35 @@ TEST(Resampling, LessThanTheVisibleRangeIsNotExtended) {
         EXPECT_THAT(MessageOf<Tristim::TristimException>([&] { Cxf2NV(Sampled(first, last, 10, half)); }),
                     HasSubstr("expected at least 400 to 700 nm"));
     EXPECT_NO_THROW(Cxf2NV(Sampled(400, 700, 10, half)));
+}
+
+TEST(Resampling, NativeWavelengthsCanBeSummedThemselves) {
+    auto const colour = [](Cxf::Spectrum const& spectrum, char const* integration) {
+        Cxf::Sample sample("s");
+        sample.AddSampleAttribute(Utilities::MakeSmart<Cxf::Spectrum>(
+            spectrum.GetFirst(), spectrum.GetStep(), spectrum.GetValues(), Cxf::Conditions(), true));
+        auto conditions = Tristim::Under("D65", 2);
+        conditions.SetMeasureCondition(Key::ColorSpaceType, "CIEXYZ");
+        conditions.SetMeasureCondition(Key::Integration, integration);
+        return ColorOf(sample, conditions);
+    };
+    // An edge within 2 nm at 588 nm, which bands by 10 nm smear: the sums by 1 nm are exact.
+    auto const edge = Sampled(360, 830, 1, [](double nm) { return nm < 588 ? 0.0 : 1.0; });
+    double const native = colour(edge, "Native").GetExact(1);
+    EXPECT_GT(std::abs(native - colour(edge, "Bands").GetExact(1)), 0.005);
+    auto const light = Tristim::IlluminantPower(ViewingOf(Tristim::Under("D65", 2)));
+    auto const& eye = Tristim::ColourMatching(Tristim::Observer::TwoDegree)[1];
+    double part = 0;
+    double whole = 0;
+    for (std::size_t i = 0; i < Tristim::kGridSize; ++i) {
+        whole += light[i] * eye[i];
+        if (Tristim::kGridFirst + static_cast<int>(i) >= 588) part += light[i] * eye[i];
+    }
+    EXPECT_NEAR(native, 100 * part / whole, 1e-6);
+    auto const power = Sampled(360, 830, 1, [](double) { return 1.0; });
+    EXPECT_NEAR(colour(power, "Native").GetExact(0), colour(power, "Bands").GetExact(0), 1e-6);
+    auto const narrow =
+        colour(Sampled(400, 700, 5, [](double) { return 0.5; }), "Native").GetMeasureConditions();
+    EXPECT_THAT(narrow.GetMeasureCondition(Key::Resampling), HasSubstr("end values repeated below 400 nm"));
+    EXPECT_THAT(narrow.GetMeasureCondition(Key::Method), HasSubstr("values by 5 nm"));
 }
