@@ -281,15 +281,15 @@ CgatsLayout MakeCgatsLayout(CgatsScanner const& scanner, std::vector<CgatsToken>
     std::vector<bool> used(fields.size(), false);
     auto const take = [&](std::string_view name) -> std::optional<std::size_t> {
         for (std::size_t i = 0; i < fields.size(); ++i) {
-            if (used[i] || Upper(fields[i].text) != name) continue;
+            if (used[i] || PlainName(fields[i].text) != name) continue;
             used[i] = true;
             return i;
         }
         return std::nullopt;
     };
-    layout.id = take("SAMPLE_ID");
-    layout.name = take("SAMPLE_NAME");
-    layout.description = take(kCgatsDescription);
+    layout.id = take("SAMPLEID");
+    layout.name = take("SAMPLENAME");
+    layout.description = take(PlainName(kCgatsDescription));
     std::vector<Band> bands;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (used[i]) continue;

@@ -78,6 +78,8 @@ Keyword const* FindKeyword(std::string const& plain) {
     return found == kKeywords.end() ? nullptr : &*found;
 }
 
+bool IsFilterKeyword(std::string const& name) { return PlainName(name).find("FILTER") != std::string::npos; }
+
 constexpr std::array<Text, 4> kOfIllumination{Key::Illumination, Key::ColorTemperature, Key::FluorescentType,
                                               Key::IlluminantName};
 bool IsOfIllumination(std::string_view key) {
@@ -126,7 +128,7 @@ CgatsHeader::CgatsHeader(std::span<SampleSet::Property const> properties) : prop
     for (auto const& [key, statement] : statements_) {
         if (key == Key::Illumination || statement.rank == kOwnRank) continue;
         if (statement.assumed)
-            all_.Assume(key, statement.value, properties_[statement.keyword].first);
+            all_.Assume(key, statement.value, statement.source);
         else
             all_.SetAttribute(key, statement.value);
     }
@@ -158,7 +160,7 @@ void CgatsHeader::TakeOwn(std::span<SampleSet::Property const> properties) {
         } catch (Tristim::TristimException const& failure) {
             throw CgatsHeaderException(place, failure.what());
         }
-        statements_[condition] = {kOwnRank, place, value, false};
+        statements_[condition] = {kOwnRank, place, key, value, false};
         std::string by;
         for (auto const& [other, origin] : properties)
             if (other == kAssumedKeyword + condition) by = origin;
@@ -195,7 +197,14 @@ void CgatsHeader::TakeOne(std::size_t place, std::string const& keyword, char co
             if (first.assumed && !assumed && rank < first.rank) first.assumed = false;
             return;
         }
-        std::string const& other = properties_[first.keyword].first;
+        std::string const other = first.source;
+        // Neither M0 nor M1 has a filter in the light's way, so "no filter" beside M1 is no contradiction.
+        bool const filter = std::string_view(key) == Key::Filter;
+        if (filter && said == "No" && held == "D65" && IsFilterKeyword(keyword)) return;
+        if (filter && said == "D65" && held == "No" && IsFilterKeyword(other)) {
+            first = {std::min(first.rank, rank), place, keyword, value, assumed};
+            return;
+        }
         if (first.rank == rank && !assumed)
             throw CgatsHeaderException(place,
                                        keyword + " says " + said + " where " + other + " says " + held);
@@ -213,7 +222,7 @@ void CgatsHeader::TakeOne(std::size_t place, std::string const& keyword, char co
         AddNote(assumed ? Kind::Assumed : Kind::Taken, place,
                 std::string(key) + " is " + said + (assumed ? ", which " + keyword + " mentions" : ""));
     }
-    statements_[key] = {rank, place, value, assumed};
+    statements_[key] = {rank, place, keyword, value, assumed};
     if (!illuminant) return;
     for (Text const part : kOfIllumination) all_.Forget(part);
     for (auto const& [part, set] : found.GetAll())
@@ -263,7 +272,7 @@ void CgatsHeader::TakeFree(std::size_t place, std::string const& key, std::strin
                     (keyword->must == W::Illuminant
                          ? "the known illuminants are " + Tristim::KnownIlluminants()
                          : std::string("the known observers are 2 and 10 degrees")));
-            Take(place, key, words.found, kPairRank, false);
+            Take(place, name, words.found, kPairRank, false);
             if (!words.unknown.empty())
                 AddNote(Kind::Skipped, place, name + "=" + said + " in " + key + " isn't understood");
         } catch (CgatsHeaderException const&) {

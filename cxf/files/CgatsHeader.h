@@ -70,6 +70,7 @@ private:
     struct Statement {
         int rank;
         std::size_t keyword;
+        std::string source; ///< the keyword or pair that said it
         std::string value;
         bool assumed;
     };

@@ -193,6 +193,9 @@ TEST(CgatsVariants, FiltersGeometriesAndBackings) {
          {"POLARIZATION yes", "Remission, M3" + rest},
          {"POLARIZATION no", "Remission, filter unknown" + rest},
          {"MEASUREMENT_CONDITION M1\nPOLARIZATION no", "Remission, M1" + rest},
+         {"FILTER none\nMEASUREMENT_CONDITION M1", "Remission, M1" + rest},
+         {"MEASUREMENT_SOURCE \"Filter=no MeasurementCondition=M2\"",
+          "error: MeasurementCondition says UVCut where Filter says No"},
          {"MEASUREMENT_CONDITION M1\nFILTER Pol", "Remission, M1 (assumed)" + rest},
          {"INSTRUMENTATION \"scanner, M1\"", "Remission, M1 (assumed)" + rest},
          {"INSTRUMENTATION \"without polarizer\"", "Remission, filter unknown" + rest},
@@ -308,4 +311,34 @@ TEST(CgatsVariants, RowsThatDontFitTheirFields) {
          {"1 50 10 -10|number_of_fields 5", "error: NUMBER_OF_FIELDS is 5"},
          {"1\t\t50\t10\t-10\n2\t51\t\t11", "error: the line has 3 values; expected 4"}},
         rows);
+}
+
+TEST(CgatsVariants, WholeHeadersOfSeveralKinds) {
+    auto const first = [](std::string const& text) {
+        auto const set = Cxf::ParseSampleSets(text, "t").front();
+        auto const& sample = *set->GetSamples()[0];
+        auto const conditions = sample.GetSampleAttributes()[0]->GetConditions().GetMeasureConditions();
+        return sample.GetName() + "/" + sample.GetId() + ": " + ConditionText(conditions);
+    };
+    std::string const data = "BEGIN_DATA\nA1\tCyan\t55\t-37\t-50\nEND_DATA\n";
+    std::string const fields =
+        "BEGIN_DATA_FORMAT\nSampleID\tSAMPLE_NAME\tLAB_L\tLAB_A\tLAB_B\nEND_DATA_FORMAT\n";
+    CheckAll({{"CGATS.17\nORIGINATOR\t\"scan\"\nMEASUREMENT_SOURCE\t\"MeasurementCondition=M1\tFilter=no\"\n"
+               "ILLUMINATION_NAME\t\"D50\"\nOBSERVER_ANGLE\t\"2\"\n" +
+                   fields + data,
+               "Cyan/A1: D50, 2°, M1, geometry unknown, backing unknown"},
+              {"CGATS.17\nMEASUREMENT_SOURCE\t\"MeasurementCondition=M1\"\nILLUMINATION_NAME\t\"D50\"\n"
+               "OBSERVER_ANGLE\t\"2\"\n" +
+                   fields + data,
+               "Cyan/A1: D50, 2°, M1, geometry unknown, backing unknown"},
+              {"CTI3\nDESCRIPTOR \"state\"\nKEYWORD \"DEVICE_CLASS\"\nDEVICE_CLASS \"DISPLAY\"\nKEYWORD "
+               "\"NORMALIZED_TO_Y_100\"\nNORMALIZED_TO_Y_100 \"YES\"\n" +
+                   fields + data,
+               "Cyan/A1: emission, 2° (assumed), filter unknown, geometry unknown, backing unknown"},
+              {"ISO28178\r\nWEIGHTING_FUNCTION \"ILLUMINANT, D50\"\r\nWEIGHTING_FUNCTION \"OBSERVER, 2 "
+               "degree\"\r\n"
+               "MEASUREMENT_GEOMETRY \"45/0\"\r\nSAMPLE_BACKING \"white\"\r\nFILTER \"UV-cut\"\r\n" +
+                   fields + data,
+               "Cyan/A1: D50, 2°, M2, 45:0, white backing"}},
+             first);
 }
