@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <string_view>
 #include <utility>
 
@@ -87,9 +88,14 @@ bool IsOfIllumination(std::string_view key) {
                        [key](Text one) { return key == one; });
 }
 
-std::string Joined(std::vector<std::string> const& words) {
+std::string Listed(std::vector<std::string> const& words) {
     std::string text;
     for (std::string const& word : words) text += (text.empty() ? "" : " ") + word;
+    return text;
+}
+std::string Joined(std::initializer_list<std::string_view> parts) {
+    std::string text;
+    for (std::string_view const part : parts) text += part;
     return text;
 }
 
@@ -168,7 +174,7 @@ void CgatsHeader::TakeOwn(std::span<SampleSet::Property const> properties) {
             all_.SetAttribute(condition, value);
         else
             all_.Assume(condition, value, by);
-        AddNote(by.empty() ? Kind::Taken : Kind::Assumed, place, condition + " is " + value);
+        AddNote(by.empty() ? Kind::Taken : Kind::Assumed, place, Joined({condition, " is ", value}));
     }
 }
 
@@ -250,7 +256,7 @@ void CgatsHeader::TakeKeyword(std::size_t place, std::string const& key, std::st
         Take(place, key, words.found, keyword->rank, false);
         if (!words.unknown.empty() && keyword->name != "DEVICECLASS")
             AddNote(Kind::Skipped, place,
-                    "\"" + Joined(words.unknown) + "\" in " + key + " isn't understood");
+                    "\"" + Listed(words.unknown) + "\" in " + key + " isn't understood");
     } catch (CgatsHeaderException const&) {
         throw;
     } catch (Tristim::TristimException const& failure) {
@@ -268,13 +274,13 @@ void CgatsHeader::TakeFree(std::size_t place, std::string const& key, std::strin
             bool const known = !words.found.IsEmpty() || !keyword->must;
             if (!known)
                 throw Tristim::TristimException(
-                    name + " is \"" + said + "\"; " +
+                    Joined({name, " is \"", said, "\"; "}) +
                     (keyword->must == W::Illuminant
                          ? "the known illuminants are " + Tristim::KnownIlluminants()
                          : std::string("the known observers are 2 and 10 degrees")));
             Take(place, name, words.found, kPairRank, false);
             if (!words.unknown.empty())
-                AddNote(Kind::Skipped, place, name + "=" + said + " in " + key + " isn't understood");
+                AddNote(Kind::Skipped, place, Joined({name, "=", said, " in ", key, " isn't understood"}));
         } catch (CgatsHeaderException const&) {
             throw;
         } catch (Tristim::TristimException const& failure) {
@@ -291,7 +297,7 @@ void CgatsHeader::TakeFree(std::size_t place, std::string const& key, std::strin
             throw;
         } catch (Tristim::TristimException const&) {
             // A clause that names two conditions, or a lamp that nobody tabulated, says nothing certain.
-            AddNote(Kind::Skipped, place, "\"" + clause + "\" in " + key + " names several conditions");
+            AddNote(Kind::Skipped, place, Joined({"\"", clause, "\" in ", key, " names several conditions"}));
         }
     }
 }

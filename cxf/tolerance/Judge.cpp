@@ -122,7 +122,7 @@ SampleSet::SamplePointer FindReference(ToleranceSet const& tolerance, SampleSet 
                                        Sample const& sample) {
     if (tolerance.match == MatchBy::Device) return FindNearest(references, sample, tolerance.matchDistance);
     if (tolerance.match == MatchBy::Name) {
-        if (auto const exact = references.FindSample(sample.GetName()); !exact.IsNull()) return exact;
+        if (auto exact = references.FindSample(sample.GetName()); !exact.IsNull()) return exact;
         for (auto const& reference : references.GetSamples())
             if (Plain(reference->GetName()) == Plain(sample.GetName())) return reference;
         return {};
