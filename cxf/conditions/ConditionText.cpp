@@ -36,7 +36,7 @@ std::string FilterText(std::string const& filter) {
 } // namespace
 
 std::string IlluminantText(NVMeasureConditions const& conditions) {
-    std::string const value = conditions.GetMeasureCondition(Key::Illumination);
+    std::string value = conditions.GetMeasureCondition(Key::Illumination);
     if (value == "F") return conditions.GetMeasureCondition(Key::FluorescentType);
     if (value == "Dxx") {
         double kelvin = 0;

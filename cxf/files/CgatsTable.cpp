@@ -248,10 +248,9 @@ void CgatsTable::NoteSpectra(Conditions const& conditions) {
          std::to_string(layout.bands.size()) + " bands from " + Shortest(layout.first) + " to " +
              Shortest(last) + " nm by " + Shortest(layout.step) + " nm, " +
              Tristim::MeasurementText(conditions.GetMeasureConditions()));
-    Spectrum const example(
-        layout.first, layout.step,
-        {spectra_.begin(), spectra_.begin() + static_cast<std::ptrdiff_t>(layout.bands.size())}, conditions,
-        options.allowExtrapolation);
+    // Only the grid counts: what is done to one spectrum is done to all.
+    Spectrum const example(layout.first, layout.step, std::vector<double>(layout.bands.size()), conditions,
+                           options.allowExtrapolation);
     std::string const done = Extensions::Cxf2NV(example).GetMeasureConditions().GetMeasureCondition(
         Tristim::Vocabulary::Key::Resampling);
     bool const extended = layout.first > kFirstBand || last < kLastBand;

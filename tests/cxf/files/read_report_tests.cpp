@@ -138,3 +138,21 @@ TEST(ReadReport, SpectraAboveTwoAreFractionsAgainAfterWriting) {
                 .GetValues()[0],
             2.5F);
 }
+
+TEST(ReadReport, AskingForOneChangesNothing) {
+    std::string fields = "CGATS.17\nBEGIN_DATA_FORMAT\n";
+    std::string values;
+    for (int nm = 380; nm <= 730; nm += 10) {
+        fields += "NM" + std::to_string(nm) + " ";
+        values += "-1e200 ";
+    }
+    fields += "\nEND_DATA_FORMAT\nBEGIN_DATA\n";
+    Cxf::ReadReport report;
+    Cxf::ReadOptions options;
+    options.report = &report;
+    // No rows at all, and values that a double holds and a float doesn't.
+    EXPECT_EQ(
+        MessageOf<Cxf::FileException>([&] { Cxf::ParseSampleSets(fields + "END_DATA\n", "t", options); }),
+        "t:1:1: the file holds no samples");
+    EXPECT_EQ(Cxf::ParseSampleSets(fields + values + "\nEND_DATA\n", "t", options).size(), 1U);
+}
