@@ -174,7 +174,11 @@ void Reader::NoteSet(pugi::xml_node node, SampleSet const& set) const {
             Note(ReadNote::Kind::Taken, child, text);
             for (auto const& [key, by] : conditions.GetAssumptions())
                 Note(ReadNote::Kind::Assumed, child,
-                     key + " is " + conditions.GetMeasureCondition(key) + ", by " + by);
+                     std::string(key)
+                         .append(" is ")
+                         .append(conditions.GetMeasureCondition(key))
+                         .append(", by ")
+                         .append(by));
         }
 }
 
