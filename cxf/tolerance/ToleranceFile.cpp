@@ -1,8 +1,10 @@
 #include "cxf/tolerance/ToleranceFile.h"
 
 #include "Utilities/AtomicFile.h"
+#include "cxf/colorimetry/TristimService.h"
 #include "cxf/conditions/Numbers.h"
 #include "cxf/conditions/TristimException.h"
+#include "cxf/files/ConditionWords.h"
 #include "cxf/files/SampleFile.h"
 #include "cxf/files/Utf8.h"
 
@@ -126,8 +128,16 @@ private:
             if (std::string_view(child.name()) != "Condition")
                 Fail(child, "a foreign part in <Conditions>; expected <Condition>");
             Allow(child, {"Name", "Value"});
-            set.conditions.SetMeasureCondition(child.attribute("Name").value(),
-                                               child.attribute("Value").value());
+            std::string const key = child.attribute("Name").value();
+            std::string const value = child.attribute("Value").value();
+            // A misspelt condition would compare under another one than is meant.
+            try {
+                static_cast<void>(Tristim::TristimService::GetSupportedValues(key));
+                RequireKnownValue(key, value);
+            } catch (TristimException const& failure) {
+                Fail(child, failure.what());
+            }
+            set.conditions.SetMeasureCondition(key, value);
         }
     }
 

@@ -197,6 +197,12 @@ TEST(ToleranceFile, KeepsEverythingAndRefusesWhatItDoesntKnow) {
             {head + "<Limit Component=\"dL*\" From=\"2\" To=\"1\"/></ToleranceSet>", "excludes every colour"},
             {"<ToleranceSet Version=\"1\" Formula=\"1976\"><Limit Component=\"dE\" To=\"1\"/></ToleranceSet>",
              "condition ColorSpaceDescription.DeltaEFormula is \"1976\""},
+            {head + "<Conditions><Condition Name=\"Colorimetric.Observr\" "
+                    "Value=\"TwoDegree\"/></Conditions></ToleranceSet>",
+             "t:2:14: there is no condition \"Colorimetric.Observr\""},
+            {head + "<Conditions><Condition Name=\"Colorimetric.Observer\" "
+                    "Value=\"2\"/></Conditions></ToleranceSet>",
+             "t:2:14: the condition Colorimetric.Observer is \"2\"; expected one of TwoDegree"},
             {"<ToleranceSet Version=\"1\" Match=\"Colour\"/>", "expected Name, Id or Device"}})
         EXPECT_THAT(MessageOf<Cxf::FileException>([&] { Cxf::ParseToleranceSet(xml, "t"); }),
                     HasSubstr(reason));
