@@ -66,13 +66,14 @@ void AddTriangle(std::map<std::size_t, double>& to, double position, double step
         AddShares(to, position, count, 1, true);
         return;
     }
+    auto const places = static_cast<int>(std::ceil(half / stride - 1e-9));
     double sum = 0;
-    for (double offset = 0; offset < half; offset += stride)
-        sum += (offset > 0 ? 2 : 1) * (1 - offset / half);
-    for (double offset = 0; offset < half; offset += stride) {
+    for (int place = 0; place < places; ++place) sum += (place > 0 ? 2 : 1) * (1 - place * stride / half);
+    for (int place = 0; place < places; ++place) {
+        double const offset = place * stride;
         double const weight = (1 - offset / half) / sum;
         AddShares(to, position + offset, count, weight, false);
-        if (offset > 0) AddShares(to, position - offset, count, weight, false);
+        if (place > 0) AddShares(to, position - offset, count, weight, false);
     }
 }
 
