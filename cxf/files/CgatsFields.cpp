@@ -261,8 +261,9 @@ std::optional<CgatsBand> CgatsBandOf(std::string_view field) {
     CgatsBand band{};
     std::string_view const number = std::string_view(upper).substr(digits, after - digits);
     if (!Tristim::Numbers::Parse(number, band.wavelength)) return std::nullopt;
-    bool const plausible = name.size() > 1 ? band.wavelength >= 100 && band.wavelength <= 3000
-                                           : band.wavelength >= 300 && band.wavelength <= 1200;
+    bool const plausible = name.size() > 1
+                               ? band.wavelength >= kLowestWavelength && band.wavelength <= kHighestWavelength
+                               : band.wavelength >= 300 && band.wavelength <= 1200;
     if (!plausible) return std::nullopt;
     if (prefix->scale > 0) band.scale = prefix->scale;
     band.transmission = prefix->transmission;

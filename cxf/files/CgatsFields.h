@@ -63,6 +63,10 @@ std::optional<CgatsBand> CgatsBandOf(std::string_view field);
 CgatsLayout MakeCgatsLayout(CgatsScanner const& scanner, std::vector<CgatsToken> const& fields,
                             std::optional<double> start, std::optional<double> end);
 
+/// Wavelengths in nm that a field's name can tell.
+inline constexpr double kLowestWavelength = 100;
+inline constexpr double kHighestWavelength = 3000;
+
 /// The description field's name when this library writes it.
 inline constexpr char const* kCgatsDescription = "SAMPLE_DESCRIPTION";
 

@@ -142,6 +142,10 @@ void Table::MakeField(SampleAttribute const& attribute) {
         }
     };
     if (auto const* const spectrum = dynamic_cast<Spectrum const*>(&attribute)) {
+        if (spectrum->GetFirst() < kLowestWavelength || spectrum->GetLast() > kHighestWavelength)
+            throw TristimException("CGATS has no fields for a spectrum from " +
+                                   Shortest(spectrum->GetFirst()) + " to " + Shortest(spectrum->GetLast()) +
+                                   " nm");
         take(spectrum->GetConditions());
         AddKeyword("SPECTRAL_BANDS", std::to_string(spectrum->GetValues().size()));
         AddKeyword("SPECTRAL_START_NM", Shortest(spectrum->GetFirst()));

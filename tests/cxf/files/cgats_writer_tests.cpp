@@ -117,3 +117,13 @@ TEST(CgatsWriter, RefusesWhatATableCantHold) {
           Case{MakeSmart<Cxf::SampleSet>(), "without samples"}})
         EXPECT_THAT(MessageOf<Tristim::TristimException>([&] { Write({one.set}); }), HasSubstr(one.message));
 }
+
+TEST(CgatsWriter, RefusesWavelengthsThatNoFieldNames) {
+    auto const set = Utilities::MakeSmart<Cxf::SampleSet>();
+    auto const sample = Utilities::MakeSmart<Cxf::Sample>("far");
+    sample->AddSampleAttribute(Utilities::MakeSmart<Cxf::Spectrum>(57, 110, std::vector<double>(36, 0.5)));
+    set->AddSample(sample);
+    EXPECT_EQ(
+        MessageOf<Tristim::TristimException>([&] { Cxf::FormatSampleSets({set}, Cxf::SampleFormat::Cgats); }),
+        "CGATS has no fields for a spectrum from 57 to 3907 nm");
+}
