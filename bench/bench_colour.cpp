@@ -2,11 +2,11 @@
 // measured in the same run: case/ours, case/floor:what, case/peer:what. Each checks its own result.
 
 #include "bench/memory_read.h"
-#include "cxf/Batch.h"
-#include "cxf/Kernels.h"
-#include "cxf/SampleFile.h"
-#include "cxf/ScreenTransform.h"
-#include "cxf/TristimService.h"
+#include "cxf/colorimetry/Batch.h"
+#include "cxf/colorimetry/Kernels.h"
+#include "cxf/colorimetry/TristimService.h"
+#include "cxf/files/SampleFile.h"
+#include "cxf/samples/ScreenTransform.h"
 
 #include <benchmark/benchmark.h>
 #include <charconv>

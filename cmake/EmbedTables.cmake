@@ -3,7 +3,7 @@
 # Called at build time:  cmake -DOUTPUT=x.cpp -DINPUTS="numbers;Name;file;text;Name;file..." -P EmbedTables.cmake
 #   numbers: rows of comma-separated numbers; lines that begin with a letter are headings
 #   text:    the file as it is
-set(source "// Generated from the files below data/; do not edit.\n#include \"cxf/Tables.h\"\n\nnamespace Norvelian::Tristim::Tables {\nnamespace {\n")
+set(source "// Generated from the files below data/; do not edit.\n#include \"cxf/colorimetry/Tables.h\"\n\nnamespace Norvelian::Tristim::Tables {\nnamespace {\n")
 set(definitions "")
 list(LENGTH INPUTS count)
 set(index 0)

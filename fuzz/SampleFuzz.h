@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cxf/SampleFile.h"
-#include "cxf/TristimException.h"
+#include "cxf/conditions/TristimException.h"
+#include "cxf/files/SampleFile.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -23,8 +23,11 @@ inline void Require(bool held, char const* what) {
 /// read again and written again it is the same text.
 inline void ReadAndWrite(std::string_view text, Cxf::SampleFormat format) {
     std::vector<Cxf::SampleSetPointer> sets;
+    Cxf::ReadReport report;
+    Cxf::ReadOptions options;
+    options.report = &report;
     try {
-        sets = Cxf::ParseSampleSets(text, "fuzz", {});
+        sets = Cxf::ParseSampleSets(text, "fuzz", options);
     } catch (Cxf::FileException const& failure) {
         Require(std::string_view(failure.what()).starts_with("fuzz:"), "a message names the file");
         return;

@@ -4,7 +4,7 @@
 #include "core/base/String.h"
 #include "core/component/Component.h"
 #include "core/values/Anything.h"
-#include "cxf/ScreenTransform.h"
+#include "cxf/samples/ScreenTransform.h"
 #include "gui/elements/RGBVector.h"
 
 #include <memory>

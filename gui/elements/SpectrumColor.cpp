@@ -1,7 +1,7 @@
 #include "gui/elements/SpectrumColor.h"
 
 #include "Diagnostics/Sink.h"
-#include "cxf/TristimService.h"
+#include "cxf/colorimetry/TristimService.h"
 
 namespace GUI {
 

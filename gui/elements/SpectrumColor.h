@@ -4,7 +4,7 @@
 #include "Utilities/Tools/Vector.h"
 #include "core/base/String.h"
 #include "core/values/Anything.h"
-#include "cxf/NVSpectrum.h"
+#include "cxf/conditions/NVSpectrum.h"
 #include "gui/elements/RGBVector.h"
 
 namespace GUI {

@@ -5,7 +5,7 @@
 #include "Utilities/ProgramDirectory.h"
 #include "Utilities/TranslationService.h"
 #include "core/base/Exceptions.h"
-#include "cxf/TristimException.h"
+#include "cxf/conditions/TristimException.h"
 #include "gui/elements/GUIDescriptionReader.h"
 
 #include <algorithm>
@@ -60,7 +60,8 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
 char const* Options::Usage() {
     return "usage: colourdesk [--screenshot PICTURE] [--language LANGUAGE] [FILE]\n"
            "\n"
-           "Shows the measured samples of FILE: CGATS text, or the XML form, with spectra of 380 to 730 nm.\n"
+           "Shows the measured samples of FILE: CGATS text, or the XML form, with spectra of at least 400 to "
+           "700 nm.\n"
            "Without FILE, the samples that come with the program.\n"
            "\n"
            "  --screenshot PICTURE       draws the window without a screen and writes it to PICTURE\n"

@@ -1,7 +1,8 @@
 #include "hosts/colourdesk/SampleDocument.h"
 
 #include "core/base/String.h"
-#include "cxf/TristimService.h"
+#include "cxf/colorimetry/TristimService.h"
+#include "cxf/conditions/ConditionText.h"
 
 #include <filesystem>
 
@@ -27,9 +28,11 @@ Tristim::NVMeasureConditions LabConditions() {
 SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRGB const& screen) {
     Cxf::ReadOptions options;
     options.requireSpectra = true;
+    options.allowExtrapolation = true;
+    SampleDocument document;
+    options.report = &document.report_;
     auto const set = Cxf::ReadSampleSet(path, options);
 
-    SampleDocument document;
     document.path_ = path;
     auto const conditions = LabConditions();
     for (auto const& sample : set->GetSamples()) {
@@ -42,6 +45,10 @@ SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRG
         shown.name = sample->GetName();
         shown.spectrum = spectrum.GetValues();
         shown.lab = {lab.GetExact(0), lab.GetExact(1), lab.GetExact(2)};
+        shown.condition = ViewingText(lab.GetMeasureConditions());
+        std::string const done =
+            lab.GetMeasureConditions().GetMeasureCondition(Tristim::Vocabulary::Key::Resampling);
+        if (!done.empty()) shown.condition += "; " + done;
         shown.color = screen.GetRGB(spectrum);
         document.samples_.push_back(std::move(shown));
     }
@@ -49,8 +56,6 @@ SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRG
 }
 
 std::string SampleDocument::GetFileName() const { return std::filesystem::path(path_).filename().string(); }
-
-std::string SampleDocument::GetCondition() { return "D50, 2\u00B0"; }
 
 std::string SampleDocument::FormatLab(std::array<double, 3> const& lab) {
     auto const number = [](double value) { return Utilities::String(value, 2, '.').GetStdString(); };

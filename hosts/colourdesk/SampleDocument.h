@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cxf/SampleFile.h"
+#include "cxf/files/SampleFile.h"
 #include "gui/elements/RGBVector.h"
 #include "gui/elements/ScreenRGB.h"
 
@@ -18,6 +18,9 @@ struct ShownSample {
     std::vector<float> spectrum;
     /// L*, a*, b* under the document's conditions.
     std::array<double, 3> lab{};
+    /// What the numbers hold under, in words, with what was done to the spectrum: "D50, 2°; end values
+    /// repeated above 700 nm".
+    std::string condition;
     GUI::RGBVector color;
 };
 
@@ -26,7 +29,7 @@ struct ShownSample {
 class SampleDocument {
 public:
     SampleDocument() = default;
-    /// Reads a file, with its colours as `screen` shows them. Throws
+    /// Reads a file, with its colours as `screen` shows them. Spectra need at least 400 to 700 nm. Throws
     /// `Norvelian::ColorExchangeFormat::FileException` with file, line, column and reason.
     static SampleDocument Open(std::string const& path,
                                Tintorium::ScreenRGB const& screen = Tintorium::ScreenRGB());
@@ -34,8 +37,8 @@ public:
     std::string const& GetPath() const { return path_; }
     std::string GetFileName() const;
     std::vector<ShownSample> const& GetSamples() const { return samples_; }
-    /// The condition of all numbers, in words: "D50, 2°".
-    static std::string GetCondition();
+    /// What the reader made of the file, by line.
+    Norvelian::ColorExchangeFormat::ReadReport const& GetReport() const { return report_; }
 
     /// "L* 61.03  a* 19.71  b* 12.20".
     static std::string FormatLab(std::array<double, 3> const& lab);
@@ -43,6 +46,7 @@ public:
 private:
     std::string path_;
     std::vector<ShownSample> samples_;
+    Norvelian::ColorExchangeFormat::ReadReport report_;
 };
 
 } // namespace ColourDesk

@@ -1,7 +1,7 @@
 #include "hosts/colourdesk/SampleWindow.h"
 
 #include "Utilities/LanguageServiceInterface.h"
-#include "cxf/Sample.h"
+#include "cxf/samples/Sample.h"
 
 #include <algorithm>
 #include <cmath>
@@ -162,10 +162,11 @@ Anything SampleWindow::GetDetail(String const& element, String const& key) const
     if (selected_ < 0) return {};
     ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(selected_)];
     if (element == "SelectedColour") return key == "ColorValue" ? shown.color.GetAnything() : Anything();
+    if (element == "SampleCondition" && key == "ToolTipText") return document_.GetReport().GetText().c_str();
     if (!(key == "Caption")) return {};
     if (element == "SampleName") return shown.name.c_str();
     if (element == "SampleLab") return SampleDocument::FormatLab(shown.lab).c_str();
-    if (element == "SampleCondition") return SampleDocument::GetCondition().c_str();
+    if (element == "SampleCondition") return shown.condition.c_str();
     if (element == "SampleGamut") return shown.color.IsInGamut() ? "" : "outside the screen's gamut";
     return {};
 }
@@ -235,8 +236,7 @@ std::string SampleWindow::PatchName(long sample) const {
 std::string SampleWindow::ToolTip(long sample) const {
     if (sample < 0 || sample >= Count()) return {};
     ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
-    std::string text =
-        shown.name + "\n" + SampleDocument::FormatLab(shown.lab) + "\n" + SampleDocument::GetCondition();
+    std::string text = shown.name + "\n" + SampleDocument::FormatLab(shown.lab) + "\n" + shown.condition;
     if (!shown.color.IsInGamut())
         text += "\n" + LanguageServiceInterface::GetTranslation("outside the screen's gamut").GetStdString();
     return text;

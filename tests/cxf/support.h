@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cxf/NVSpectrum.h"
-#include "cxf/SampleFile.h"
+#include "cxf/conditions/NVSpectrum.h"
+#include "cxf/files/SampleFile.h"
 
 #include <gtest/gtest.h>
 #include <initializer_list>

@@ -1,5 +1,5 @@
-#include "cxf/Sample.h"
-#include "cxf/TristimException.h"
+#include "cxf/conditions/TristimException.h"
+#include "cxf/samples/Sample.h"
 #include "gui/elements/ScreenRGB.h"
 #include "gui/elements/SpectrumColor.h"
 

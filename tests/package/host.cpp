@@ -2,7 +2,7 @@
 #include "Utilities/NamingService.h"
 #include "Utilities/Plugin.h"
 #include "Utilities/ProgramDirectory.h"
-#include "cxf/TristimService.h"
+#include "cxf/colorimetry/TristimService.h"
 #include "gui/elements/Application.h"
 #include "gui/elements/DialogHandler.h"
 #include "gui/elements/GUIDescriptionReader.h"

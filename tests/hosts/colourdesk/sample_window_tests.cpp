@@ -76,6 +76,15 @@ TEST(SampleWindow, PlacesBehindTheLastSampleAreEmpty) {
     }
 }
 
+TEST(SampleWindow, AnExtendedSpectrumSaysSoBesideItsNumbers) {
+    SampleWindow window(SampleDocument::Open(FOREIGN_FILES "narrow.txt"));
+    window.Select(0);
+    EXPECT_EQ(window.GetValue("SampleCondition", "Caption").GetString(),
+              "D50, 2\u00B0; end values repeated below 400 nm and above 700 nm");
+    std::string const report = window.GetValue("SampleCondition", "ToolTipText").GetString().GetStdString();
+    EXPECT_NE(report.find("3: assumed: spectra in fractions"), std::string::npos) << report;
+}
+
 TEST(SampleWindow, NumbersStandWithTheirCondition) {
     SampleWindow window = MakeWindow();
     window.Select(1);

@@ -1,0 +1,11 @@
+#include "cxf/colorimetry/KernelBodies.inc"
+
+namespace Norvelian::Tristim::Kernels {
+
+Table const& Avx2Table();
+Table const& Avx2Table() {
+    static constexpr Table table{SpectraToXYZ, SpectraToLab, DeltaE2000};
+    return table;
+}
+
+} // namespace Norvelian::Tristim::Kernels

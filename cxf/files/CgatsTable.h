@@ -1,0 +1,72 @@
+#pragma once
+
+#include "cxf/files/CgatsFields.h"
+#include "cxf/files/CgatsHeader.h"
+#include "cxf/files/SampleFile.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Norvelian::ColorExchangeFormat {
+
+/// One table whose words have been read but not yet understood: header, data format and data. `AddSamples`
+/// makes samples of it and notes what it took for what.
+class CgatsTable {
+public:
+    /// Both must outlive the table.
+    CgatsTable(CgatsScanner const& from, ReadOptions const& by) : scanner(from), options(by) {}
+
+    CgatsScanner const& scanner;
+    ReadOptions const& options;
+    /// Where each property of the set stands.
+    std::vector<CgatsToken> properties;
+    std::optional<double> norm;    ///< what the header says of the spectra's scale
+    std::optional<double> xyzNorm; ///< and of that of XYZ
+    std::vector<CgatsToken> format;
+    CgatsLayout layout;
+    /// All words of the data, one set behind the other; numbers are read when the table is whole.
+    std::vector<CgatsToken> data;
+    /// The first word of the first line that doesn't hold exactly one set.
+    std::optional<CgatsToken> uneven;
+    std::size_t unevenCount = 0;
+
+    /// Throws `FileException`, as do the two below.
+    void AddSamples(SampleSet& set);
+    [[noreturn]] void FailInData(CgatsToken const& where, std::string const& reason) const;
+    [[noreturn]] void FailUneven() const;
+
+private:
+    /// A colour of the table with what is the same in all rows.
+    struct ReadColour {
+        CgatsLayout::Colour const* colour = nullptr;
+        Conditions conditions;
+        double scale = 1;
+    };
+
+    CgatsHeader TakeHeader(SampleSet const& set);
+    /// The highest value.
+    double ReadSpectra();
+    double FindSpectralScale(SampleSet& set, std::string const& type, double highest);
+    /// What the tristimulus values must be multiplied by to have 100 for white.
+    double FindXyzScale(CgatsLayout::Colour const& colour, Conditions const& conditions);
+    std::vector<ReadColour> PrepareColours(CgatsHeader const& header);
+    double Number(CgatsToken const& token, std::size_t field) const;
+    bool Notes() const { return options.report || options.strict; }
+    void Note(ReadNote::Kind kind, CgatsToken const& where, std::string const& text);
+    void NoteSpectra(Conditions const& conditions);
+    void NoteColour(CgatsLayout::Colour const& colour, Conditions const& conditions);
+    void NoteFields();
+
+    std::vector<double> spectra_;
+};
+
+/// "0,5" and "-12,75": a number as it is written where the comma is the decimal sign.
+bool HasDecimalComma(std::string_view text);
+
+/// Wavelengths that a spectrum of 36 bands needs, with room for rounding.
+inline constexpr double kFirstBand = 380.01;
+inline constexpr double kLastBand = 729.99;
+
+} // namespace Norvelian::ColorExchangeFormat

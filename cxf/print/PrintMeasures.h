@@ -1,0 +1,83 @@
+#pragma once
+
+#include "cxf/colorimetry/ColorSpaces.h"
+#include "cxf/print/Density.h"
+
+/// What an operator at a press derives from densities and colours. All densities of one call are read
+/// through the same filter. Divisions by zero throw `TristimException` that names the formula.
+namespace Norvelian::Tristim {
+
+/// Dot area in percent by Murray-Davies: (1 - 10^-(Dt - Dp)) / (1 - 10^-(Ds - Dp)). With `n` other than 1 the
+/// densities are divided by it (Yule-Nielsen), which takes the light caught in the paper into account.
+double DotArea(double paper, double tint, double solid, double n = 1);
+
+/// Tone value increase: dot area less the tone value of the data, both in percent.
+double DotGain(double paper, double tint, double solid, double nominal);
+
+/// Print contrast in percent: (Ds - Dt) / Ds, densities relative to the paper; usually at 75 percent.
+double PrintContrast(double paper, double tint, double solid);
+
+/// How much of a second ink a first one takes, in percent; densities relative to the paper, through the
+/// filter of the second ink.
+///  - Preucil: (Dop - D1) / D2.
+///  - Brunner: (1 - 10^-Dop) / (1 - 10^-(D1 + D2)).
+///  - Ritz: (1 - 10^-(Dop - D1)) / (1 - 10^-D2).
+enum class TrappingFormula { Preucil, Brunner, Ritz };
+double Trapping(TrappingFormula formula, double first, double second, double overprint);
+
+/// Preucil's hue error and greyness of an ink in percent, with H, M, L the highest, middle and lowest of its
+/// cyan, magenta and yellow densities: (M - L) / (H - L) and L / H.
+struct InkHue {
+    double hueError;
+    double greyness;
+};
+InkHue HueErrorAndGreyness(Densities const& ink);
+
+/// Grey balance of a three-colour grey after ISO 12647-2:2013: the grey wanted at its lightness lies between
+/// the paper and the overprint of solid C, M and Y, a* = a*(paper) (1 - 0.85 (L*(paper) - L*) / (L*(paper) -
+/// L*(CMY))), b* alike; the balance is the distance in a*, b* from it (delta Ch). That C, M, Y and not black
+/// is the dark end is said by corgae.it/index.php/colore/neutri-grigi-e-bianco-e-nero ("per L* C100M100Y100")
+/// as well; the factor 0.85 is from memory.
+struct GreyBalance {
+    double wantedA;
+    double wantedB;
+    double deltaCh;
+};
+GreyBalance GetGreyBalance(Lab const& paper, Lab const& overprint, Lab const& grey);
+
+/// CIE whiteness and tint (CIE 15:2004, ISO 11475) of a spectrum under D65: W = Y + 800 (xn - x) + 1700 (yn -
+/// y); T = 1000 (xn - x) - 650 (yn - y) for 2 degrees, with 900 for 10 degrees. `isWhite` is whether the
+/// formula's limits hold: 40 < W < 5 Y - 280 and -4 < T < 2 (CIE 15:2004; the edition of 1986 had -3 to 3; so
+/// colour.readthedocs.io, whiteness_CIE2004).
+struct Whiteness {
+    double whiteness;
+    double tint;
+    bool isWhite;
+};
+Whiteness GetWhiteness(NVSpectrum const& spectrum, Observer observer = Observer::TenDegree);
+Whiteness WhitenessOf(XYZ const& colour, XYZ const& white, Observer observer);
+
+/// Whiteness and tint of ASTM E313 for C, D50 and D65: the same formulas with the white of that illuminant,
+/// whose factors 800, 1700, 1000 or 900 and 650 are the same for all three (from memory). Other illuminants
+/// throw; `isWhite` is as above.
+Whiteness GetWhitenessE313(NVSpectrum const& spectrum, Illumination illumination, Observer observer);
+
+/// Yellowness index of ASTM E313: 100 (Cx X - Cz Z) / Y, for illuminant C or D65; others throw.
+double GetYellowness(NVSpectrum const& spectrum, Illumination illumination = Illumination::D65,
+                     Observer observer = Observer::TenDegree);
+
+/// Special metamerism index, change in illuminant (CIE 15): the difference of the pair under the test
+/// conditions by the formula they name, after the sample's tristimulus values there are multiplied by what
+/// makes the pair equal under the reference conditions. Zero tristimulus values under these throw.
+double GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
+                          NVMeasureConditions const& reference, NVMeasureConditions const& test);
+
+/// Opacity as contrast ratio in percent (ISO 6504, ISO 13655): Y over black / Y over white.
+double GetOpacity(NVSpectrum const& overBlack, NVSpectrum const& overWhite,
+                  NVMeasureConditions const& conditions);
+
+/// Opacity of paper in percent, ISO 2471: luminance factor of a single sheet over black / of an opaque pad of
+/// the same paper, under C and 2 degrees (topos-ts.org, "Opacity, illuminant C"; ipstesting.com, "ISO 2471").
+double GetPaperOpacity(NVSpectrum const& sheetOverBlack, NVSpectrum const& pad);
+
+} // namespace Norvelian::Tristim

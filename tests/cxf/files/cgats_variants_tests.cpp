@@ -1,0 +1,344 @@
+#include "cxf/conditions/ConditionText.h"
+#include "tests/cxf/support.h"
+
+#include <gmock/gmock.h>
+
+using namespace CxfTest;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+/// CGATS text as programs and instruments write it, one spelling after the other: each is read right or
+/// refused with a reason.
+namespace {
+
+struct Variant {
+    std::string written;
+    std::string expected; ///< what is read, or the reason behind "error: "
+};
+
+std::string File(std::string const& header, std::string const& fields, std::string const& values) {
+    return "CGATS.17\n" + header + "\nBEGIN_DATA_FORMAT\n" + fields + "\nEND_DATA_FORMAT\nBEGIN_DATA\n" +
+           values + "\nEND_DATA\n";
+}
+
+template <class Describe> void CheckAll(std::vector<Variant> const& variants, Describe const& describe) {
+    for (Variant const& one : variants) {
+        std::string read;
+        try {
+            read = describe(one.written);
+        } catch (Cxf::FileException const& failure) {
+            read = "error: " + failure.GetReason();
+            EXPECT_GT(failure.GetLine(), 0U) << one.written;
+        }
+        if (one.expected.starts_with("error: ")) {
+            EXPECT_THAT(read, StartsWith("error: ")) << one.written;
+            EXPECT_THAT(read, HasSubstr(one.expected.substr(7))) << one.written;
+        } else {
+            EXPECT_EQ(read, one.expected) << one.written;
+        }
+    }
+}
+
+std::string Numbers(std::vector<double> const& values) {
+    std::string text;
+    for (double const value : values) {
+        char buffer[32];
+        std::snprintf(buffer, sizeof(buffer), "%g", value);
+        text += (text.empty() ? "" : " ") + std::string(buffer);
+    }
+    return text;
+}
+
+/// A header around one L*a*b* colour: its illuminant and observer.
+std::string Viewing(std::string const& header) {
+    auto const set = Cxf::ParseSampleSets(File(header, "LAB_L LAB_A LAB_B", "50 10 -10"), "t").front();
+    return ViewingText(
+        set->GetSamples()[0]->GetSampleAttributes()[0]->GetConditions().GetMeasureConditions());
+}
+/// A header around one spectrum: filter, geometry, backing.
+std::string Measurement(std::string const& header) {
+    std::string fields;
+    std::string values;
+    for (int nm = 380; nm <= 730; nm += 10) {
+        fields += "SPECTRAL_NM" + std::to_string(nm) + " ";
+        values += "0.5 ";
+    }
+    auto const set = Cxf::ParseSampleSets(File(header, fields, values), "t").front();
+    auto const spectrum = SpectrumOf(*set->GetSamples()[0]).GetMeasureConditions();
+    return spectrum.GetMeasureCondition(Key::SpectrumType) + ", " + MeasurementText(spectrum);
+}
+/// Spellings of the fields of 36 bands, with "#" for the wavelength, and values from 10 to 45 of a hundred.
+std::string Bands(std::string const& written) {
+    auto const bar = written.find('|');
+    std::string const pattern = written.substr(0, bar);
+    std::string const header = bar == std::string::npos ? "" : written.substr(bar + 1);
+    bool const fraction = header.find("FRACTION") != std::string::npos;
+    std::string fields;
+    std::string values;
+    for (int band = 0; band < 36; ++band) {
+        std::string field = pattern;
+        field.replace(field.find('#'), 1, std::to_string(380 + 10 * band));
+        fields += field + " ";
+        values += std::to_string(fraction ? 0.1 + 0.01 * band : 10 + band) + " ";
+    }
+    auto const set = Cxf::ParseSampleSets(File(header, fields, values), "t").front();
+    auto const& attribute = *set->GetSamples()[0]->GetSampleAttributes()[0];
+    if (attribute.GetType() != "CXFSpectrum") return "kept as text";
+    auto const spectrum = SpectrumOf(*set->GetSamples()[0]);
+    return spectrum.GetMeasureConditions().GetMeasureCondition(Key::SpectrumType) + " " +
+           Numbers(
+               {static_cast<double>(spectrum.GetValues()[0]), static_cast<double>(spectrum.GetValues()[35])});
+}
+/// Fields and values of one row: the colours in it.
+std::string Colours(std::string const& written) {
+    auto const bar = written.find('|');
+    auto const second = written.find('|', bar + 1);
+    std::string const header = second == std::string::npos ? "" : written.substr(second + 1);
+    auto const set =
+        Cxf::ParseSampleSets(
+            File(header, written.substr(0, bar),
+                 written.substr(bar + 1, second == std::string::npos ? second : second - bar - 1)),
+            "t")
+            .front();
+    std::string text;
+    for (auto const& attribute : set->GetSamples()[0]->GetSampleAttributes()) {
+        text += text.empty() ? "" : "; ";
+        if (auto const* const colour = dynamic_cast<Cxf::ColorVector const*>(attribute.Get())) {
+            auto const& conditions = colour->GetConditions().GetMeasureConditions();
+            text += conditions.GetMeasureCondition(Key::ColorSpaceType) + " " +
+                    Numbers(colour->GetVector().GetExactValues());
+            if (!conditions.GetMeasureCondition(Key::Illumination).empty())
+                text += " " + ViewingText(conditions);
+        } else {
+            text += "text";
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+TEST(CgatsVariants, IlluminantsAndObservers) {
+    CheckAll(
+        {{"", "D50 (assumed), 2° (assumed)"},
+         {"ILLUMINANT D65", "D65, 2° (assumed)"},
+         {"illuminant d65\nobserver 10", "D65, 10°"},
+         {"Illuminant \"D65\"\nObserver \"10 degree\"", "D65, 10°"},
+         {"ILLUMINANT\t\"D65/10\"", "D65, 10°"},
+         {"ILLUMINANT \"D65_10\"", "D65, 10°"},
+         {"ILLUMINANT \"D65-10\"", "D65, 10°"},
+         {"ILLUMINANT \"D50/2\xC2\xB0\"", "D50, 2°"},
+         {"ILLUMINANT \"D50, 2\xB0\"", "D50, 2°"},
+         {"ILLUMINANT_OBSERVER \"D50/2deg\"", "D50, 2°"},
+         {"CIE_ILLUMINANT \"CIE Standard Illuminant A\"\nCIE_OBSERVER \"CIE 1964\"", "A, 10°"},
+         {"ILLUMINANT C\nOBSERVER \"CIE 1931\"", "C, 2°"},
+         {"ILLUMINANT E\nOBSERVER TwoDegree", "E, 2°"},
+         {"ILLUMINANT B\nOBSERVER_ANGLE 2", "B, 2°"},
+         {"ILLUMINANT F11\nOBSERVER_ANGLE \"10\xC2\xB0\"", "F11, 10°"},
+         {"ILLUMINANT FL2\nOBSERVER 2.0", "F2, 2°"},
+         {"ILLUMINANT \"FL3.15\"\nSTANDARD_OBSERVER 10deg", "FL3.15, 10°"},
+         {"ILLUMINANT TL84\nOBSERVER 10", "F11, 10°"},
+         {"ILLUMINANT \"TL 84\"\nOBSERVER 10", "F11, 10°"},
+         {"ILLUMINANT \"Cool White\"\nOBSERVER 10", "F2, 10°"},
+         {"ILLUMINANT LED-B1\nOBSERVER 10", "LED-B1, 10°"},
+         {"ILLUMINANT LED_V2\nOBSERVER 10", "LED-V2, 10°"},
+         {"ILLUMINANT ID65\nOBSERVER 10", "ID65, 10°"},
+         {"ILLUMINANT D60\nOBSERVER 2", "daylight of 6003 K, 2°"},
+         {"ILLUMINANT D5000\nOBSERVER 2", "D50, 2°"},
+         {"WEIGHTING_FUNCTION \"ILLUMINANT, D65\"\nWEIGHTING_FUNCTION \"OBSERVER, 10 degree\"", "D65, 10°"},
+         {"COMPUTATIONAL_PARAMETER \"ILLUMINANT D55\"\nCOMPUTATIONAL_PARAMETER \"OBSERVER 2\"", "D55, 2°"},
+         {"WEIGHTING_FUNCTION \"D75, 10 degree observer\"", "D75, 10°"},
+         {"ILLUMINATION_NAME \"D50\"\nOBSERVER_ANGLE \"2\"", "D50, 2°"},
+         {"MEASUREMENT_SOURCE \"Illumination=D65 ObserverAngle=10 WhiteBase=Abs Filter=No\"", "D65, 10°"},
+         {"MEASUREMENT_SOURCE \"Illumination = D50, Observer = 2\"", "D50, 2°"},
+         {"INSTRUMENTATION \"D65, 10 degree, geometry 45/0\"", "D65 (assumed), 10° (assumed)"},
+         {"INSTRUMENTATION \"Spectro 45, A 2 series\"", "D50 (assumed), 2° (assumed)"},
+         {"MEASUREMENT_SOURCE \"not D65\"", "D50 (assumed), 2° (assumed)"},
+         {"DESCRIPTOR \"made for D65, 10 degree\"", "D50 (assumed), 2° (assumed)"},
+         {"FILTER D65", "D50 (assumed), 2° (assumed)"},
+         {"MEASUREMENT_CONDITION \"M1 (D50)\"", "D50 (assumed), 2° (assumed)"},
+         {"ILLUMINANT unknown", "D50 (assumed), 2° (assumed)"},
+         {"ILLUMINANT D65\nILLUMINATION_NAME D50", "D65 (assumed), 2° (assumed)"},
+         {"ILLUMINATION_NAME D50\nILLUMINANT D65", "D65 (assumed), 2° (assumed)"},
+         {"ILLUMINANT D65\nINSTRUMENTATION \"D65\"", "D65, 2° (assumed)"},
+         {"DEVICE_CLASS \"DISPLAY\"", "emission, 2° (assumed)"},
+         {"KEYWORD \"ILLUMINANT\"\nILLUMINANT D65", "D65, 2° (assumed)"},
+         {"ILLUMINANT D65\nCIE_ILLUMINANT D50", "error: CIE_ILLUMINANT says D50 where ILLUMINANT says D65"},
+         {"ILLUMINANT Q99", "error: ILLUMINANT is \"Q99\"; the known illuminants are A, B, C, E, D50"},
+         {"ILLUMINANT F13", "error: the known illuminants are"},
+         {"ILLUMINANT D30", "error: the known illuminants are"},
+         {"ILLUMINANT \"LED-B9\"", "error: the known illuminants are"},
+         {"ILLUMINANT Horizon",
+          "error: the light \"HORIZON\" is known, but no published table of it is at hand"},
+         {"WEIGHTING_FUNCTION \"ILLUMINANT, X\"", "error: the known illuminants are"},
+         {"OBSERVER 5", "error: OBSERVER is \"5\"; the known observers are 2 degrees (CIE 1931)"},
+         {"ILLUMINANT \"D50 D65\"", "error: \"D50 D65\" names both D50 and D65"},
+         {"MEASUREMENT_SOURCE \"Illumination=Q\"", "error: the known illuminants are"}},
+        Viewing);
+}
+
+TEST(CgatsVariants, FiltersGeometriesAndBackings) {
+    std::string const rest = ", geometry unknown, backing unknown";
+    CheckAll(
+        {{"", "Remission, filter unknown" + rest},
+         {"MEASUREMENT_CONDITION M0", "Remission, M0" + rest},
+         {"Measurement_Condition \"M1\"", "Remission, M1" + rest},
+         {"MEASUREMENT_CONDITIONS \"M2, white backing\"", "Remission, M2, geometry unknown, white backing"},
+         {"M_CONDITION M3", "Remission, M3" + rest},
+         {"FILTER None", "Remission, M0" + rest},
+         {"FILTER \"UV cut\"", "Remission, M2" + rest},
+         {"FILTER Pol", "Remission, M3" + rest},
+         {"FILTER \"Unknown\"", "Remission, filter unknown" + rest},
+         {"FILTER \"gelatine\"", "Remission, filter unknown" + rest},
+         {"POLARIZATION yes", "Remission, M3" + rest},
+         {"POLARIZATION no", "Remission, filter unknown" + rest},
+         {"MEASUREMENT_CONDITION M1\nPOLARIZATION no", "Remission, M1" + rest},
+         {"FILTER none\nMEASUREMENT_CONDITION M1", "Remission, M1" + rest},
+         {"MEASUREMENT_SOURCE \"Filter=no MeasurementCondition=M2\"",
+          "error: MeasurementCondition says UVCut where Filter says No"},
+         {"MEASUREMENT_CONDITION M1\nFILTER Pol", "Remission, M1 (assumed)" + rest},
+         {"INSTRUMENTATION \"scanner, M1\"", "Remission, M1 (assumed)" + rest},
+         {"INSTRUMENTATION \"without polarizer\"", "Remission, filter unknown" + rest},
+         {"MEASUREMENT_GEOMETRY \"45/0\"", "Remission, filter unknown, 45:0, backing unknown"},
+         {"GEOMETRY \"d/8 SCI\"", "Remission, filter unknown, d:8i, backing unknown"},
+         {"GEOMETRY \"de:8\"", "Remission, filter unknown, d:8e, backing unknown"},
+         {"SAMPLE_BACKING black", "Remission, filter unknown, geometry unknown, black backing"},
+         {"BACKING \"self\"", "Remission, filter unknown, geometry unknown, self backing"},
+         {"MEASUREMENT_TYPE Transmission", "Transmission, filter unknown" + rest},
+         {"MEASUREMENT_SOURCE \"ambient\"", "AmbientLight, filter unknown" + rest}},
+        Measurement);
+}
+
+TEST(CgatsVariants, SpectralFields) {
+    std::string const right = "Remission 0.1 0.45";
+    std::vector<Variant> variants;
+    for (char const* const pattern : {"SPECTRAL_NM#",
+                                      "SPECTRAL_NM_#",
+                                      "SPECTRAL_#",
+                                      "Spectral_#",
+                                      "SPECTRAL#",
+                                      "SPECTRAL_PCT#",
+                                      "SPEC_#",
+                                      "SPEC#",
+                                      "NM#",
+                                      "nm#",
+                                      "NM_#",
+                                      "#_NM",
+                                      "#nm",
+                                      "R_#",
+                                      "R#",
+                                      "r#",
+                                      "S#",
+                                      "REFL_#",
+                                      "REFL#",
+                                      "REFLECTANCE_#",
+                                      "\"R(#)\"",
+                                      "\"# nm\"",
+                                      "\"R #\"",
+                                      "LAMBDA_#",
+                                      "#"})
+        variants.push_back({pattern, right});
+    variants.push_back({"SPECTRAL_DEC#|FRACTION yes", right});
+    variants.push_back(
+        {"SPECTRAL_DEC#", "error: the spectra are said to be on a scale of 1, but a value is 45"});
+    variants.push_back({"R#|SPECTRAL_NORM 100", right});
+    variants.push_back({"R#|spectral_norm \"100.0\"", right});
+    variants.push_back({"R#|SPECTRAL_UNITS percent", right});
+    variants.push_back(
+        {"R#|SPECTRAL_NORM 1", "error: the spectra are said to be on a scale of 1, but a value is 45"});
+    variants.push_back(
+        {"R#|SPECTRAL_NORM 1,0", "error: expected a number with a decimal point, not a comma"});
+    variants.push_back({"R#|SPECTRAL_NORM 1.0\nFRACTION yes", right});
+    variants.push_back({"T#", "Transmission 0.1 0.45"});
+    variants.push_back({"TRANS_#", "Transmission 0.1 0.45"});
+    variants.push_back({"WEIRD_#", "kept as text"});
+    CheckAll(variants, Bands);
+}
+
+TEST(CgatsVariants, ColourFields) {
+    std::string const lab = "CIELab 50 10 -10 D50 (assumed), 2° (assumed)";
+    CheckAll(
+        {{"LAB_L LAB_A LAB_B|50 10 -10", lab},
+         {"lab_l lab_a lab_b|50 10 -10", lab},
+         {"LAB_B LAB_A LAB_L|-10 10 50", lab},
+         {"L* a* b*|50 10 -10", lab},
+         {"L a b|50 10 -10", lab},
+         {"\"CIE L*\" \"CIE a*\" \"CIE b*\"|50 10 -10", lab},
+         {"LAB_L* LAB_A* LAB_B*|50 10 -10", lab},
+         {"CIELAB_L CIELAB_A CIELAB_B|50 10 -10", lab},
+         {"LAB_L LAB_C LAB_H|50 10 45", "CIELCh 50 10 45 D50 (assumed), 2° (assumed)"},
+         {"X Y Z|20 30 40", "CIEXYZ 20 30 40 D50 (assumed), 2° (assumed)"},
+         {"XYZ_X XYZ_Y XYZ_Z|0.2 0.3 0.4", "CIEXYZ 20 30 40 D50 (assumed), 2° (assumed)"},
+         {"XYZ_X XYZ_Y XYZ_Z|0.2 0.3 0.4|XYZ_NORM 100", "CIEXYZ 0.2 0.3 0.4 D50 (assumed), 2° (assumed)"},
+         {"XYZ_X XYZ_Y XYZ_Z LAB_L LAB_A LAB_B|0.2 0.3 0.4 2.71 0 0",
+          "CIEXYZ 0.2 0.3 0.4 D50 (assumed), 2° (assumed); CIELab 2.71 0 0 D50 (assumed), 2° (assumed)"},
+         {"x y Y|0.3 0.4 50", "CIExyY 0.3 0.4 50 D50 (assumed), 2° (assumed)"},
+         {"XYY_X XYY_Y XYY_CAPY|0.3 0.4 0.5", "CIExyY 0.3 0.4 50 D50 (assumed), 2° (assumed)"},
+         {"x y z|0.3 0.4 0.3", "text; text; text"},
+         {"LAB_L_D65 LAB_A_D65 LAB_B_D65|50 10 -10", "CIELab 50 10 -10 D65, 2° (assumed)"},
+         {"D65_LAB_L D65_LAB_A D65_LAB_B|50 10 -10|OBSERVER 10", "CIELab 50 10 -10 D65, 10°"},
+         {"LAB_L_D50_2 LAB_A_D50_2 LAB_B_D50_2 LAB_L_F11_10 LAB_A_F11_10 LAB_B_F11_10|50 10 -10 49 9 -9",
+          "CIELab 50 10 -10 D50, 2°; CIELab 49 9 -9 F11, 10°"},
+         {"L*(D65/10) a*(D65/10) b*(D65/10)|50 10 -10|ILLUMINANT D50", "CIELab 50 10 -10 D65, 10°"},
+         {"C M Y K|10 20 30 40", "CMYK 10 20 30 40"},
+         {"RGB_R RGB_G RGB_B LAB_L LAB_A LAB_B|1 2 3 50 10 -10", lab + "; RGB 1 2 3"},
+         {"LAB_L LAB_A|50 10", "text; text"},
+         {"LAB_L lab_l LAB_A LAB_B|50 50 10 -10", "error: the fields LAB_L and lab_l mean the same"},
+         {"LAB_L LAB_A LAB_B|50 10,5 -10", "error: \"10,5\" in field LAB_A has a decimal comma"},
+         {"LAB_L LAB_A LAB_B|50;10;-10", "error: the line has 1 values; expected 3"}},
+        Colours);
+}
+
+TEST(CgatsVariants, RowsThatDontFitTheirFields) {
+    auto const rows = [](std::string const& written) {
+        return Colours("SAMPLE_ID LAB_L LAB_A LAB_B|" + written);
+    };
+    std::string const right = "CIELab 50 10 -10 D50 (assumed), 2° (assumed)";
+    CheckAll(
+        {{"1 50 10 -10\n2 51 11 -11", right},
+         {"1 50 10 -10\n\n\n2 51 11 -11\n", right},
+         {"1\t50\t10\t-10\t\n2\t51\t11\t-11\t", right},
+         {"\"\"\t50\t10\t-10", right},
+         {"1 50 10\n-10 2 51 11 -11", "error: the line has 3 values; expected 4 (an empty cell is written"},
+         {"1 50\n10 -10\n2 51\n11 -11", "error: the line has 2 values; expected 4"},
+         {"1 50\n10 -10\n2 51\n11 -11|NUMBER_OF_SETS 2", right},
+         {"1 50\n2 51\n3 52\n4 53|NUMBER_OF_SETS 4", "error: the line has 2 values; expected 4"},
+         {"1 50 10 -10 2 51 11 -11|NUMBER_OF_SETS 2", right},
+         {"1 50 10 -10 2 51 11 -11",
+          "error: the line has 8 values; expected 4 (a text with blanks needs quotes)"},
+         {"red one 50 10 -10\ntwo 51 11", "error: the line has 5 values"},
+         {"1 50 10 -10|NUMBER_OF_SETS 3", "error: NUMBER_OF_SETS is 3, but the data hold 1 sets"},
+         {"1 50 10 -10|number_of_fields 5", "error: NUMBER_OF_FIELDS is 5"},
+         {"1\t\t50\t10\t-10\n2\t51\t\t11", "error: the line has 3 values; expected 4"}},
+        rows);
+}
+
+TEST(CgatsVariants, WholeHeadersOfSeveralKinds) {
+    auto const first = [](std::string const& text) {
+        auto const set = Cxf::ParseSampleSets(text, "t").front();
+        auto const& sample = *set->GetSamples()[0];
+        auto const conditions = sample.GetSampleAttributes()[0]->GetConditions().GetMeasureConditions();
+        return sample.GetName() + "/" + sample.GetId() + ": " + ConditionText(conditions);
+    };
+    std::string const data = "BEGIN_DATA\nA1\tCyan\t55\t-37\t-50\nEND_DATA\n";
+    std::string const fields =
+        "BEGIN_DATA_FORMAT\nSampleID\tSAMPLE_NAME\tLAB_L\tLAB_A\tLAB_B\nEND_DATA_FORMAT\n";
+    CheckAll({{"CGATS.17\nORIGINATOR\t\"scan\"\nMEASUREMENT_SOURCE\t\"MeasurementCondition=M1\tFilter=no\"\n"
+               "ILLUMINATION_NAME\t\"D50\"\nOBSERVER_ANGLE\t\"2\"\n" +
+                   fields + data,
+               "Cyan/A1: D50, 2°, M1, geometry unknown, backing unknown"},
+              {"CGATS.17\nMEASUREMENT_SOURCE\t\"MeasurementCondition=M1\"\nILLUMINATION_NAME\t\"D50\"\n"
+               "OBSERVER_ANGLE\t\"2\"\n" +
+                   fields + data,
+               "Cyan/A1: D50, 2°, M1, geometry unknown, backing unknown"},
+              {"CTI3\nDESCRIPTOR \"state\"\nKEYWORD \"DEVICE_CLASS\"\nDEVICE_CLASS \"DISPLAY\"\nKEYWORD "
+               "\"NORMALIZED_TO_Y_100\"\nNORMALIZED_TO_Y_100 \"YES\"\n" +
+                   fields + data,
+               "Cyan/A1: emission, 2° (assumed), filter unknown, geometry unknown, backing unknown"},
+              {"ISO28178\r\nWEIGHTING_FUNCTION \"ILLUMINANT, D50\"\r\nWEIGHTING_FUNCTION \"OBSERVER, 2 "
+               "degree\"\r\n"
+               "MEASUREMENT_GEOMETRY \"45/0\"\r\nSAMPLE_BACKING \"white\"\r\nFILTER \"UV-cut\"\r\n" +
+                   fields + data,
+               "Cyan/A1: D50, 2°, M2, 45:0, white backing"}},
+             first);
+}
