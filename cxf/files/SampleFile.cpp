@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 
 namespace Norvelian::ColorExchangeFormat {
@@ -30,6 +31,12 @@ bool HasSpectra(SampleSet const& set) {
 
 std::string ReadFileBytes(std::string const& path) {
     auto const fail = [&path](std::string const& reason) { throw FileException(path, 0, 0, reason); };
+    // A pipe would wait for whoever writes into it.
+    std::error_code failure;
+    auto const status = std::filesystem::status(path, failure);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status) &&
+        !std::filesystem::is_directory(status))
+        fail("is not an ordinary file");
     std::unique_ptr<std::FILE, decltype(&std::fclose)> const file(std::fopen(path.c_str(), "rb"),
                                                                   &std::fclose);
     if (!file) fail(std::string("can't be opened: ") + std::strerror(errno));

@@ -8,11 +8,6 @@
 
 namespace {
 
-/// Nothing is dropped in silence here: what goes wrong while a window is built stands on standard error.
-void PrintDropped(Diagnostics::String const& where, Diagnostics::String const& what) {
-    std::fprintf(stderr, "colourdesk: %s: %s\n", where.GetCharPointer(), what.GetCharPointer());
-}
-
 int RunColourDesk(ColourDesk::Options const& options) {
     Utilities::Plugin plugin(Utilities::GetModulePath("NorvelianGui"));
     int result = 1;
@@ -34,7 +29,9 @@ int RunColourDesk(ColourDesk::Options const& options) {
 
 int main(int argc, char** argv) {
     try {
-        Diagnostics::SetSink(PrintDropped);
+        // Nothing is dropped in silence here: what goes wrong while a window is built is told on standard
+        // error.
+        Diagnostics::SetSink(Diagnostics::StandardErrorSink());
         auto const options = ColourDesk::Options::Parse({argv + 1, argv + argc});
         if (options.help) {
             std::fputs(ColourDesk::Options::Usage(), stdout);

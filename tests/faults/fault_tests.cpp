@@ -6,7 +6,7 @@
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
 #include "core/base/Exceptions.h"
-#include "cxf/SampleFile.h"
+#include "cxf/files/SampleFile.h"
 #include "gui/elements/GUIDescriptionReader.h"
 #include "gui/shell/MessageService_PC.h"
 #include "services/LanguageFiles.h"

@@ -1,7 +1,7 @@
 // What a power failure leaves at any moment of writing a setting or an export.
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
-#include "cxf/SampleFile.h"
+#include "cxf/files/SampleFile.h"
 #include "tests/faults/SystemCalls.h"
 #include "tests/support/TemporaryDirectory.h"
 
