@@ -3,7 +3,7 @@
 # Needs root or sudo only if something is missing.
 set -euo pipefail
 
-build="cmake ninja-build g++ pkg-config qt6-base-dev libpugixml-dev liblcms2-dev
+build="cmake ninja-build ccache g++ pkg-config qt6-base-dev libpugixml-dev liblcms2-dev
        libjpeg-dev libxcb1-dev qt6-image-formats-plugins fonts-liberation fonts-dejavu-core
        fonts-ipafont-gothic"
 test="libgtest-dev libgmock-dev xvfb xauth x11-utils openbox xdotool imagemagick"

@@ -23,6 +23,15 @@ struct SharedCount {
 /// The last holder is gone: deletes the object, then the count.
 void DestroyShared(SharedCount* count);
 
+/// A class with an operation `Dispose` decides itself when its objects are destroyed.
+template <class T> void DeleteOrDispose(void* owned) {
+    auto* const object = static_cast<T*>(owned);
+    if constexpr (requires { object->Dispose(); })
+        object->Dispose();
+    else
+        delete object;
+}
+
 } // namespace Detail
 
 /// A pointer that owns its object together with all its copies.
@@ -40,12 +49,9 @@ public:
     explicit SmartPointer(T* object) : object_(object) {
         if (!object) return;
         std::unique_ptr<T> guard(object);
-        counter_ = new Detail::SharedCount{1, object, [](void* owned) { delete static_cast<T*>(owned); }};
+        counter_ = new Detail::SharedCount{1, object, &Detail::DeleteOrDispose<T>};
         static_cast<void>(guard.release());
     }
-    /// Takes ownership of an object that `destroy` deletes, whoever lets go of it last.
-    SmartPointer(std::unique_ptr<T> object, void (*destroy)(void* object))
-        : counter_(new Detail::SharedCount{1, object.get(), destroy}), object_(object.release()) {}
     SmartPointer(SmartPointer const& other) : counter_(other.counter_), object_(other.object_) { Hold(); }
     SmartPointer(SmartPointer&& other) noexcept
         : counter_(std::exchange(other.counter_, nullptr)), object_(std::exchange(other.object_, nullptr)) {}

@@ -60,16 +60,20 @@ template <class T> class CountedObjects {
 public:
     static SmartPointer<T> Make() {
         if (SingletonBeingMade::IsAny()) return MakeSmart<T>();
-        SmartPointer<T> made(std::make_unique<T>(), [](void* object) {
-            std::default_delete<T>{}(static_cast<T*>(object));
-            --living_;
-        });
-        ++living_;
-        return made;
+        return SmartPointer<T>(MakeSmart<Counted>());
     }
     static long GetCount() { return living_; }
 
 private:
+    /// Counts from its construction to its destruction, which may come after its last holder let go.
+    class Counted final : public T {
+    public:
+        Counted() { ++living_; }
+        Counted(Counted const&) = delete;
+        Counted& operator=(Counted const&) = delete;
+        ~Counted() override { --living_; }
+    };
+
     /// Threads let go of components too, of mutexes for example.
     static inline std::atomic<long> living_ = 0;
 };

@@ -6,7 +6,15 @@ namespace GUI {
 
 namespace {
 
-Utilities::ComponentCreatorNormal<Pane> const paneCreator(Pane::componentDescription);
+/// The pane that a description can name: what the description has in it becomes elements inside.
+class DescribedPane : public Pane {
+protected:
+    void CreateDescribedChildren(DescriptionTree const& description) override {
+        CreateChildren(*GetWindowID(), description, GetDataSource());
+    }
+};
+
+Utilities::ComponentCreatorNormal<DescribedPane> const paneCreator(Pane::componentDescription);
 
 } // namespace
 

@@ -63,10 +63,15 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/RasterSurface.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
+  gui/platform/DropData_PC.cpp
+  gui/platform/LightWindow.cpp
   gui/shell/CNorvelianAdvancedControl.cpp
   gui/shell/CNorvelianDialog.cpp
+  gui/shell/CNorvelianSurface.cpp
+  gui/shell/CNorvelianSurfaceInput.cpp
   gui/shell/CNorvelianWnd.cpp
   gui/shell/HelpFile.cpp
+  gui/shell/NativeControl_PC.cpp
   gui/shell/PaintScope_PC.cpp
   gui/shell/ShellCommand.cpp
   gui/shell/ShellCommandListener_PC.cpp

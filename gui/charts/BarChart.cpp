@@ -3,7 +3,6 @@
 #include "core/creators/ComponentCreator.h"
 #include "gui/charts/BarGraph.h"
 #include "gui/charts/GraphAttributes.h"
-#include "gui/charts/UpdateMessage.h"
 
 #include <algorithm>
 #include <cmath>
@@ -137,7 +136,7 @@ long BarChart::OnUpdate(Anything const& command) {
         return Chart::OnUpdate(command);
     }
     FireCallback(graphName, "OnUpdate", message + "|NoRepaint");
-    Chart::OnUpdate(UpdateMessage::WithoutRepaint(command));
+    ReadUpdate(command);
     Repaint();
     return 0;
 }

@@ -34,7 +34,7 @@ void CrossGraph::Initialize(PlatformIndependentWindowID const& parent, Descripti
 
 long CrossGraph::OnUpdate(Anything const& command) {
     Graph::OnUpdate(command);
-    String const message = command.IsOfTypeString() ? GetCommand(command.GetString()) : String();
+    String const message = GetCommand(command);
     if (message == "Properties") {
         Anything const type = GetValue(GraphAttributes::colorBarType.key);
         if (type.IsValid()) colorBarType_ = type.GetString();

@@ -1,7 +1,6 @@
 #include "gui/charts/Graph.h"
 
 #include "gui/charts/GraphAttributes.h"
-#include "gui/charts/UpdateMessage.h"
 
 namespace GUI {
 
@@ -69,15 +68,13 @@ void Graph::ReadAttributes(DescriptionTree const& description) {
 }
 
 long Graph::OnUpdate(Anything const& command) {
-    Pane::OnUpdate(UpdateMessage::WithoutRepaint(command));
-    bool repaint = true;
-    if (command.IsOfTypeString()) {
-        String const& message = command.GetString();
-        if (HasNoRepaint(message)) repaint = false;
-        if (GetCommand(message) == "Properties") {
-            repaint = false;
-            ReadProperties();
-        }
+    CallScope const call(*this);
+    // Here the suffix counts only behind a command.
+    bool repaint = !HasNoRepaint(command) || GetCommand(command).Length() == 0;
+    ReadUpdate(command);
+    if (GetCommand(command) == "Properties") {
+        repaint = false;
+        ReadProperties();
     }
     if (repaint) Repaint();
     return 0;

@@ -199,12 +199,12 @@ Anything LabChart::GetPair(String const& name, bool isPlane) const {
 }
 
 long LabChart::OnUpdate(Anything const& command) {
-    String const message = command.IsOfTypeString() ? GetCommand(command.GetString()) : String();
+    String const message = GetCommand(command);
     if (message == "Properties")
         ReadProperties();
     else
         ReadRows(message);
-    Chart::OnUpdate(UpdateMessage::WithoutRepaint(command));
+    ReadUpdate(command);
     Repaint();
     return 0;
 }

@@ -58,7 +58,7 @@ void LabGraph::Initialize(PlatformIndependentWindowID const& parent, Description
 
 long LabGraph::OnUpdate(Anything const& command) {
     ReadView();
-    String const message = command.IsOfTypeString() ? GetCommand(command.GetString()) : String();
+    String const message = GetCommand(command);
     if (command.IsValid() && !(message == "Properties")) ReadSamples(message);
     return Graph::OnUpdate(command);
 }

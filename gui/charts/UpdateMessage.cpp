@@ -5,7 +5,6 @@
 
 namespace GUI::UpdateMessage {
 
-using Utilities::Anything;
 using Utilities::String;
 
 std::optional<Range> Range::Parse(String const& message) {
@@ -24,13 +23,6 @@ std::uint16_t RowNumber(String const& key) {
     if (!isNumber) return 0;
     unsigned long const number = key.GetUnsignedLong();
     return number <= std::numeric_limits<std::uint16_t>::max() ? static_cast<std::uint16_t>(number) : 0;
-}
-
-Anything WithoutRepaint(Anything const& message) {
-    String const command = message.IsOfTypeString() ? message.GetString() : String();
-    if (command.FindSubstring("|NoRepaint", 0) > 0) return message;
-    // The suffix counts only behind a command.
-    return {(command.Length() == 0 ? String("Update") : command) + "|NoRepaint"};
 }
 
 } // namespace GUI::UpdateMessage

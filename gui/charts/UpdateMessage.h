@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/values/Anything.h"
+#include "core/base/String.h"
 
 #include <cstdint>
 #include <optional>
@@ -28,9 +28,6 @@ struct Range {
 /// The number of a row or column asked for under a key: 0 for any key that isn't a whole number, since a
 /// graph asks for its settings under the same element name ("XScaleDrawLines").
 std::uint16_t RowNumber(Utilities::String const& key);
-
-/// The same message for a base class that mustn't repaint, since a derived class will.
-Utilities::Anything WithoutRepaint(Utilities::Anything const& message);
 
 } // namespace UpdateMessage
 

@@ -4,7 +4,6 @@
 #include "gui/charts/Graph.h"
 #include "gui/charts/GraphAttributes.h"
 #include "gui/charts/ScaleNumbers.h"
-#include "gui/charts/UpdateMessage.h"
 
 #include <algorithm>
 #include <cmath>
@@ -79,8 +78,9 @@ void XYChart::BuildGraphDescription(AttributeMap const& attributes) {
 }
 
 long XYChart::OnUpdate(Anything const& command) {
+    CallScope const call(*this);
     FireCallback(graphName, "OnUpdate", command);
-    Chart::OnUpdate(UpdateMessage::WithoutRepaint(command));
+    ReadUpdate(command);
     Repaint();
     return 0;
 }

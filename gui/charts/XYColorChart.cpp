@@ -5,6 +5,7 @@
 #include "gui/charts/ZeroAxes.h"
 #include "gui/colour/OutsideMark.h"
 #include "gui/colour/PatchAttributes.h"
+#include "gui/elements/Topics.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +18,8 @@ using Utilities::String;
 
 namespace {
 
-constexpr Attribute spotSizeKey{"SpotSize", AttributeType::Number, "4", "Radius of a spot in pixels"};
+constexpr Attribute spotSizeKey{"SpotSize", AttributeType::Number, "4", "Radius of a spot in pixels", false,
+                                shortRange};
 constexpr Attribute backgroundBitmapKey{"BackgroundBitmap", AttributeType::Text, "",
                                         "Stem of the background picture's name"};
 constexpr Attribute isotropicKey{"Isotropic", AttributeType::Flag, "No",
@@ -41,7 +43,12 @@ constexpr char const* selectionEvent = "SelectSample";
 
 } // namespace
 
-XYColorChart::~XYColorChart() { onSelectSample_.Release(GetDataSource(), selectionElement, selectionEvent); }
+XYColorChart::~XYColorChart() { XYColorChart::OnDetach(); }
+
+void XYColorChart::OnDetach() {
+    onSelectSample_.Release(GetDataSource(), selectionElement, selectionEvent);
+    Pane::OnDetach();
+}
 
 void XYColorChart::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                               DialogDataSource* dataSource) {
@@ -64,6 +71,7 @@ long XYColorChart::OnSelectSample(Anything const& /*argument*/) {
 }
 
 long XYColorChart::OnUpdate(Anything const& /*command*/) {
+    CallScope const call(*this);
     Anything const extension = GetValue("BackgroundBitmapExtension");
     if (extension.IsValid()) SetBackgroundBitmap(backgroundBitmap_ + extension.GetString());
     ReadSpots();
@@ -81,9 +89,11 @@ long XYColorChart::OnUpdate(Anything const& /*command*/) {
 
 void XYColorChart::ReadSpots() {
     std::vector<Spot> spots;
+    CallScope const call(*this);
     Anything const answer = GetValue("NrOfPatches");
     long const count = answer.IsValid() ? answer.GetLong() : 0;
-    for (long i = 0; i < count; ++i) {
+    // Each answer may be the last.
+    for (long i = 0; i < count && GetDataSource(); ++i) {
         Anything const data = GetDataSource()->GetValue(String("Patch") + String(i), "Data");
         Spot spot{RGBVector(100, 100, 100), 0, 0};
         if (data.IsValid()) {
@@ -202,16 +212,11 @@ bool XYColorChart::OnLeftButtonDown(KeyState /*keyState*/, long x, long y) {
     AttributeMap click;
     click["x"] = (static_cast<double>(x) - places.originX) * places.xRange / places.width;
     click["y"] = (places.originY - static_cast<double>(y)) * places.yRange / places.height;
-    // Whoever is told may rebuild the view, and this chart is gone; the callback then does nothing.
-    Utilities::Callback const goOn = becomeSelected_.Get();
-    if (GetDataSource()) GetDataSource()->SetValue(GetElementName(), "Click", click);
-    goOn.Execute({});
+    CallScope const call(*this);
+    TellValue("Click", click);
+    // Whoever is told may rebuild the view, and this chart with it.
+    if (IsAttached()) OnSelectionChanged(Topics::propertyInspector, true);
     return false;
-}
-
-long XYColorChart::BecomeSelected(Anything const& /*argument*/) {
-    OnSelectionChanged("PropertyInspector", true);
-    return 0;
 }
 
 String XYColorChart::GetToolTipText(unsigned short x, unsigned short y) {

@@ -38,6 +38,9 @@ public:
     /// A map of "ElementName" and "CurrentRegion".
     Utilities::Anything GetPropertyInspectorData() override;
 
+protected:
+    void OnDetach() override;
+
 private:
     struct Spot {
         RGBVector color;
@@ -63,7 +66,6 @@ private:
     };
 
     long OnSelectSample(Utilities::Anything const& argument);
-    long BecomeSelected(Utilities::Anything const& argument);
     Places GetPlaces() const;
     void ReadSpots();
     void DrawSpot(PlatformIndependentDeviceContext& context, Spot const& spot, Pixel place) const;
@@ -71,7 +73,6 @@ private:
     void FindVisible(Places const& places, long selected);
 
     OwnedCallback<XYColorChart> onSelectSample_{this, &XYColorChart::OnSelectSample};
-    OwnedCallback<XYColorChart> becomeSelected_{this, &XYColorChart::BecomeSelected};
     double xValueBegin_ = -100;
     double xValueEnd_ = 100;
     double yValueBegin_ = -100;

@@ -32,7 +32,7 @@ String Key(char const* prefix, long number) { return String(prefix) + String(num
 
 long XYGraph::OnUpdate(Anything const& command) {
     Graph::OnUpdate(command);
-    String const message = command.IsOfTypeString() ? GetCommand(command.GetString()) : String();
+    String const message = GetCommand(command);
     if (message == "Properties") {
         Anything const width = GetValue("LineWidth");
         if (width.IsValid()) lineWidth_ = static_cast<std::int16_t>(width.GetLong());

@@ -28,24 +28,17 @@ Utilities::SmartPointer<Utilities::TextAdapter> MakeAdapter(Utilities::String co
 
 } // namespace
 
-FixedText::~FixedText() { onUpdate_.Release(GetDataSource(), GUIElement::GetElementName(), "OnUpdate"); }
-
 void FixedText::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                            DialogDataSource* dataSource) {
     adapterName_ = AttributeReader(description).Text(adaptText);
     adapter_ = MakeAdapter(adapterName_);
     GUIElement::Initialize(parent, description, dataSource);
-    if (dataSource && GetElementName().Length() != 0)
-        dataSource->SetCallback(GetElementName(), "OnUpdate", onUpdate_.Get());
+    RegisterOnUpdate();
 }
 
 void FixedText::OnLanguageChanged() {
     adapter_ = MakeAdapter(adapterName_);
     GUIElement::OnLanguageChanged();
-}
-
-Utilities::Anything FixedText::GetValue(char const* key) {
-    return GetDataSource() ? GetDataSource()->GetValue(GetElementName(), key) : Utilities::Anything();
 }
 
 } // namespace GUI

@@ -11,6 +11,7 @@
 
 namespace GUI {
 
+class DropDataObject;
 class Pane;
 
 /// The window behind a pane. A pane asks the directory for the component "AdvancedControlImpl", hands
@@ -44,6 +45,10 @@ public:
     void OnGetDeviceContext(PlatformIndependentDeviceContext& context);
     void OnSelectionChanged(Utilities::String const& name, bool selected);
     bool IsDragable(std::pair<long, long> const& point);
+    /// Something is dragged over the window, leaves it, or is dropped on it.
+    DropEffect OnDragOver(DropDataObject const& data, bool controlKey, long x, long y);
+    void OnDragLeave();
+    bool OnDrop(DropDataObject const& data, DropEffect effect, long x, long y);
 
 protected:
     Pane* GetPane() const { return pane_; }

@@ -40,7 +40,10 @@ ApplicationImplementation& Application::GetImplementation() {
     return *implementation_;
 }
 
-void Application::ReleaseImplementation() { implementation_ = nullptr; }
+void Application::ReleaseImplementation() {
+    ReleasedElements::DestroyIdle();
+    implementation_ = nullptr;
+}
 
 int Application::Run() { return OnExit(GetImplementation().Run()); }
 
@@ -99,8 +102,9 @@ void Application::OnLanguageChanged() {
     for (GUIElement* const window : std::vector<GUIElement*>(windows_)) {
         // What one window does may close another.
         if (std::find(windows_.begin(), windows_.end(), window) == windows_.end()) continue;
+        CallScope const call(*window);
         window->OnLanguageChanged();
-        window->RecalculateSize();
+        if (call.IsAttached()) window->RecalculateSize();
     }
 }
 

@@ -13,6 +13,9 @@ std::vector<AttributeTable const*>& Tables() {
     return tables;
 }
 
+/// Tables of nodes that are no elements: asked about for each child that is created.
+int partCount = 0;
+
 namespace Common = CommonAttributes;
 
 constexpr Attribute elementAttributes[] = {
@@ -28,12 +31,23 @@ AttributeTable const paneTable("Pane", "GUIElement", paneAttributes);
 
 } // namespace
 
-AttributeTable::AttributeTable(char const* component, char const* base, std::span<Attribute const> attributes)
-    : component_(component), base_(base), attributes_(attributes) {
+AttributeTable::AttributeTable(char const* component, char const* base, std::span<Attribute const> attributes,
+                               Kind kind)
+    : component_(component), base_(base), attributes_(attributes), kind_(kind) {
+    if (kind == Kind::Part) ++partCount;
     Tables().push_back(this);
 }
 
-AttributeTable::~AttributeTable() { std::erase(Tables(), this); }
+AttributeTable::~AttributeTable() {
+    std::erase(Tables(), this);
+    if (kind_ == Kind::Part) --partCount;
+}
+
+bool AttributeTable::IsPartOfElement(std::string_view name) {
+    if (partCount == 0) return false;
+    AttributeTable const* const table = Find(name);
+    return table && table->kind_ == Kind::Part;
+}
 
 AttributeTable const* AttributeTable::Find(std::string_view component) {
     auto const& tables = Tables();

@@ -13,6 +13,17 @@ namespace GUI {
 /// What the text of an attribute stands for.
 enum class AttributeType : std::uint8_t { Text, Flag, Number, Colour, ElementName, ImageName, Map };
 
+/// The numbers that an attribute can hold.
+struct AttributeRange {
+    double minimum = -2147483648.0;
+    double maximum = 4294967295.0;
+};
+
+/// Sizes and places that can't be negative, in pixels.
+inline constexpr AttributeRange unsignedRange{0, 4294967295.0};
+/// What is kept in 16 bits.
+inline constexpr AttributeRange shortRange{0, 65535.0};
+
 /// One attribute of an element's description: its key beside its default, as data that can be listed.
 struct Attribute {
     char const* key;
@@ -22,6 +33,7 @@ struct Attribute {
     char const* meaning;
     /// Its absence is an error.
     bool mandatory = false;
+    AttributeRange range = {};
 };
 
 /// Says which attributes the elements of one component read beyond those of another one. Instances
@@ -29,8 +41,19 @@ struct Attribute {
 /// descriptions and the schema for editors are made from them.
 class AttributeTable {
 public:
+    /// What a node of that name in a description is.
+    enum class Kind : std::uint8_t {
+        Element,
+        /// Read by its parent; see `IsPartOfElement`.
+        Part,
+        /// An element whose children are patterns: their values are formulas until it has run, and are not
+        /// checked before.
+        Pattern,
+    };
+
     /// `component` is the name in descriptions; `base` is the table that it extends, empty for none.
-    AttributeTable(char const* component, char const* base, std::span<Attribute const> attributes);
+    AttributeTable(char const* component, char const* base, std::span<Attribute const> attributes,
+                   Kind kind = Kind::Element);
     AttributeTable(AttributeTable const&) = delete;
     AttributeTable& operator=(AttributeTable const&) = delete;
     ~AttributeTable();
@@ -38,9 +61,13 @@ public:
     std::string_view GetComponent() const { return component_; }
     std::string_view GetBase() const { return base_; }
     std::span<Attribute const> GetAttributes() const { return attributes_; }
+    Kind GetKind() const { return kind_; }
 
     /// The table of that component, null if it has none.
     static AttributeTable const* Find(std::string_view component);
+    /// Whether nodes of that name are no elements of their own: their parent reads them, and no component
+    /// of that name is made. Examples are separators, blocks of styles, settings.
+    static bool IsPartOfElement(std::string_view name);
     static std::vector<AttributeTable const*> const& GetAll();
     /// All attributes of a component, those of its bases first.
     static std::vector<Attribute> Collect(std::string_view component);
@@ -49,6 +76,7 @@ private:
     char const* component_;
     char const* base_;
     std::span<Attribute const> attributes_;
+    Kind kind_;
 };
 
 /// Reads typed attributes of one node. An absent attribute gives its default, or throws
@@ -88,14 +116,18 @@ inline constexpr Attribute elementName{"ElementName", AttributeType::ElementName
                                        "Name within the dialog; the key for values and callbacks"};
 inline constexpr Attribute registered{"Register", AttributeType::Flag, "Yes",
                                       "Whether the element can be found by name"};
-inline constexpr Attribute minimalWidth{"MinimalWidth", AttributeType::Number, "0",
-                                        "Smallest width in pixels"};
-inline constexpr Attribute maximalWidth{"MaximalWidth", AttributeType::Number, "10000",
-                                        "Largest width in pixels, and the weight when space is shared"};
-inline constexpr Attribute minimalHeight{"MinimalHeight", AttributeType::Number, "0",
-                                         "Smallest height in pixels"};
-inline constexpr Attribute maximalHeight{"MaximalHeight", AttributeType::Number, "10000",
-                                         "Largest height in pixels, and the weight when space is shared"};
+inline constexpr Attribute minimalWidth{
+    "MinimalWidth", AttributeType::Number, "0", "Smallest width in pixels", false, unsignedRange};
+inline constexpr Attribute maximalWidth{
+    "MaximalWidth", AttributeType::Number,
+    "10000",        "Largest width in pixels, and the weight when space is shared",
+    false,          unsignedRange};
+inline constexpr Attribute minimalHeight{
+    "MinimalHeight", AttributeType::Number, "0", "Smallest height in pixels", false, unsignedRange};
+inline constexpr Attribute maximalHeight{
+    "MaximalHeight", AttributeType::Number,
+    "10000",         "Largest height in pixels, and the weight when space is shared",
+    false,           unsignedRange};
 inline constexpr Attribute justificationOnX{"JustificationOnX", AttributeType::Text, "Yes",
                                             "How the element sits in a wider slot"};
 inline constexpr Attribute helpFile{"HelpFile", AttributeType::Text, "", "Help file shown for the element"};

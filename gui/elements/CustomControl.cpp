@@ -1,5 +1,7 @@
 #include "gui/elements/CustomControl.h"
 
+#include "gui/elements/Topics.h"
+
 namespace GUI {
 
 using Utilities::Anything;
@@ -10,18 +12,24 @@ namespace {
 
 void UpdateAll(GUIElement::Children const& children, CallbackTable const& callbacks) {
     for (auto it = children.Begin(); it.IsValid(); ++it) {
-        callbacks.Find(it.Current()->GetElementName(), "OnUpdate").Execute({});
-        UpdateAll(it.Current()->GetChildrenList(), callbacks);
+        // The iterator keeps the child while the list may lose it.
+        GUIElement const& child = *it.Current();
+        callbacks.Find(it.Current()->GetElementName(), Events::update).Execute({});
+        UpdateAll(child.GetChildrenList(), callbacks);
     }
 }
 
 } // namespace
 
 long CustomControl::ExecuteCallback(String const& element, String const& name, Anything const& argument) {
+    CallScope const call(*this);
     return callbacks_.Find(element, name).Execute(argument);
 }
 
-void CustomControl::UpdateElements() { UpdateAll(GetChildrenList(), callbacks_); }
+void CustomControl::UpdateElements() {
+    CallScope const call(*this);
+    UpdateAll(GetChildrenList(), callbacks_);
+}
 
 void CustomControl::SetGUIDescriptionTree(DescriptionTree const& description) {
     Pane::SetGUIDescriptionTree(description, this);

@@ -9,6 +9,7 @@ namespace GUI {
 /// callbacks of the children are kept in the control's own tables.
 class CustomControl : public DialogDataSource, public Pane {
 public:
+    /// Children know the control as their data source and must not outlive this part of it.
     ~CustomControl() override { ReleaseChildren(); }
 
     void Invariant() const override {}
@@ -29,6 +30,13 @@ public:
                      Utilities::Callback const& callback) override;
     Utilities::Callback GetCallback(Utilities::String const& element, Utilities::String const& name) override;
     void RemoveAllCallbacks(Utilities::String const& element) override;
+
+protected:
+    /// Children see the control itself as their data source.
+    void CreateDescribedChildren(DescriptionTree const& description) override {
+        CreateChildren(*GetWindowID(), description, this);
+    }
+    using Pane::GetValue;
 
 private:
     CallbackTable callbacks_;

@@ -7,7 +7,6 @@
 
 namespace GUI {
 
-/// What is dragged.
 class DropDataObject;
 
 /// Takes what is dropped on one element.

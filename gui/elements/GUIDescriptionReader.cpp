@@ -6,11 +6,16 @@
 #include "gui/elements/Attributes.h"
 
 #include <algorithm>
+#include <cctype>
+#include <charconv>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <pugixml.hpp>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace GUI {
 
@@ -41,6 +46,8 @@ struct KnownAttributes {
         std::string readable;
     };
     std::vector<Known> all;
+    /// The children's values are formulas.
+    bool isPattern = false;
 
     Known* Find(std::string_view key) {
         auto const found =
@@ -49,13 +56,25 @@ struct KnownAttributes {
     }
 };
 
-bool IsReadable(AttributeType type, char const* value) {
+/// A whole number or a decimal one, all of the text, within the range.
+bool IsNumber(std::string_view text, AttributeRange const& range) {
+    auto const isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    if (text.starts_with('+')) text.remove_prefix(1);
+    double number = 0;
+    auto const [end, failure] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return failure == std::errc() && end == text.data() + text.size() && number >= range.minimum &&
+           number <= range.maximum;
+}
+
+bool IsReadable(Attribute const& attribute, char const* value) {
     try {
-        switch (type) {
+        switch (attribute.type) {
         case AttributeType::Flag:
             return std::strcmp(value, "Yes") == 0 || std::strcmp(value, "No") == 0;
         case AttributeType::Number:
-            return *value == '\0' || (static_cast<void>(String(value).GetDouble()), true);
+            return *value == '\0' || IsNumber(value, attribute.range);
         case AttributeType::Colour:
             return *value == '\0' || (static_cast<void>(RGBVector(String(value))), true);
         default:
@@ -66,15 +85,55 @@ bool IsReadable(AttributeType type, char const* value) {
     }
 }
 
-char const* Expected(AttributeType type) {
-    switch (type) {
+std::string Expected(Attribute const& attribute) {
+    switch (attribute.type) {
     case AttributeType::Flag:
         return "\"Yes\" or \"No\"";
     case AttributeType::Colour:
         return "three numbers from 0 to 255 with commas, red first";
-    default:
-        return "a number";
+    default: {
+        AttributeRange const& range = attribute.range;
+        if (range.minimum == AttributeRange().minimum) return "a number";
+        return "a number from " + std::to_string(static_cast<long>(range.minimum)) + " to " +
+               std::to_string(static_cast<long>(range.maximum));
     }
+    }
+}
+
+/// How many characters have to be changed, left out or added.
+std::size_t Distance(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
+    for (std::size_t i = 1; i <= a.size(); ++i) {
+        std::size_t diagonal = std::exchange(row[0], i);
+        for (std::size_t j = 1; j <= b.size(); ++j) {
+            std::size_t const change = diagonal + (std::tolower(a[i - 1]) == std::tolower(b[j - 1]) ? 0 : 1);
+            diagonal = row[j];
+            row[j] = std::min({change, row[j] + 1, row[j - 1] + 1});
+        }
+    }
+    return row[b.size()];
+}
+
+/// "; did you mean "..."?", or nothing where no known name is near.
+template <class Names> std::string Suggestion(std::string_view name, Names const& names) {
+    constexpr std::size_t longest = 100;
+    if (name.size() > longest) return {};
+    std::string nearest;
+    std::size_t smallest = std::max<std::size_t>(name.size() / 3, 1) + 1;
+    for (std::string const& known : names)
+        if (auto const distance = Distance(name, known); distance < smallest) {
+            smallest = distance;
+            nearest = known;
+        }
+    return nearest.empty() ? std::string() : "; did you mean \"" + nearest + "\"?";
+}
+
+std::vector<std::string> ComponentNames() {
+    std::vector<std::string> names;
+    for (auto* const creator : Utilities::NamingService::Instance()->GetCreators())
+        names.push_back(creator->GetDescriptor().at("name").GetString().GetStdString());
+    return names;
 }
 
 /// Turns one parsed document into a tree and checks it on the way, while places are still known.
@@ -101,7 +160,9 @@ public:
             if (attribute.mandatory && !target.FindValue(attribute.key))
                 Fail(node.offset_debug(), "<" + std::string(type) + "> lacks its attribute \"" +
                                               attribute.key + "\" (" + attribute.meaning + ")");
-        bool const loop = inLoop || type == "LoopBox";
+        target.SetName(file_ + ":" + std::to_string(LineOf(node.offset_debug())));
+        if (!inLoop) CheckName(node);
+        bool const loop = inLoop || known.isPattern;
         for (pugi::xml_node const& child : node.children()) BuildChild(child, target, depth, loop);
     }
 
@@ -110,12 +171,42 @@ public:
             std::min(static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)), text_.size());
         std::string_view const before = text_.substr(0, end);
         auto const lineStart = before.rfind('\n');
-        long const line = 1 + std::count(before.begin(), before.end(), '\n');
         auto const column = end - (lineStart == std::string_view::npos ? 0 : lineStart + 1) + 1;
-        throw DescriptionException(file_, line, static_cast<long>(column), reason);
+        throw DescriptionException(file_, LineOf(offset), static_cast<long>(column), reason);
     }
 
 private:
+    /// Nodes come in the order of the text: each line is counted once.
+    long LineOf(std::ptrdiff_t offset) const {
+        auto const end =
+            std::min(static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)), text_.size());
+        if (end < countedTo_) {
+            countedTo_ = 0;
+            countedLine_ = 1;
+        }
+        auto const part = text_.substr(countedTo_, end - countedTo_);
+        countedLine_ += std::count(part.begin(), part.end(), '\n');
+        countedTo_ = end;
+        return countedLine_;
+    }
+
+    void Report(pugi::xml_node const& node, std::string const& what) const {
+        std::string const text = file_ + ":" + std::to_string(LineOf(node.offset_debug())) + ": " + what;
+        Diagnostics::Report("GUIDescriptionReader", text.c_str());
+    }
+
+    /// `FindElement` and the callbacks of a data source know one element of a name.
+    void CheckName(pugi::xml_node const& node) {
+        char const* const name = node.attribute(CommonAttributes::elementName.key).value();
+        bool const isRegistered =
+            std::string_view(node.attribute(CommonAttributes::registered.key).value()) != "No";
+        if (*name == '\0' || !isRegistered) return;
+        auto const [first, isNew] = names_.emplace(name, LineOf(node.offset_debug()));
+        if (!isNew)
+            Report(node, std::string("a second element is named \"") + name +
+                             "\"; the first one is in line " + std::to_string(first->second));
+    }
+
     void BuildChild(pugi::xml_node const& child, DescriptionTree& target, int depth, bool inLoop) {
         if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
             Fail(child.offset_debug(), "text stands between elements; expected a tag");
@@ -143,12 +234,16 @@ private:
 
     KnownAttributes& FindKnown(pugi::xml_node const& node, std::string_view type) {
         if (auto const found = known_.find(type); found != known_.end()) return found->second;
-        if (!Utilities::NamingService::Instance()->IsRegistered(type))
-            Fail(node.offset_debug(), "there is no component named \"" + std::string(type) + "\"");
+        AttributeTable const* const table = AttributeTable::Find(type);
+        bool const isPart = table && table->GetKind() == AttributeTable::Kind::Part;
+        if (!isPart && !Utilities::NamingService::Instance()->IsRegistered(type))
+            Fail(node.offset_debug(), "there is no component named \"" + std::string(type) + "\"" +
+                                          Suggestion(type, ComponentNames()));
         auto attributes = AttributeTable::Collect(type);
         if (attributes.empty()) attributes = AttributeTable::Collect("GUIElement");
         KnownAttributes known;
         for (Attribute const& attribute : attributes) known.all.emplace_back(attribute);
+        known.isPattern = table && table->GetKind() == AttributeTable::Kind::Pattern;
         return known_.emplace(type, std::move(known)).first->second;
     }
 
@@ -156,21 +251,25 @@ private:
                bool inLoop) const {
         KnownAttributes::Known* const found = known.Find(attribute.name());
         if (!found) {
-            std::string const text =
-                file_ + ": <" + node.name() + "> has no attribute \"" + attribute.name() + "\"";
-            Diagnostics::Report("GUIDescriptionReader", text.c_str());
+            std::vector<std::string> names;
+            for (auto const& one : known.all) names.emplace_back(one.name);
+            Report(node, std::string("<") + node.name() + "> has no attribute \"" + attribute.name() + "\"" +
+                             Suggestion(attribute.name(), names));
             return;
         }
         if (inLoop || found->readable == attribute.value()) return;
-        if (!IsReadable(found->type, attribute.value()))
+        if (!IsReadable(*found, attribute.value()))
             Fail(node.offset_debug(), std::string("the attribute \"") + attribute.name() + "\" of <" +
                                           node.name() + "> is \"" + attribute.value() + "\"; expected " +
-                                          Expected(found->type));
+                                          Expected(*found));
         found->readable = attribute.value();
     }
 
     std::string_view text_;
     std::string const& file_;
+    mutable std::size_t countedTo_ = 0;
+    mutable long countedLine_ = 1;
+    std::unordered_map<std::string, long> names_;
     std::map<std::string, KnownAttributes, std::less<>> known_;
 };
 

@@ -1,7 +1,14 @@
 #include "gui/elements/GUIElement.h"
 
+#include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
 #include "gui/elements/Attributes.h"
+#include "gui/elements/Topics.h"
+
+#include <exception>
+#include <string>
+#include <unordered_map>
+#include <utility>
 
 namespace GUI {
 
@@ -12,24 +19,112 @@ using Utilities::String;
 
 namespace {
 
+/// Boxes drop what goes wrong while they create their children. The sink hears of it once, from the
+/// innermost element, with the place in the description.
+void ReportFailedChild(String const& type, DescriptionTree const& description) {
+    static std::exception_ptr told;
+    if (std::exchange(told, std::current_exception()) == std::current_exception()) return;
+    std::string where = "<" + type.GetStdString() + ">";
+    String const name = AttributeReader(description).Text(CommonAttributes::elementName);
+    if (name.Length() != 0) where += " \"" + name.GetStdString() + "\"";
+    if (!(description.GetName() == " ")) where += " in " + description.GetName().GetStdString();
+    Diagnostics::DropException(where.c_str());
+}
+
 std::uint32_t Pixels(unsigned long value) { return static_cast<std::uint32_t>(value); }
 
 } // namespace
 
 std::uint64_t GUIElement::layoutRevision = 0;
+std::uint64_t GUIElement::namesRevision = 0;
 
-GUIElement::~GUIElement() { ReleaseChildren(); }
+/// The registered elements below one element by name, as long as no name and no list of children changes.
+struct GUIElement::NameIndex {
+    std::uint64_t revision = 0;
+    /// The first search after a change walks the tree; a second one is worth an index.
+    bool isBuilt = false;
+    std::unordered_map<std::string, GUIElement*> elements;
+};
+
+GUIElement::GUIElement() = default;
+
+GUIElement::~GUIElement() {
+    released_ = true;
+    ReleaseChildren();
+    ReleasedElements::Forget(*this);
+}
 
 void GUIElement::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                             DialogDataSource* dataSource) {
-    parentWindow_ = &parent;
+    KeepParentWindow(parent);
     dataSource_ = dataSource;
     SetAttributes(description);
+}
+
+void GUIElement::KeepParentWindow(PlatformIndependentWindowID const& parent) {
+    auto const keep = [this, &parent](GUIElement const* other) {
+        if (!other || !other->parentWindow_ || other->parentWindow_->GetID() != parent.GetID()) return false;
+        parentWindow_ = other->parentWindow_;
+        return true;
+    };
+    if (&parent == parentWindow_.get() || keep(parentElement_)) return;
+    if (parentElement_ && parentElement_->children_.GetSize() != 0 &&
+        keep(parentElement_->children_.Last().Current().Get()))
+        return;
+    auto const copy = Utilities::ResolveComponent<PlatformIndependentWindowID>("PlatformIndependentWindowID");
+    *copy = parent;
+    parentWindow_ =
+        std::shared_ptr<PlatformIndependentWindowID const>(copy.Get(), [copy](auto const*) { /* holds */ });
+}
+
+void GUIElement::Detach() {
+    if (released_) return;
+    released_ = true;
+    try {
+        OnDetach();
+    } catch (...) {
+        Diagnostics::DropException("GUIElement: releasing an element");
+    }
+    for (auto it = children_.Begin(); it.IsValid(); ++it) it.Current()->Detach();
+    dataSource_ = nullptr;
+}
+
+void GUIElement::OnDetach() {
+    if (!onUpdate_) return;
+    onUpdate_->Release(dataSource_, name_, Events::update);
+    onUpdate_.reset();
+}
+
+void GUIElement::RegisterOnUpdate() {
+    if (!dataSource_ || GetElementName().Length() == 0) return;
+    if (!onUpdate_) onUpdate_ = std::make_unique<OwnedCallback<GUIElement>>(this, &GUIElement::OnUpdate);
+    CallScope const call(*this);
+    dataSource_->SetCallback(GetElementName(), Events::update, onUpdate_->Get());
+}
+
+Anything GUIElement::GetValue(String const& key) {
+    if (!dataSource_) return {};
+    CallScope const call(*this);
+    return dataSource_->GetValue(GetElementName(), key);
+}
+
+void GUIElement::TellValue(String const& key, Anything const& value) {
+    if (!dataSource_) return;
+    CallScope const call(*this);
+    dataSource_->SetValue(GetElementName(), key, value);
+}
+
+long GUIElement::Fire(String const& event, Anything const& argument) {
+    if (!dataSource_) return 0;
+    CallScope const call(*this);
+    auto const callback = dataSource_->GetCallback(GetElementName(), event);
+    return callback.Execute(argument);
 }
 
 void GUIElement::SetAttributes(DescriptionTree const& description) {
     AttributeReader const attributes(description);
     name_ = attributes.Text(CommonAttributes::elementName);
+    ++namesRevision;
     registered_ = attributes.FlagUnlessNo(CommonAttributes::registered);
     minimalWidth_ = Pixels(attributes.Unsigned(CommonAttributes::minimalWidth));
     maximalWidth_ = Pixels(attributes.Unsigned(CommonAttributes::maximalWidth));
@@ -95,6 +190,7 @@ void GUIElement::OnPaintWindowDecorators(PlatformIndependentDeviceContext& /*con
                                          GUIElement const& /*element*/) const {}
 
 void GUIElement::OnLanguageChanged() {
+    CallScope const call(*this);
     for (auto it = children_.Begin(); it.IsValid(); ++it) it.Current()->OnLanguageChanged();
 }
 
@@ -105,28 +201,65 @@ void GUIElement::PassOnPaintWindowDecorators(PlatformIndependentDeviceContext& c
 
 void GUIElement::CreateChildren(PlatformIndependentWindowID const& window, DescriptionTree const& description,
                                 DialogDataSource* dataSource) {
-    for (auto node = description.GetChildren(); node.IsValid(); ++node) {
+    CallScope const call(*this);
+    for (auto node = description.GetChildren(); node.IsValid() && IsAttached(); ++node) {
         DescriptionTree const& child = *node.Current();
         String const type = AttributeReader(child).Text(CommonAttributes::elementType);
+        if (AttributeTable::IsPartOfElement(type.GetStdString())) continue;
         auto element = Utilities::ResolveComponent<GUIElement>(type);
         if (element.IsNull())
             throw RuntimeException("The component \"" + type.GetStdString() + "\" is not a GUI element");
         element->parentElement_ = this;
-        element->Initialize(window, child, dataSource);
+        try {
+            element->Initialize(window, child, dataSource);
+        } catch (...) {
+            ReportFailedChild(type, child);
+            throw;
+        }
+        // What the child asked for may have released this element.
+        if (!IsAttached()) break;
         children_.Append(element);
         OnChildrenChanged();
     }
 }
 
-void GUIElement::ReleaseChildren() {
-    // Somebody may hold a child longer than its parent lives.
-    for (auto it = children_.Begin(); it.IsValid(); ++it) it.Current()->parentElement_ = nullptr;
-    children_.Clear();
+void GUIElement::Adopt(Utilities::SmartPointer<GUIElement> const& child) {
+    child->parentElement_ = this;
+    children_.Append(child);
     OnChildrenChanged();
+}
+
+void GUIElement::ReleaseChild(GUIElement const& child) {
+    for (auto it = children_.Begin(); it.IsValid(); ++it) {
+        if (it.Current().Get() != &child) continue;
+        auto const released = it.Current();
+        ReleasedElements::KeepParentOf(child, *this);
+        released->Detach();
+        released->parentElement_ = nullptr;
+        children_.Remove(it);
+        OnChildrenChanged();
+        return;
+    }
+}
+
+void GUIElement::ReleaseChildren() {
+    if (children_.GetSize() == 0) return;
+    // The list is empty before the first child is told: who asks meanwhile finds none of them.
+    Children const released = std::move(children_);
+    children_ = Children();
+    OnChildrenChanged();
+    for (auto it = released.Begin(); it.IsValid(); ++it) {
+        GUIElement& child = *it.Current();
+        ReleasedElements::KeepParentOf(child, *this);
+        // Somebody may hold a child longer than its parent lives.
+        child.Detach();
+        child.parentElement_ = nullptr;
+    }
 }
 
 void GUIElement::OnChildrenChanged() {
     ++childrenRevision_;
+    ++namesRevision;
     AdvanceLayoutRevision();
 }
 
@@ -141,12 +274,34 @@ GUIElement& GUIElement::FindElement(String const& name) const {
 }
 
 GUIElement* GUIElement::FindRegistered(String const& name) const {
+    if (name.Length() == 0) return nullptr;
+    if (!names_) names_ = std::make_unique<NameIndex>();
+    if (names_->revision == namesRevision) {
+        if (!names_->isBuilt) EnterNames(*names_);
+        names_->isBuilt = true;
+        auto const found = names_->elements.find(name.GetStdString());
+        return found == names_->elements.end() ? nullptr : found->second;
+    }
+    *names_ = {namesRevision, false, {}};
+    return Search(name);
+}
+
+GUIElement* GUIElement::Search(String const& name) const {
     for (auto it = children_.Begin(); it.IsValid(); ++it) {
         GUIElement& child = *it.Current();
         if (child.registered_ && child.GetElementName() == name) return &child;
-        if (GUIElement* const found = child.FindRegistered(name)) return found;
+        if (GUIElement* const found = child.Search(name)) return found;
     }
     return nullptr;
+}
+
+void GUIElement::EnterNames(NameIndex& index) const {
+    for (auto it = children_.Begin(); it.IsValid(); ++it) {
+        GUIElement& child = *it.Current();
+        // The first of one name wins.
+        if (child.registered_) index.elements.emplace(child.GetElementName().GetStdString(), &child);
+        child.EnterNames(index);
+    }
 }
 
 bool GUIElement::GetHelpInfo(String& file, unsigned long& topic, unsigned long x, unsigned long y) const {
@@ -154,8 +309,11 @@ bool GUIElement::GetHelpInfo(String& file, unsigned long& topic, unsigned long x
         GUIElement const& child = *it.Current();
         bool const inside = x - child.x_ < child.width_ && y - child.y_ < child.height_;
         if (!inside) continue;
-        // A child with a window of its own counts from that window's corner.
-        bool const hasWindow = !child.window_.IsNull();
+        // A child with a window of its own counts from that window's corner. Some elements hand on the
+        // window that they were given as theirs.
+        bool const hasWindow =
+            !child.window_.IsNull() &&
+            !(child.parentWindow_ && child.window_->GetID() == child.parentWindow_->GetID());
         if (child.GetHelpInfo(file, topic, hasWindow ? x - child.x_ : x, hasWindow ? y - child.y_ : y))
             return true;
     }

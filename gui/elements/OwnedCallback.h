@@ -2,13 +2,17 @@
 
 #include "Diagnostics/Sink.h"
 #include "core/values/Callback.h"
+#include "gui/elements/CallScope.h"
 #include "gui/elements/DialogDataSource.h"
+
+#include <type_traits>
 
 namespace GUI {
 
-/// A callback on a member function of the object that holds this. Once the object has released it, what is
-/// left of it in some table does nothing and gives 0, and the table's other entries are left alone. The
-/// object takes it out of the tables that it knows, since they may outlive the plug-in. GUI thread only.
+/// A callback on a member function of the object that holds this. An element lives on while it runs. Once the
+/// object has released it, what is left of it in some table does nothing and gives 0, and the table's other
+/// entries are left alone. The object takes it out of the tables that it knows, since they may outlive the
+/// plug-in. GUI thread only.
 template <class T> class OwnedCallback {
 public:
     using Member = long (T::*)(Utilities::Anything const&);
@@ -44,7 +48,13 @@ private:
 
         Diagnostics::String GetValueString() override { return "OwnedCallback"; }
         long Execute(Utilities::Anything const& argument) override {
-            return owner_ ? (owner_->*member_)(argument) : 0;
+            if (!owner_) return 0;
+            if constexpr (std::is_base_of_v<GUIElement, T>) {
+                CallScope const call(*owner_);
+                return (owner_->*member_)(argument);
+            } else {
+                return (owner_->*member_)(argument);
+            }
         }
         bool IsValid() override { return owner_ != nullptr; }
         void Cut() { owner_ = nullptr; }

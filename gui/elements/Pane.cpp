@@ -3,8 +3,11 @@
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
 #include "gui/elements/Attributes.h"
+#include "gui/elements/DialogHandler.h"
 #include "gui/elements/GUIDescriptionReader.h"
+#include "gui/elements/LayoutScope.h"
 #include "gui/elements/SelectionServiceInterface.h"
+#include "gui/elements/Topics.h"
 
 namespace GUI {
 
@@ -14,8 +17,6 @@ using Utilities::String;
 
 namespace {
 
-constexpr char const* inspectorTopic = "PropertyInspector";
-
 /// Null in a host or test that has no such service.
 SmartPointer<SelectionServiceInterface> FindSelectionService() {
     constexpr char const* name = "SelectionService";
@@ -23,30 +24,39 @@ SmartPointer<SelectionServiceInterface> FindSelectionService() {
     return Utilities::ResolveComponent<SelectionServiceInterface>(name);
 }
 
+DropHandlerBase* FindDropHandler(DialogDataSource* source, String const& element) {
+    auto* const observer = dynamic_cast<DialogObserver*>(source);
+    return observer ? observer->GetDropHandler(element) : nullptr;
+}
+
 } // namespace
 
 Pane::~Pane() {
-    onUpdate_.Release(GetDataSource(), GUIElement::GetElementName(), "OnUpdate");
-    try {
-        if (topics_.GetSize() != 0) {
-            auto const service = FindSelectionService();
-            for (auto topic = topics_.Begin(); !service.IsNull() && topic.IsValid(); ++topic)
-                if (service->GetSelection(topic.Current()) == this)
-                    service->SetSelection(topic.Current(), nullptr);
-        }
-    } catch (...) {
-        Diagnostics::DropException("Pane: giving up the selection");
-    }
-    // Children hang in the pane's window and go first; the window must not call a half-dead pane.
+    // For a pane that no smart pointer held; one that was released has let go already.
+    Pane::OnDetach();
     ReleaseChildren();
-    if (!control_.IsNull()) control_->SetPane(nullptr);
+}
+
+void Pane::OnDetach() {
+    if (!control_.IsNull()) {
+        control_->Show(false);
+        control_->SetPane(nullptr);
+    }
+    auto const topics = std::move(topics_);
+    topics_ = {};
+    if (topics.GetSize() != 0) {
+        auto const service = FindSelectionService();
+        for (auto topic = topics.Begin(); !service.IsNull() && topic.IsValid(); ++topic)
+            if (service->GetSelection(topic.Current()) == this)
+                service->SetSelection(topic.Current(), nullptr);
+    }
+    GUIElement::OnDetach();
 }
 
 void Pane::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                       DialogDataSource* dataSource) {
     GUIElement::Initialize(parent, description, dataSource);
     AttributeReader const attributes(description);
-    attributes.Text(CommonAttributes::paneName);
 
     SetWindowID(Utilities::ResolveComponent<PlatformIndependentWindowID>("PlatformIndependentWindowID"));
     control_ = Utilities::ResolveComponent<AdvancedControlImpl>("AdvancedControlImpl");
@@ -57,7 +67,7 @@ void Pane::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree
     if (attributes.HasColour(CommonAttributes::backgroundColor))
         SetBackgroundColor(attributes.Colour(CommonAttributes::backgroundColor));
     SetBackgroundBitmap(attributes.Text(CommonAttributes::backgroundBitmap));
-    if (description.HasChildren()) CreateChildren(*GetWindowID(), description, dataSource);
+    if (description.HasChildren()) CreateDescribedChildren(description);
 }
 
 void Pane::SetPosition(unsigned long x, unsigned long y) {
@@ -81,11 +91,21 @@ void Pane::LayOutFirstChild() {
     unsigned long width = 0;
     unsigned long height = 0;
     GetSize(width, height);
+    // Before the first layout there is nothing to share, and margins would make it less than nothing.
+    if (width == 0 || height == 0) return;
+    LayoutScope const layout;
     child->SetPosition(0, 0);
     child->SetSize(width, height);
 }
 
 long Pane::OnUpdate(Anything const& command) {
+    CallScope const call(*this);
+    long const result = ReadUpdate(command);
+    if (!HasNoRepaint(command)) Repaint();
+    return result;
+}
+
+long Pane::ReadUpdate(Anything const& command) {
     Anything const bitmap = GetValue(CommonAttributes::backgroundBitmap.key);
     if (bitmap.IsOfTypeString()) SetBackgroundBitmap(bitmap.GetString());
     return GUIElement::OnUpdate(command);
@@ -117,7 +137,10 @@ void Pane::SetGUIDescriptionTree(String const& fileName) {
 }
 
 void Pane::SetGUIDescriptionTree(DescriptionTree const& description, DialogDataSource* dataSource) {
+    CallScope const call(*this);
     ReleaseChildren();
+    // Who heard of the release may have released this pane too.
+    if (!IsAttached()) return;
     childDescription_ = description;
     CreateChildren(*GetWindowID(), childDescription_, dataSource);
     LayOutFirstChild();
@@ -126,17 +149,19 @@ void Pane::SetGUIDescriptionTree(DescriptionTree const& description, DialogDataS
 void Pane::SetBackgroundColor(RGBVector const& color) { backgroundColor_ = color; }
 void Pane::SetFrame(bool frame) { frame_ = frame; }
 String Pane::GetToolTipText(unsigned short /*x*/, unsigned short /*y*/) {
-    Anything const text = GetValue("ToolTipText");
+    Anything const text = GetValue(Values::toolTipText);
     return text.IsOfTypeString() ? text.GetString() : String();
 }
 long Pane::Select(Anything const& /*argument*/) {
-    OnSelectionChanged(inspectorTopic, true);
+    OnSelectionChanged(Topics::propertyInspector, true);
     return 0;
 }
 
 void Pane::OnSelectionChanged(String const& elementName, bool selected) {
+    CallScope const call(*this);
+    if (!IsAttached()) return;
     auto const service = FindSelectionService();
-    bool const isInspected = elementName == inspectorTopic;
+    bool const isInspected = elementName == Topics::propertyInspector;
     bool const changed = isInspected && selected_ != selected;
     if (isInspected) selected_ = selected;
     if (!service.IsNull()) {
@@ -145,6 +170,7 @@ void Pane::OnSelectionChanged(String const& elementName, bool selected) {
             // The one that loses the selection hears of it before the new holder is published.
             if (auto* const loser = dynamic_cast<Pane*>(holder); loser && loser != this)
                 loser->OnSelectionChanged(elementName, false);
+            if (!IsAttached()) return;
             auto known = topics_.Begin();
             while (known.IsValid() && !(known.Current() == elementName)) ++known;
             if (!known.IsValid()) topics_.Append(elementName);
@@ -184,18 +210,56 @@ void Pane::SetMouseCapture(bool capture) {
     if (!control_.IsNull()) control_->SetMouseCapture(capture);
 }
 
-bool Pane::HasNoRepaint(String const& message) { return message.FindSubstring("|NoRepaint", 0) > 0; }
-
-String Pane::GetCommand(String const& message) {
-    return HasNoRepaint(message) ? message.GetToken(0, '|') : message;
+void Pane::Show(bool visible) {
+    if (!control_.IsNull()) control_->Show(visible);
 }
 
-void Pane::RegisterOnUpdate() {
-    if (GetDataSource()) GetDataSource()->SetCallback(GetElementName(), "OnUpdate", onUpdate_.Get());
+void Pane::SetFocus() {
+    if (!control_.IsNull()) control_->SetFocus();
 }
 
-Anything Pane::GetValue(String const& key) {
-    return GetDataSource() ? GetDataSource()->GetValue(GetElementName(), key) : Anything();
+void Pane::UpdateDeviceContext() {
+    if (!control_.IsNull()) control_->UpdateDeviceContext();
+}
+
+DropEffect Pane::OnDragOver(DropDataObject const& data, KeyState keyState, long x, long y) {
+    CallScope const call(*this);
+    DropEffect effect = DropEffect::None;
+    if (DropHandlerBase* const handler = FindDropHandler(GetDataSource(), GetElementName()))
+        effect = handler->OnDragOver(data, keyState, x, y);
+    else if (auto* const dialog = dynamic_cast<DialogHandler*>(GetDataSource()))
+        effect = dialog->OnDragOver(*GetWindowID(), data, keyState, x, y);
+    if (!IsAttached()) return DropEffect::None;
+    SetDragMouseOver(effect == DropEffect::None ? noDrag : std::pair(x, y));
+    return effect;
+}
+
+void Pane::OnDragLeave() { SetDragMouseOver(noDrag); }
+
+bool Pane::OnDrop(DropDataObject const& data, DropEffect effect, long x, long y) {
+    CallScope const call(*this);
+    bool taken = false;
+    if (DropHandlerBase* const handler = FindDropHandler(GetDataSource(), GetElementName()))
+        taken = handler->OnDrop(data, effect, x, y);
+    else if (auto* const dialog = dynamic_cast<DialogHandler*>(GetDataSource()))
+        taken = dialog->OnDrop(*GetWindowID(), data, effect, x, y);
+    if (IsAttached()) SetDragMouseOver(noDrag);
+    return taken;
+}
+
+void Pane::SetDragMouseOver(std::pair<long, long> const& position) {
+    if (std::exchange(dragMouseOverPosition_, position) != position) Repaint();
+}
+
+bool Pane::HasNoRepaint(Anything const& command) {
+    return command.IsOfTypeString() && command.GetString().FindSubstring("|NoRepaint", 0) >= 0;
+}
+
+String Pane::GetCommand(Anything const& command) {
+    if (!command.IsOfTypeString()) return {};
+    String const& message = command.GetString();
+    long const suffix = message.FindSubstring("|NoRepaint", 0);
+    return suffix < 0 ? message : message.Mid(0, suffix);
 }
 
 } // namespace GUI

@@ -4,7 +4,6 @@
 #include "gui/elements/AdvancedControlImpl.h"
 #include "gui/elements/GUIElement.h"
 #include "gui/elements/KeyState.h"
-#include "gui/elements/OwnedCallback.h"
 #include "gui/elements/SelectableObject.h"
 #include "gui/elements/SupportsPropertyInspector.h"
 
@@ -15,11 +14,15 @@ namespace GUI {
 /// An element with its own window, which it paints whole: background, then frame, then the background
 /// picture, then what a derived class draws.
 ///
-/// Attributes beyond `GUIElement`'s: "ElementName" (mandatory here), "BackgroundColor" (the system's
+/// Attributes beyond `GUIElement`'s: "ElementName" (mandatory in a description that is read from a file; a
+/// pane that another element makes needs none), "BackgroundColor" (the system's
 /// dialog colour), "BackgroundBitmap" (none; name of an image of the image service, drawn at its own size
 /// from the top left corner), "Frame" (No), "Selectable" (No; whether Tab reaches it). Of the data source
-/// at each update: "BackgroundBitmap", an empty string for none; any other answer leaves it. Description
-/// children become elements inside the pane, the first of which fills it.
+/// at each update: "BackgroundBitmap", an empty string for none; any other answer leaves it. In the component
+/// "Pane" and in a `CustomControl` the description's children become elements inside the pane, the first of
+/// which fills it; classes that draw something of their own leave them alone.
+///
+/// An update repaints the pane unless "|NoRepaint" is in the command.
 ///
 /// A pane holds the selection of a topic while the component "SelectionService" says so; the pane that
 /// held it before is told and repaints. A pane that dies gives its selections up.
@@ -64,6 +67,12 @@ public:
     virtual bool OnMouseLeave();
     virtual void OnGetDeviceContext(PlatformIndependentDeviceContext& context);
     virtual bool IsDragable(std::pair<long, long> const& point);
+    /// Something is dragged over the pane. The data source's drop handler for the pane's name decides, or
+    /// without one the `DialogHandler` as a whole; a drag that is accepted shows in the pane.
+    virtual DropEffect OnDragOver(DropDataObject const& data, KeyState keyState, long x, long y);
+    virtual void OnDragLeave();
+    /// True if what was dropped was taken.
+    virtual bool OnDrop(DropDataObject const& data, DropEffect effect, long x, long y);
 
     /// What the data source gives under "PropertyContent".
     Utilities::Anything GetProperties() override;
@@ -71,8 +80,14 @@ public:
     /// Paints before it returns; see `AdvancedControlImpl::Repaint`.
     void Repaint();
     void SetMouseCapture(bool capture);
-    /// Whether a drag is over the pane, and where.
-    bool DrawDragMouseOver() const { return dragMouseOver_; }
+    /// Shows or hides the pane's window, with all that is in it.
+    void Show(bool visible);
+    /// Gives the pane the keyboard focus, which selects it for the property inspector.
+    void SetFocus();
+    /// Calls `OnGetDeviceContext` with a surface to measure text on.
+    void UpdateDeviceContext();
+    /// Whether a drag is over the pane, and where: (-1, -1) for none.
+    bool DrawDragMouseOver() const { return dragMouseOverPosition_ != noDrag; }
     std::pair<long, long> GetDragMouseOverPosition() const { return dragMouseOverPosition_; }
 
     RGBVector const& GetBackgroundColor() const { return backgroundColor_; }
@@ -86,22 +101,24 @@ public:
     bool IsSelected() const { return selected_; }
 
 protected:
-    /// Whether an update message carries the suffix "|NoRepaint" behind a command.
-    static bool HasNoRepaint(Utilities::String const& message);
-    /// The message without that suffix.
-    static Utilities::String GetCommand(Utilities::String const& message);
+    /// Whether an update message carries the suffix "|NoRepaint".
+    static bool HasNoRepaint(Utilities::Anything const& command);
+    /// The command in an update message, without that suffix; empty for one that is no text.
+    static Utilities::String GetCommand(Utilities::Anything const& command);
     /// Said by a class that paints less than the whole pane.
     void SetLeavesPixels(bool leaves) { leavesPixels_ = leaves; }
-    /// Registers `OnUpdate` with the data source under the pane's own name, for as long as the pane
-    /// lives.
-    void RegisterOnUpdate();
-    /// The data source's value under the pane's own name; invalid without a data source.
-    Utilities::Anything GetValue(Utilities::String const& key);
+    /// Whether the description's children become elements, and what does it with which data source.
+    virtual void CreateDescribedChildren(DescriptionTree const& /*description*/) {}
+    void OnDetach() override;
+    /// An update without the repaint at its end, for a class that decides itself whether it repaints.
+    long ReadUpdate(Utilities::Anything const& command);
 
 private:
-    void LayOutFirstChild();
+    static constexpr std::pair<long, long> noDrag{-1, -1};
 
-    OwnedCallback<Pane> onUpdate_{this, &Pane::OnUpdate};
+    void LayOutFirstChild();
+    void SetDragMouseOver(std::pair<long, long> const& position);
+
     Utilities::SmartPointer<AdvancedControlImpl> control_;
     DescriptionTree childDescription_;
     RGBVector backgroundColor_;
@@ -109,8 +126,7 @@ private:
     bool frame_ = false;
     bool leavesPixels_ = false;
     bool selected_ = false;
-    bool dragMouseOver_ = false;
-    std::pair<long, long> dragMouseOverPosition_;
+    std::pair<long, long> dragMouseOverPosition_ = noDrag;
     /// Topics whose selection may be this pane's.
     Utilities::List<Utilities::String> topics_;
 };

@@ -1,6 +1,7 @@
 #include "gui/layout/GUILayoutElementBox.h"
 
 #include "Diagnostics/Sink.h"
+#include "gui/elements/LayoutScope.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +12,8 @@ namespace GUI {
 using Utilities::Vector;
 
 /// The run of the outermost `SetSize` of a tree of boxes. Answers of children are kept within it alone:
-/// whatever may change between two passes, an element's own override included, is asked for anew.
-class GUILayoutElementBox::Pass {
+/// whatever may change between two passes, an element's own override included, is asked for again.
+class GUILayoutElementBox::Pass : private LayoutScope {
 public:
     Pass() {
         if (depth++ == 0) AdvanceLayoutRevision();

@@ -20,7 +20,7 @@ constexpr Attribute baseKey{"Base", AttributeType::Number, "0", "Counter of the 
 constexpr Attribute attributeList[] = {repetitionsKey, counterVariableKey, baseKey};
 
 Utilities::ComponentCreatorNormal<LoopBox> const creator({"LoopBox", "$Revision: 1.7 $", "GUI"});
-AttributeTable const table("LoopBox", "GUIElement", attributeList);
+AttributeTable const table("LoopBox", "GUIElement", attributeList, AttributeTable::Kind::Pattern);
 
 /// What the passes of one loop have in common.
 struct Loop {

@@ -4,7 +4,25 @@
 
 #include <QKeyEvent>
 
+#include <string_view>
+
 namespace GUI {
+
+namespace {
+
+/// The Latin letter at the place of a key, 0 for other keys. X11 and Wayland number a row's keys one after
+/// the other. Layouts of other scripts have their letters there, and hot keys are told by place on them.
+int LatinLetterAt(quint32 scanCode) {
+    struct Row {
+        quint32 first;
+        std::string_view letters;
+    };
+    for (auto const& [first, letters] : {Row{24, "QWERTYUIOP"}, Row{38, "ASDFGHJKL"}, Row{52, "ZXCVBNM"}})
+        if (scanCode >= first && scanCode - first < letters.size()) return letters[scanCode - first];
+    return 0;
+}
+
+} // namespace
 
 int KeyCodeOf(QKeyEvent const& event) {
     int const key = event.key();
@@ -14,6 +32,8 @@ int KeyCodeOf(QKeyEvent const& event) {
     constexpr quint32 firstDigit = 10;
     if (auto const place = event.nativeScanCode() - firstDigit; key < Qt::Key_Escape && place < 10)
         return place == 9 ? '0' : static_cast<int>('1' + place);
+    constexpr int lastLatin = 0xFF;
+    if (key > lastLatin && key < Qt::Key_Escape) return LatinLetterAt(event.nativeScanCode());
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return 112 + key - Qt::Key_F1;
     switch (key) {
     case Qt::Key_Backspace:

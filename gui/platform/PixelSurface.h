@@ -1,21 +1,12 @@
 #pragma once
 
+#include "gui/platform/PixelBox.h"
+
 #include <cstdint>
 #include <span>
 #include <vector>
 
 namespace GUI {
-
-/// A box of pixels with right and bottom outside.
-struct PixelBox {
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
-
-    bool IsEmpty() const { return left >= right || top >= bottom; }
-    bool Contains(int x, int y) const { return x >= left && x < right && y >= top && y < bottom; }
-};
 
 struct PixelPoint {
     int x = 0;

@@ -64,14 +64,6 @@ PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(QPainte
     SetBacking(backing);
 }
 
-PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(
-    QPaintDevice& surface, std::optional<DirectPixels> const& pixels)
-    : device_(&surface) {
-    if (!pixels) return;
-    part_ = SurfacePart{QPoint(0, 0), pixels->clip};
-    SetBacking({pixels->image, -pixels->origin});
-}
-
 PlatformIndependentDeviceContext_PC::PlatformIndependentDeviceContext_PC(QImage& image) : device_(&image) {
     SetBacking({&image, QPoint(0, 0)});
 }
@@ -112,7 +104,7 @@ void PlatformIndependentDeviceContext_PC::SetBacking(SurfaceBacking const& backi
 }
 
 void PlatformIndependentDeviceContext_PC::StartPainter() {
-    painterStarted_ = true;
+    painterStarted_ = drawn_ = true;
     if (painter_)
         painter_->save();
     else
@@ -164,6 +156,7 @@ QPainter& PlatformIndependentDeviceContext_PC::Painter(Space space) {
 }
 
 PixelSurface* PlatformIndependentDeviceContext_PC::Pixels() {
+    drawn_ = true;
     if (raster_) return &*raster_;
     if (!painterStarted_) StartPainter();
     if (!painterHasPixels_) return nullptr;

@@ -55,14 +55,6 @@ public:
     /// On an image every pixel is reachable.
     explicit PlatformIndependentDeviceContext_PC(QImage& image);
 
-    /// Pixels that may be written directly: the image, where the surface's origin lies in it, and the part
-    /// that may be drawn, in the surface's coordinates.
-    struct DirectPixels {
-        QImage* image;
-        QPoint origin;
-        QRect clip;
-    };
-    PlatformIndependentDeviceContext_PC(QPaintDevice& surface, std::optional<DirectPixels> const& pixels);
     ~PlatformIndependentDeviceContext_PC() override;
 
     RGBVector SetBackgroundColor(RGBVector const& color) override;
@@ -89,6 +81,8 @@ public:
     /// For `_PC` files that draw what has no operation of its own, in the part's coordinates and clip. What
     /// was begun is finished first. The painter may be left in any state.
     QPainter& GetPainter();
+    /// Whether anything was drawn, or the painter was asked for.
+    bool HasDrawn() const { return drawn_; }
 
 private:
     /// The coordinates that the painter is set to.
@@ -125,6 +119,7 @@ private:
     QPainter& PainterAt(short x, short y);
     QFont const& GetFont();
 
+    bool drawn_ = false;
     QPaintDevice* device_;
     std::optional<SurfacePart> part_;
     DeviceGrid grid_;

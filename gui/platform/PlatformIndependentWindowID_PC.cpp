@@ -22,12 +22,20 @@ PlatformIndependentWindowID_PC::operator=(PlatformIndependentWindowID const& oth
 
 void PlatformIndependentWindowID_PC::Set(Utilities::SmartPointer<PlatformIndependentWindowID> other) {
     PlatformIndependentWindowID::Set(other);
-    window_ = Utilities::SmartPointer<PlatformIndependentWindowID_PC>(other)->window_;
+    Utilities::SmartPointer<PlatformIndependentWindowID_PC> const bound(other);
+    window_ = bound->window_;
+    pane_ = bound->pane_;
 }
 
 void PlatformIndependentWindowID_PC::SetWindow(QWidget* window) {
     window_ = window;
+    pane_.reset();
     SetID(++lastID);
+}
+
+void PlatformIndependentWindowID_PC::SetWindow(QWidget* surface, std::shared_ptr<LightWindow> const& pane) {
+    SetWindow(surface);
+    pane_ = pane;
 }
 
 QWidget* PlatformIndependentWindowID_PC::WindowOf(PlatformIndependentWindowID const& identity) {

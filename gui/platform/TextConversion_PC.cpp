@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QStringDecoder>
+#include <QTextDocument>
 #include <algorithm>
 #include <array>
 
@@ -37,6 +38,11 @@ QString ToPlatformText(Utilities::String const& text) {
         rest.remove_prefix(length);
     }
     return result;
+}
+
+QString AsPlainToolTip(QString const& text) {
+    if (!Qt::mightBeRichText(text)) return text;
+    return "<p style='white-space:pre'>" + text.toHtmlEscaped().replace('\n', "<br>") + "</p>";
 }
 
 Utilities::String FromPlatformText(QString const& text) { return {text.toUtf8().toStdString()}; }

@@ -11,5 +11,8 @@ namespace GUI {
 QString ToPlatformText(Utilities::String const& text);
 /// Always UTF-8.
 Utilities::String FromPlatformText(QString const& text);
+/// A tool tip that shows its text as it is: texts come from files too, and what looks like markup in them
+/// could load pictures.
+QString AsPlainToolTip(QString const& text);
 
 } // namespace GUI

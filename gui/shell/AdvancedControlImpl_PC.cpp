@@ -3,6 +3,7 @@
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Attributes.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/Topics.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 
 #include <QApplication>
@@ -18,73 +19,62 @@ Utilities::ComponentCreatorNormal<AdvancedControlImpl_PC> creator({"AdvancedCont
 } // namespace
 
 AdvancedControlImpl_PC::~AdvancedControlImpl_PC() {
-    if (!control_) return;
-    control_->Detach();
-    if (control_->IsHandlingEvent()) {
-        // The platform still needs the window, for example after it has told of the focus.
-        control_->hide();
-        control_->deleteLater();
-    } else {
-        delete control_;
-    }
+    if (control_) control_->Detach();
 }
 
 void AdvancedControlImpl_PC::Initialize(PlatformIndependentWindowID const& parent,
                                         DescriptionTree const& description) {
+    auto const* const identity = dynamic_cast<PlatformIndependentWindowID_PC const*>(&parent);
+    QWidget* const window = identity ? identity->GetWindow() : nullptr;
+    if (!window) return;
+    CNorvelianSurface& surface = CNorvelianSurface::Of(*window);
+    auto const outer = identity->GetLightWindow();
     bool const tabStop = AttributeReader(description).Flag(CommonAttributes::selectable);
-    auto control = std::make_unique<CNorvelianAdvancedControl>(
-        *this, PlatformIndependentWindowID_PC::WindowOf(parent), tabStop);
-    control_ = control.release();
-    if (GetPane()) {
-        Utilities::SmartPointer<PlatformIndependentWindowID_PC> const identity(GetPane()->GetWindowID());
-        if (!identity.IsNull()) identity->SetWindow(control_);
-    }
-    // A child appears together with its parent; one that comes later has to be told.
-    if (QWidget const* const parentWindow = control_->parentWidget();
-        parentWindow && parentWindow->isVisible())
-        control_->show();
+    control_ = std::make_shared<CNorvelianAdvancedControl>(
+        *this, surface, outer ? *outer : surface.GetTree().GetRoot(), tabStop);
+    if (!GetPane()) return;
+    Utilities::SmartPointer<PlatformIndependentWindowID_PC> const own(GetPane()->GetWindowID());
+    if (!own.IsNull()) own->SetWindow(&surface, control_->GetSharedWindow());
 }
 
 void AdvancedControlImpl_PC::SetSize(long width, long height) {
-    if (control_) control_->resize(static_cast<int>(width), static_cast<int>(height));
+    if (!control_) return;
+    control_->GetWindow().SetSize(static_cast<int>(width), static_cast<int>(height));
+    control_->Moved();
 }
 
 void AdvancedControlImpl_PC::SetPosition(long x, long y) {
-    if (control_) control_->move(static_cast<int>(x), static_cast<int>(y));
+    if (!control_) return;
+    control_->GetWindow().SetPosition(static_cast<int>(x), static_cast<int>(y));
+    control_->Moved();
 }
 
 void AdvancedControlImpl_PC::Repaint() {
-    if (control_) control_->RepaintNow();
+    if (auto const control = control_) control->RepaintNow();
 }
 
 void AdvancedControlImpl_PC::SetFocus() {
-    if (QPointer<CNorvelianAdvancedControl> const control = control_) {
-        control->setFocus(Qt::MouseFocusReason);
-        // Who hears of the focus may have let the pane go.
-        if (!control) return;
-    }
-    OnSelectionChanged("PropertyInspector", true);
-}
-
-void AdvancedControlImpl_PC::SetID(unsigned short id) {
-    if (control_) control_->setObjectName(QString::number(id));
+    if (!GetPane()) return;
+    // Who hears of the focus may let the pane go.
+    CallScope const call(*GetPane());
+    if (auto const control = control_) control->SetFocus();
+    OnSelectionChanged(Topics::propertyInspector, true);
 }
 
 void AdvancedControlImpl_PC::UpdateDeviceContext() {
-    if (control_) control_->UpdateDeviceContext();
+    if (auto const control = control_) control->UpdateDeviceContext();
 }
 
 void AdvancedControlImpl_PC::SetMouseCapture(bool capture) {
-    if (!control_) return;
-    if (capture)
-        control_->grabMouse();
-    else
-        control_->releaseMouse();
+    if (auto const control = control_) control->SetMouseCapture(capture);
 }
 
 void AdvancedControlImpl_PC::SetPane(Pane* pane) {
     AdvancedControlImpl::SetPane(pane);
-    if (!pane) return;
+    if (!pane) {
+        if (control_) control_->Detach();
+        return;
+    }
     QColor const face = QApplication::palette().color(QPalette::Window);
     pane->SetBackgroundColor(RGBVector(static_cast<unsigned char>(face.red()),
                                        static_cast<unsigned char>(face.green()),
@@ -92,7 +82,7 @@ void AdvancedControlImpl_PC::SetPane(Pane* pane) {
 }
 
 void AdvancedControlImpl_PC::Show(bool visible) {
-    if (control_) control_->setVisible(visible);
+    if (auto const control = control_) control->Show(visible);
 }
 
 } // namespace GUI

@@ -3,7 +3,6 @@
 #include "gui/elements/AdvancedControlImpl.h"
 #include "gui/shell/CNorvelianAdvancedControl.h"
 
-#include <QPointer>
 #include <memory>
 
 namespace GUI {
@@ -21,15 +20,16 @@ public:
     void SetPosition(long x, long y) override;
     void Repaint() override;
     void SetFocus() override;
-    void SetID(unsigned short id) override;
+    /// Only a window of the platform has a number to give.
+    void SetID(unsigned short /*id*/) override {}
     void UpdateDeviceContext() override;
     void SetMouseCapture(bool capture) override;
     void SetPane(Pane* pane) override;
     void Show(bool visible) override;
 
 private:
-    /// The parent window may die first and take this one along.
-    QPointer<CNorvelianAdvancedControl> control_;
+    /// Null for a pane without a parent window, which nobody can see.
+    std::shared_ptr<CNorvelianAdvancedControl> control_;
 };
 
 } // namespace GUI

@@ -13,6 +13,7 @@
 #include "gui/shell/EventGuard_PC.h"
 #include "gui/shell/HelpFile.h"
 #include "gui/shell/MessageService_PC.h"
+#include "gui/shell/PaintScope_PC.h"
 #include "gui/shell/ShellCommand.h"
 #include "gui/shell/ShellCommandListener_PC.h"
 
@@ -23,7 +24,9 @@
 #include <QThread>
 #include <QTimer>
 #include <QToolTip>
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <filesystem>
 
 namespace GUI {
@@ -136,6 +139,7 @@ bool ApplicationImplementation_PC::eventFilter(QObject* receiver, QEvent* event)
     // Keys come to the window first and then travel from widget to widget: they count once.
     bool const isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
     if (isKey && receiver->isWindowType()) {
+        EventScope const scope(QThread::currentThread()->loopLevel());
         auto const& key = *static_cast<QKeyEvent const*>(event);
         if (event->type() == QEvent::KeyPress) {
             long const command = accelerators_.FindCommand(KeyCodeOf(key), ModifiersOf(key));
@@ -152,10 +156,15 @@ bool ApplicationImplementation_PC::eventFilter(QObject* receiver, QEvent* event)
     }
     if (auto* const service = dynamic_cast<MessageService_PC*>(messageService_.Get());
         service && receiver == qApp && service->IsWakeUp(event)) {
-        RunGuarded([service] {
-            service->DeliverPosted();
-            return true;
+        bool const outer = std::exchange(delivering_, true);
+        RunEvent([service] {
+            RunGuarded([service] {
+                service->DeliverPosted();
+                return true;
+            });
         });
+        delivering_ = outer;
+        if (!delivering_ && !messages_.empty()) QTimer::singleShot(0, this, [this] { ShowQueuedMessages(); });
         return true;
     }
     if (event->type() == QEvent::ApplicationActivate || event->type() == QEvent::ApplicationDeactivate)
@@ -217,12 +226,39 @@ void ApplicationImplementation_PC::Quit(int exitCode) {
     if (QThread::currentThread()->loopLevel() != 0) QApplication::exit(exitCode);
 }
 
-void ApplicationImplementation_PC::ShowMessage(String const& title, String const& text) {
+bool ApplicationImplementation_PC::MustWaitWithMessages() const {
+    return delivering_ || showingMessages_ || PaintScope::IsPainting();
+}
+
+void ApplicationImplementation_PC::ShowMessage(String const& /*title*/, String const& text) {
     if (IsOffscreen()) return;
-    QMessageBox box(QMessageBox::Warning, ToPlatformText(title), ToPlatformText(text), QMessageBox::Ok,
+    QString const shown = ToPlatformText(text);
+    if (std::find(messages_.begin(), messages_.end(), shown) == messages_.end()) messages_.push_back(shown);
+    if (MustWaitWithMessages())
+        QTimer::singleShot(0, this, [this] { ShowQueuedMessages(); });
+    else
+        ShowQueuedMessages();
+}
+
+void ApplicationImplementation_PC::ShowQueuedMessages() {
+    if (MustWaitWithMessages() || messages_.empty()) return;
+    constexpr std::size_t most = 10;
+    QString text;
+    for (std::size_t i = 0; i < std::min(messages_.size(), most); ++i)
+        text += (i == 0 ? "" : "\n") + messages_[i];
+    if (messages_.size() > most) text += "\n\u2026";
+    showingMessages_ = true;
+    QMessageBox box(QMessageBox::Warning, QApplication::applicationDisplayName(), text, QMessageBox::Ok,
                     QApplication::activeWindow());
+    // What comes from files is shown as it is, and never as markup.
+    box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    std::size_t const told = messages_.size();
     box.exec();
+    showingMessages_ = false;
+    // What went wrong while this was read comes next, in one message again.
+    messages_.erase(messages_.begin(), messages_.begin() + static_cast<std::ptrdiff_t>(told));
+    if (!messages_.empty()) QTimer::singleShot(0, this, [this] { ShowQueuedMessages(); });
 }
 
 bool ApplicationImplementation_PC::IsOffscreen() const {
@@ -240,7 +276,7 @@ bool ApplicationImplementation_PC::SaveWindowPicture(GUIElement& window, String 
     // The format is the one of the name. A picture that can't be written whole leaves no part of it behind.
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    std::string const path = fileName.GetStdString();
+    std::string const& path = fileName.GetStdString();
     std::string const extension = std::filesystem::path(path).extension().string();
     if (extension.empty() || !widget->grab().save(&buffer, extension.c_str() + 1)) return false;
     try {

@@ -5,8 +5,10 @@
 #include "gui/shell/Accelerators.h"
 
 #include <QObject>
+#include <QString>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QApplication;
 
@@ -48,6 +50,10 @@ public:
     long OnShellCommand(Utilities::String const& text);
 
 private:
+    /// Whether a nested event loop would run inside a paint, or inside the delivery of a message, or beside a
+    /// message that is being shown.
+    bool MustWaitWithMessages() const;
+    void ShowQueuedMessages();
     bool eventFilter(QObject* receiver, QEvent* event) override;
     bool ExecuteAccelerator(long command);
     void OpenArguments();
@@ -57,6 +63,10 @@ private:
     AcceleratorTable accelerators_;
     bool waitCursor_ = false;
     bool dragCursor_ = false;
+    bool delivering_ = false;
+    bool showingMessages_ = false;
+    /// What is to be told once that can be done, each text once.
+    std::vector<QString> messages_;
     /// Whether the main loop runs.
     bool running_ = false;
     /// What was asked to end before there was a main loop to end.

@@ -1,62 +1,74 @@
 #pragma once
 
-#include <QBasicTimer>
+#include "gui/elements/KeyState.h"
+#include "gui/platform/LightWindow.h"
+#include "gui/shell/CNorvelianSurface.h"
+
 #include <QPoint>
 #include <QPointer>
-#include <QWidget>
+#include <memory>
 
 namespace GUI {
 
 class AdvancedControlImpl;
+class DropDataObject;
 
-/// The window of a pane: paints all its pixels, and passes paint, mouse, focus and tool tip events on
-/// to the pane. An exception from the pane is dropped here and the event counts as not handled. Whatever
-/// the pane is told may make it vanish, and this window with it.
-class CNorvelianAdvancedControl : public QWidget {
+/// The window of a pane: a light window on the surface of its top-level window. It passes on what the
+/// surface tells it. An exception from the pane is dropped here and the event counts as not handled.
+/// Whatever the pane is told may make it vanish, and this window with it: who calls holds a shared pointer.
+class CNorvelianAdvancedControl : public LightWindowOwner,
+                                  public std::enable_shared_from_this<CNorvelianAdvancedControl> {
 public:
-    CNorvelianAdvancedControl(AdvancedControlImpl& impl, QWidget* parent, bool tabStop);
+    CNorvelianAdvancedControl(AdvancedControlImpl& impl, CNorvelianSurface& surface, LightWindow& parent,
+                              bool tabStop);
     ~CNorvelianAdvancedControl() override;
+    CNorvelianAdvancedControl(CNorvelianAdvancedControl const&) = delete;
+    CNorvelianAdvancedControl& operator=(CNorvelianAdvancedControl const&) = delete;
 
-    /// Paints before it returns; while the top-level window is being painted, the repaint becomes part of
-    /// that paint or of the next one. Painting a window inside its own paint recurses until the stack is
-    /// gone.
+    /// The impl is going away: leaves the surface at once.
+    void Detach();
+    bool IsAttached() const { return impl_ != nullptr; }
+    LightWindow& GetWindow() const { return *window_; }
+    std::shared_ptr<LightWindow> const& GetSharedWindow() const { return window_; }
+    CNorvelianSurface* GetSurface() const { return surface_; }
+
     void RepaintNow();
-    /// The impl is going away.
-    void Detach() { impl_ = nullptr; }
-    bool IsHandlingEvent() const { return eventDepth_ != 0; }
+    /// Its place has changed: what is on the screen follows at the next turn of the event loop, and native
+    /// controls in it too.
+    void Moved();
+    void Show(bool visible);
+    void SetFocus();
+    void SetMouseCapture(bool capture);
     void UpdateDeviceContext();
+    /// A place of the surface in the pane's coordinates.
+    QPoint FromSurface(QPoint const& place) const;
 
-protected:
-    bool event(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void leaveEvent(QEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
+    /// @name What the surface tells
+    /// @{
+    void OnPaint(PlatformIndependentDeviceContext& context);
+    bool LeavesPixels() const;
+    bool OnMouseMove(QPoint const& place);
+    bool IsDragable(QPoint const& place);
+    bool OnLeftButtonDown(bool controlKey, QPoint const& place);
+    bool OnLeftButtonUp(QPoint const& place);
+    bool OnMouseLeave();
+    void OnFocus(bool focused);
+    /// A key that clicks a pane in its middle.
+    void OnClickKey(bool controlKey);
+    QString GetToolTipText(QPoint const& place);
+    DropEffect OnDragOver(DropDataObject const& data, bool controlKey, QPoint const& place);
+    void OnDragLeave();
+    bool OnDrop(DropDataObject const& data, DropEffect effect, QPoint const& place);
+    /// @}
 
 private:
-    using Self = QPointer<CNorvelianAdvancedControl>;
-    /// Whether a window is still there, and has its pane.
-    static bool IsAttached(Self const& self) { return self && self->impl_; }
-
-    void ShowToolTip();
-    void DrawFocusMark();
-    void ShowDragCursor(bool dragable);
-    /// Runs a handler; false if it threw.
-    template <class Handler> bool Guarded(char const* where, Handler handler);
+    /// Runs a handler; its default answer if it threw or the pane is gone.
+    template <class Handler> auto Guarded(char const* where, Handler handler) -> decltype(handler());
 
     AdvancedControlImpl* impl_;
-    int eventDepth_ = 0;
+    QPointer<CNorvelianSurface> surface_;
+    std::shared_ptr<LightWindow> window_;
     bool painting_ = false;
-    bool focusByKey_ = false;
-    bool dragCursor_ = false;
-    QBasicTimer toolTipTimer_;
-    QPoint toolTipPosition_;
 };
 
 } // namespace GUI

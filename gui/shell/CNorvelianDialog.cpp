@@ -1,24 +1,38 @@
 #include "gui/shell/CNorvelianDialog.h"
 
-#include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/shell/Dialog_PC.h"
 #include "gui/shell/EventGuard_PC.h"
-#include "gui/shell/PaintScope_PC.h"
 #include "gui/shell/TopLevel_PC.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <optional>
+#include <utility>
 
 namespace GUI {
 
 CNorvelianDialog::CNorvelianDialog(Dialog_PC& element, QWidget* parent, Qt::WindowFlags flags)
     : QDialog(parent, flags), element_(&element) {}
 
-void CNorvelianDialog::RepaintNow() {
-    if (PaintScope::IsPainting(*this))
-        update();
-    else
-        repaint();
+bool CNorvelianDialog::event(QEvent* event) {
+    bool handled = false;
+    RunEvent([&] {
+        // Whatever the element is told may release it.
+        std::optional<CallScope> call;
+        if (element_) call.emplace(*element_);
+        handled = QDialog::event(event);
+    });
+    return handled;
+}
+
+void CNorvelianDialog::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    // Before the first paint and outside of it: what is selected may open a dialog of its own.
+    if (!std::exchange(firstShow_, false)) return;
+    RunGuarded([this] {
+        if (element_ && element_->GetDataSource()) element_->GetDataSource()->SetDefaultSelection();
+        return true;
+    });
 }
 
 void CNorvelianDialog::reject() {
@@ -60,27 +74,8 @@ void CNorvelianDialog::closeEvent(QCloseEvent* event) {
     });
 }
 
-void CNorvelianDialog::paintEvent(QPaintEvent* event) {
-    PaintScope const scope(*this);
-    if (std::exchange(firstPaint_, false))
-        RunGuarded([this] {
-            if (element_ && element_->GetDataSource()) element_->GetDataSource()->SetDefaultSelection();
-            return true;
-        });
-    QDialog::paintEvent(event);
-    RunGuarded([this] {
-        if (!element_) return true;
-        {
-            PlatformIndependentDeviceContext_PC context(*this);
-            element_->PaintBackground(context);
-        }
-        TopLevel::PaintDecorators(*this, *element_);
-        return true;
-    });
-}
-
 void CNorvelianDialog::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1)
+    if (event->key() == Qt::Key_F1 && element_)
         RunGuarded([event] {
             TopLevel::ShowHelp(event->modifiers().testFlag(Qt::ShiftModifier));
             return true;

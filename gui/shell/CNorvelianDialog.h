@@ -13,21 +13,20 @@ public:
     CNorvelianDialog(Dialog_PC& element, QWidget* parent, Qt::WindowFlags flags);
 
     void Detach() { element_ = nullptr; }
-    /// Paints before it returns, unless the window is being painted.
-    void RepaintNow();
     void accept() override {}
     void reject() override;
 
 protected:
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     Dialog_PC* element_;
-    bool firstPaint_ = true;
+    bool firstShow_ = true;
 };
 
 } // namespace GUI

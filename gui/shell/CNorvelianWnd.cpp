@@ -1,13 +1,13 @@
 #include "gui/shell/CNorvelianWnd.h"
 
 #include "gui/shell/EventGuard_PC.h"
-#include "gui/shell/PaintScope_PC.h"
 #include "gui/shell/TopLevel_PC.h"
 #include "gui/shell/Window_PC.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QTimerEvent>
+#include <optional>
 
 namespace GUI {
 
@@ -19,6 +19,17 @@ constexpr int restMilliseconds = 250;
 
 CNorvelianWnd::CNorvelianWnd(Window_PC& element, QWidget* parent, Qt::WindowFlags flags)
     : QWidget(parent, flags), element_(&element) {}
+
+bool CNorvelianWnd::event(QEvent* event) {
+    bool handled = false;
+    RunEvent([&] {
+        // Whatever the element is told may release it.
+        std::optional<CallScope> call;
+        if (element_) call.emplace(*element_);
+        handled = QWidget::event(event);
+    });
+    return handled;
+}
 
 void CNorvelianWnd::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
@@ -50,7 +61,7 @@ void CNorvelianWnd::hideEvent(QHideEvent* event) {
 void CNorvelianWnd::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     RunGuarded([this] {
-        if (element_) element_->OnResized(width(), height());
+        if (element_) element_->OnResized();
         return true;
     });
 }
@@ -70,17 +81,8 @@ void CNorvelianWnd::closeEvent(QCloseEvent* event) {
     event->setAccepted(accepted);
 }
 
-void CNorvelianWnd::paintEvent(QPaintEvent* event) {
-    QWidget::paintEvent(event);
-    PaintScope const scope(*this);
-    RunGuarded([this] {
-        if (element_) TopLevel::PaintDecorators(*this, *element_);
-        return true;
-    });
-}
-
 void CNorvelianWnd::keyPressEvent(QKeyEvent* event) {
-    if (event->key() != Qt::Key_F1) {
+    if (event->key() != Qt::Key_F1 || !element_) {
         QWidget::keyPressEvent(event);
         return;
     }

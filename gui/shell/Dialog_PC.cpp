@@ -1,19 +1,17 @@
 #include "gui/shell/Dialog_PC.h"
 
-#include "Utilities/LanguageServiceInterface.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
 #include "gui/elements/DialogObserver.h"
+#include "gui/elements/LayoutScope.h"
+#include "gui/elements/Topics.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
-#include "gui/platform/TextConversion_PC.h"
-#include "gui/shell/TopLevel_PC.h"
 
 #include <QPalette>
 
 namespace GUI {
 
 using Utilities::Anything;
-using Utilities::String;
 
 namespace {
 
@@ -46,41 +44,44 @@ Qt::WindowFlags FlagsFor(AttributeReader const& reader, bool modeless) {
 } // namespace
 
 Dialog_PC::~Dialog_PC() {
-    onClose_.Release(GetDataSource(), GUIElement::GetElementName(), "OnClose");
-    ReleaseContents();
+    // For a dialog that no smart pointer held; one that was released has let go already.
+    Dialog_PC::OnDetach();
+    ReleaseChildren();
+}
+
+void Dialog_PC::OnDetach() {
+    onClose_.Release(GetDataSource(), GUIElement::GetElementName(), Events::close);
+    ForgetRootElement();
     Application::Instance().RemoveDialogFromList(*this);
     if (GetDataSource() && GetDataSource()->GetDialogRootElement() == this)
         GetDataSource()->SetDialogRootElement(nullptr);
-    if (!window_) return;
-    window_->hide();
-    window_->Detach();
-    delete window_.data();
+    if (CNorvelianDialog* const dialog = GetDialog()) {
+        dialog->hide();
+        dialog->Detach();
+    }
+    top_.Release();
+    GUIElement::OnDetach();
 }
 
 void Dialog_PC::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                            DialogDataSource* dataSource, bool modeless) {
+    CallScope const call(*this);
     GUIElement::Initialize(parent, description, dataSource);
     description_ = description;
     modeless_ = modeless;
     AttributeReader const reader(description_);
-    auto window = std::make_unique<CNorvelianDialog>(*this, PlatformIndependentWindowID_PC::WindowOf(parent),
-                                                     FlagsFor(reader, modeless));
-    window_ = window.release();
-    Utilities::SmartPointer<PlatformIndependentWindowID_PC> const identity(
-        Utilities::ResolveComponent<PlatformIndependentWindowID>("PlatformIndependentWindowID"));
-    if (identity.IsNull())
-        throw Norvelian::Utilities::Exceptions::RuntimeException("Dialog: Couldn't init Dialog");
-    identity->SetWindow(window_);
-    SetWindowID(identity);
-    window_->setObjectName(ToPlatformText(GetElementName()));
-    window_->setModal(!modeless);
+    SetWindowID(
+        top_.Take(std::make_unique<CNorvelianDialog>(*this, PlatformIndependentWindowID_PC::WindowOf(parent),
+                                                     FlagsFor(reader, modeless)),
+                  "Dialog: Couldn't init Dialog"));
+    GetDialog()->setModal(!modeless);
     closeable_ = reader.FlagUnlessNo(WindowKeys::closeable);
     x_ = reader.Long(WindowKeys::dialogX);
     y_ = reader.Long(WindowKeys::dialogY);
     width_ = reader.Unsigned(WindowKeys::width);
     height_ = reader.Unsigned(WindowKeys::height);
     ReadAttributes();
-    if (dataSource) dataSource->SetCallback(GetElementName(), "OnClose", onClose_.Get());
+    if (dataSource) dataSource->SetCallback(GetElementName(), Events::close, onClose_.Get());
     if (modeless) OnInitDialog();
 }
 
@@ -89,40 +90,43 @@ void Dialog_PC::ReadAttributes() {
     ShowCaption();
     fixedSize_ = !reader.Flag(WindowKeys::dialogResizeable);
     escKeyElementName_ = reader.Text(WindowKeys::escKeyElementName);
-    backgroundBitmap_ = reader.Text(WindowKeys::backgroundBitmap);
+    top_.SetBackgroundBitmap(reader.Text(WindowKeys::backgroundBitmap));
     if (reader.HasColour(WindowKeys::backgroundColor)) {
         RGBVector const color = reader.Colour(WindowKeys::backgroundColor);
-        QPalette palette = window_->palette();
+        QPalette palette = GetDialog()->palette();
         palette.setColor(QPalette::Window, QColor(color.GetRed(), color.GetGreen(), color.GetBlue()));
-        window_->setPalette(palette);
+        GetDialog()->setPalette(palette);
     }
 }
 
 void Dialog_PC::ShowCaption() {
-    String const caption = AttributeReader(description_).Text(WindowKeys::dialogCaption);
-    window_->setWindowTitle(ToPlatformText(Utilities::LanguageServiceInterface::GetTranslation(caption)));
+    top_.SetTitle(AttributeReader(description_).Text(WindowKeys::dialogCaption));
 }
 
 void Dialog_PC::OnLanguageChanged() {
+    CallScope const call(*this);
     GUIElement::OnLanguageChanged();
-    if (window_) ShowCaption();
+    if (IsAttached()) ShowCaption();
 }
 
 void Dialog_PC::OnInitDialog() {
+    CallScope const call(*this);
+    if (!GetDialog()) return;
     // A dialog without a parent is a main window; one with a parent counts while it is modal.
-    bool const hasParent = window_->parentWidget() != nullptr;
+    bool const hasParent = GetDialog()->parentWidget() != nullptr;
     if (!hasParent || !modeless_)
         Application::Instance().SetDialogToList(*this);
     else
         Application::Instance().EnterWindow(*this);
     CreateContents();
     if (auto* const observer = dynamic_cast<DialogObserver*>(GetDataSource())) observer->Initialize();
+    if (!GetDialog()) return;
     LayOutContents();
     QPoint corner(static_cast<int>(x_), static_cast<int>(y_));
-    if (hasParent) corner = window_->parentWidget()->mapToGlobal(corner);
+    if (hasParent) corner = GetDialog()->parentWidget()->mapToGlobal(corner);
     SetPosition(static_cast<unsigned long>(corner.x()), static_cast<unsigned long>(corner.y()));
     // A modal dialog is shown by its own event loop.
-    if (modeless_) window_->show();
+    if (modeless_ && GetDialog()) GetDialog()->show();
 }
 
 void Dialog_PC::CreateContents() {
@@ -130,7 +134,7 @@ void Dialog_PC::CreateContents() {
     // Elements may add nodes to the tree that they are made from, and a dialog may be shown again.
     DescriptionTree const contents = description_;
     CreateChildren(*GetWindowID(), contents, GetDataSource());
-    if (!GetDataSource()) return;
+    if (!IsAttached() || !GetDataSource()) return;
     GetDataSource()->SetDialogRootElement(this);
     auto* const observer = dynamic_cast<DialogObserver*>(GetDataSource());
     if (!observer || !GetFirstChild()) return;
@@ -138,13 +142,16 @@ void Dialog_PC::CreateContents() {
     observer->SetRootElement(root);
 }
 
-void Dialog_PC::ReleaseContents() {
+void Dialog_PC::ForgetRootElement() {
     auto* const observer = GetFirstChild() ? dynamic_cast<DialogObserver*>(GetDataSource()) : nullptr;
-    if (observer && observer->GetRootElement().Get() == GetFirstChild()) {
-        // The root hangs in this dialog's window and must not outlive it.
-        Utilities::SmartPointer<GUIElement> none;
-        observer->SetRootElement(none);
-    }
+    if (!observer || observer->GetRootElement().Get() != GetFirstChild()) return;
+    // The root lives in this dialog's window and must not outlive it.
+    Utilities::SmartPointer<GUIElement> none;
+    observer->SetRootElement(none);
+}
+
+void Dialog_PC::ReleaseContents() {
+    ForgetRootElement();
     ReleaseChildren();
 }
 
@@ -154,12 +161,14 @@ void Dialog_PC::LayOutContents() {
 }
 
 long Dialog_PC::RunModal() {
+    // Whatever happens while it is shown, this call is in the dialog.
+    CallScope const call(*this);
     OnInitDialog();
-    return window_ ? window_->exec() : 0;
+    return GetDialog() ? GetDialog()->exec() : 0;
 }
 
 void Dialog_PC::Close(long result) {
-    if (window_) window_->done(static_cast<int>(result));
+    if (GetDialog()) GetDialog()->done(static_cast<int>(result));
 }
 
 long Dialog_PC::OnClose(Anything const& /*argument*/) {
@@ -168,39 +177,42 @@ long Dialog_PC::OnClose(Anything const& /*argument*/) {
 }
 
 void Dialog_PC::SetGUIDescriptionTree(DescriptionTree const& description) {
-    if (!window_) return;
+    CallScope const call(*this);
+    if (!GetDialog()) return;
     ReleaseContents();
+    if (!IsAttached()) return;
     description_ = description;
     GUIElement::Initialize(*GetParentWindowID(), description_, GetDataSource());
     ReadAttributes();
     CreateContents();
+    if (!GetDialog()) return;
     LayOutContents();
-    window_->RepaintNow();
+    top_.GetSurface()->RepaintNow({0, 0, top_.GetSurface()->width(), top_.GetSurface()->height()});
 }
 
 void Dialog_PC::SetPosition(unsigned long x, unsigned long y) {
     GUIElement::SetPosition(x, y);
-    if (window_) window_->move(static_cast<int>(x), static_cast<int>(y));
+    if (GetDialog()) GetDialog()->move(static_cast<int>(x), static_cast<int>(y));
 }
 
 void Dialog_PC::SetSize(unsigned long width, unsigned long height) {
     GUIElement::SetSize(width, height);
     QSize const size(static_cast<int>(width), static_cast<int>(height));
-    if (window_ && window_->size() != size) {
-        window_->setMinimumSize(0, 0);
-        window_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-        window_->resize(size);
-        if (fixedSize_) window_->setFixedSize(size);
+    if (QWidget* const window = GetDialog(); window && top_.GetClientSize() != size) {
+        // A size given by the program wins over the limits of the user's resizing, which stay otherwise.
+        QSize const smallest = window->minimumSize();
+        QSize const largest = window->maximumSize();
+        window->setMinimumSize(0, 0);
+        window->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        top_.Resize(size);
+        if (fixedSize_) {
+            top_.SetFixedSize(size);
+        } else {
+            window->setMinimumSize(smallest.boundedTo(window->size()));
+            window->setMaximumSize(largest.expandedTo(window->size()));
+        }
     }
-    LayOut();
-}
-
-void Dialog_PC::LayOut() {
-    GUIElement* const child = GetFirstChild();
-    if (!child || !window_) return;
-    child->SetPosition(0, 0);
-    child->SetSize(static_cast<unsigned long>(window_->width()),
-                   static_cast<unsigned long>(window_->height()));
+    top_.LayOut();
 }
 
 void Dialog_PC::OnMoved(int x, int y) {
@@ -208,10 +220,10 @@ void Dialog_PC::OnMoved(int x, int y) {
 }
 
 void Dialog_PC::OnResized() {
-    if (!window_) return;
-    GUIElement::SetSize(static_cast<unsigned long>(window_->width()),
-                        static_cast<unsigned long>(window_->height()));
-    LayOut();
+    QSize const size = top_.GetClientSize();
+    if (!size.isValid()) return;
+    GUIElement::SetSize(static_cast<unsigned long>(size.width()), static_cast<unsigned long>(size.height()));
+    top_.LayOut();
 }
 
 void Dialog_PC::GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
@@ -224,11 +236,12 @@ void Dialog_PC::GetSizeInformation(unsigned long& minimalWidth, unsigned long& m
 
 void Dialog_PC::RecalculateSize() {
     GUIElement::RecalculateSize();
-    if (!window_) return;
+    if (!GetDialog()) return;
+    if (LayoutScope::IsRunning()) return LayoutScope::AskAgain(*this);
     SizeRange range;
     GetSizeInformation(range.minimalWidth, range.maximalWidth, range.minimalHeight, range.maximalHeight);
-    TopLevel::ApplyLimits(*window_, range, !fixedSize_);
-    LayOut();
+    top_.ApplyLimits(range, !fixedSize_);
+    top_.LayOut();
 }
 
 void Dialog_PC::SetResizeable(bool resizeable) {
@@ -241,17 +254,12 @@ void Dialog_PC::OnPaintWindowDecorators(PlatformIndependentDeviceContext& contex
     if (GUIElement const* const child = GetFirstChild()) child->OnPaintWindowDecorators(context, *this);
 }
 
-void Dialog_PC::PaintBackground(PlatformIndependentDeviceContext& context) const {
-    if (backgroundBitmap_.Length() != 0) context.DrawImage(0, 0, backgroundBitmap_);
-}
-
 void Dialog_PC::OnEscape() {
     if (escKeyElementName_.Length() == 0 || !GetDataSource()) return;
-    GetDataSource()->GetCallback(escKeyElementName_, "OnClick").Execute(escKeyElementName_);
+    CallScope const call(*this);
+    GetDataSource()->GetCallback(escKeyElementName_, Events::click).Execute(escKeyElementName_);
 }
 
-void Dialog_PC::OnCloseRequest() {
-    if (GetDataSource()) GetDataSource()->GetCallback(GetElementName(), "OnClose").Execute({});
-}
+void Dialog_PC::OnCloseRequest() { Fire(Events::close, {}); }
 
 } // namespace GUI

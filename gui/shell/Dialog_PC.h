@@ -3,8 +3,7 @@
 #include "gui/elements/OwnedCallback.h"
 #include "gui/shell/CNorvelianDialog.h"
 #include "gui/shell/Dialog.h"
-
-#include <QPointer>
+#include "gui/shell/TopLevel_PC.h"
 
 namespace GUI {
 
@@ -50,8 +49,6 @@ public:
     void OnLanguageChanged() override;
     void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                  GUIElement const& element) const override;
-    /// Draws what lies under the elements, above the background's colour.
-    void PaintBackground(PlatformIndependentDeviceContext& context) const;
     bool IsCloseable() const { return closeable_; }
     /// Switches resizing by the user on and off.
     void SetResizeable(bool resizeable);
@@ -63,6 +60,11 @@ public:
     void OnResized();
     void OnCloseRequest();
     /// @}
+    /// For those that add bars.
+    TopLevel& GetTopLevel() { return top_; }
+
+protected:
+    void OnDetach() override;
 
 private:
     /// What another description may change.
@@ -70,13 +72,13 @@ private:
     void ShowCaption();
     void CreateContents();
     void ReleaseContents();
+    void ForgetRootElement();
     void LayOutContents();
-    void LayOut();
+    CNorvelianDialog* GetDialog() const { return static_cast<CNorvelianDialog*>(top_.GetWindow()); }
 
+    TopLevel top_{*this};
     DescriptionTree description_;
-    QPointer<CNorvelianDialog> window_;
     Utilities::String escKeyElementName_;
-    Utilities::String backgroundBitmap_;
     long x_ = 20;
     long y_ = 0;
     unsigned long width_ = 10;

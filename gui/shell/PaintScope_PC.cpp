@@ -14,6 +14,8 @@ PaintScope::PaintScope(QWidget const& widget) : window_(widget.window()), outer_
 
 PaintScope::~PaintScope() { innermost = outer_; }
 
+bool PaintScope::IsPainting() { return innermost != nullptr; }
+
 bool PaintScope::IsPainting(QWidget const& widget) {
     QWidget const* const window = widget.window();
     for (PaintScope const* scope = innermost; scope; scope = scope->outer_)

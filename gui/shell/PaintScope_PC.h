@@ -15,6 +15,8 @@ public:
 
     /// Whether a widget's top-level window is being painted.
     static bool IsPainting(QWidget const& widget);
+    /// Whether any window is being painted.
+    static bool IsPainting();
 
 private:
     QWidget const* window_;

@@ -52,7 +52,7 @@ String ShellCommand::GetText() const {
 
 std::vector<ShellCommand> ParseShellCommands(String const& text) {
     std::vector<ShellCommand> commands;
-    std::string const whole = text.GetStdString();
+    std::string const& whole = text.GetStdString();
     std::string_view rest = whole;
     for (;;) {
         auto const begin = FindUnquoted(rest, '[');

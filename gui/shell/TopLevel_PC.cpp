@@ -1,15 +1,19 @@
 #include "gui/shell/TopLevel_PC.h"
 
+#include "Utilities/LanguageServiceInterface.h"
+#include "Utilities/NamingService.h"
 #include "gui/elements/Application.h"
-#include "gui/platform/PlatformIndependentDeviceContext_PC.h"
+#include "gui/elements/LayoutScope.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
+#include "gui/platform/TextConversion_PC.h"
+#include "gui/shell/EventGuard_PC.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <QScreen>
 #include <algorithm>
 
-namespace GUI::TopLevel {
+namespace GUI {
 
 using Utilities::String;
 
@@ -20,10 +24,18 @@ QWidget* WidgetOf(GUIElement& element) {
     return identity.IsNull() ? nullptr : PlatformIndependentWindowID_PC::WindowOf(*identity);
 }
 
-bool FindHelpAtMouse(GUIElement& dialog, String& file, unsigned long& topic) {
+/// What a bar wants; one that doesn't say has none.
+int HeightOf(QWidget const& bar) { return std::max(bar.sizeHint().height(), 0); }
+
+bool IsVisible(GUIElement& dialog) {
     QWidget const* const widget = WidgetOf(dialog);
-    if (!widget) return false;
-    QPoint const position = widget->mapFromGlobal(QCursor::pos());
+    return widget && widget->isVisible();
+}
+
+bool FindHelpAtMouse(GUIElement& dialog, String& file, unsigned long& topic) {
+    // A dialog that was closed is still there for its host to show again.
+    if (!IsVisible(dialog)) return false;
+    QPoint const position = CNorvelianSurface::Of(*WidgetOf(dialog)).mapFromGlobal(QCursor::pos());
     // A place left of or above the dialog is a large number, and in none of its elements.
     return dialog.GetHelpInfo(file, topic, static_cast<unsigned long>(position.x()),
                               static_cast<unsigned long>(position.y()));
@@ -38,12 +50,130 @@ QSize DesktopSize(QWidget const& window) {
 
 } // namespace
 
-void PaintDecorators(QWidget& window, GUIElement const& element) {
-    PlatformIndependentDeviceContext_PC context(window);
-    element.OnPaintWindowDecorators(context, element);
+Utilities::SmartPointer<PlatformIndependentWindowID> TopLevel::Take(std::unique_ptr<QWidget> window,
+                                                                    char const* failure) {
+    window_ = window.release();
+    surface_ = new CNorvelianSurface(*window_);
+    surface_->SetBackdrop(this);
+    Utilities::SmartPointer<PlatformIndependentWindowID_PC> const identity(
+        Utilities::ResolveComponent<PlatformIndependentWindowID>("PlatformIndependentWindowID"));
+    if (identity.IsNull()) throw Norvelian::Utilities::Exceptions::RuntimeException(failure);
+    identity->SetWindow(window_);
+    window_->setObjectName(ToPlatformText(element_.GetElementName()));
+    return Utilities::SmartPointer<PlatformIndependentWindowID>(identity);
 }
 
-void ShowHelp(bool shift) {
+void TopLevel::Release() {
+    LayoutScope::Forget(element_);
+    if (surface_) surface_->SetBackdrop(nullptr);
+    QPointer<QWidget> const window = std::exchange(window_, nullptr);
+    if (!window) return;
+    window->hide();
+    if (window) DeleteWhenIdle(*window);
+}
+
+void TopLevel::SetTitle(String const& key) {
+    if (window_)
+        window_->setWindowTitle(ToPlatformText(Utilities::LanguageServiceInterface::GetTranslation(key)));
+}
+
+void TopLevel::AddBar(QWidget& bar, Qt::Edge edge) {
+    if (!window_) return;
+    QSize const client = GetClientSize();
+    bar.setParent(window_);
+    bars_.push_back({&bar, edge});
+    bar.show();
+    Resize(client);
+    element_.RecalculateSize();
+}
+
+int TopLevel::GetBarHeight() const {
+    int height = 0;
+    for (Bar const& bar : bars_)
+        if (bar.widget && !bar.widget->isHidden()) height += HeightOf(*bar.widget);
+    return height;
+}
+
+void TopLevel::LayOutBars() {
+    if (!window_ || !surface_) return;
+    QRect area = window_->rect();
+    for (Bar const& bar : bars_) {
+        if (!bar.widget || bar.widget->isHidden()) continue;
+        int const height = HeightOf(*bar.widget);
+        if (bar.edge == Qt::TopEdge) {
+            bar.widget->setGeometry(area.left(), area.top(), area.width(), height);
+            area.setTop(area.top() + height);
+        } else {
+            bar.widget->setGeometry(area.left(), area.bottom() + 1 - height, area.width(), height);
+            area.setBottom(area.bottom() - height);
+        }
+    }
+    surface_->setGeometry(area);
+}
+
+QSize TopLevel::GetClientSize() const {
+    return window_ ? QSize(window_->width(), window_->height() - GetBarHeight()) : QSize();
+}
+
+void TopLevel::Resize(QSize const& client) {
+    if (!window_) return;
+    QSize const size(client.width(), client.height() + GetBarHeight());
+    if (window_->size() != size) window_->resize(size);
+}
+
+void TopLevel::SetFixedSize(QSize const& client) {
+    if (window_) window_->setFixedSize(client.width(), client.height() + GetBarHeight());
+}
+
+void TopLevel::ApplyLimits(SizeRange const& range, bool resizeable) {
+    if (!window_) return;
+    if (!resizeable) return window_->setFixedSize(window_->size());
+    int const bars = GetBarHeight();
+    auto const bounded = [](unsigned long pixels) {
+        return static_cast<int>(std::min<unsigned long>(pixels, QWIDGETSIZE_MAX));
+    };
+    QSize const smallest(bounded(range.minimalWidth),
+                         bounded(range.minimalHeight + static_cast<unsigned long>(bars)));
+    QSize const largest(bounded(range.maximalWidth),
+                        bounded(range.maximalHeight + static_cast<unsigned long>(bars)));
+    window_->setMinimumSize(smallest);
+    window_->setMaximumSize(largest.boundedTo(DesktopSize(*window_)).expandedTo(smallest));
+}
+
+void TopLevel::MoveTo(WindowPlace const& place) {
+    // Enough of the title must show to take hold of the window.
+    QPoint const handle(place.x + 40, place.y + 10);
+    auto const screens = QGuiApplication::screens();
+    bool const visible = std::any_of(screens.begin(), screens.end(), [handle](QScreen const* screen) {
+        return screen->availableGeometry().contains(handle);
+    });
+    if (visible && window_) window_->move(place.x, place.y);
+}
+
+void TopLevel::LayOut() {
+    if (!window_) return;
+    LayOutBars();
+    auto const first = element_.GetChildrenList().Begin();
+    if (first.IsValid()) {
+        GUIElement& child = *first.Current();
+        QSize const size = GetClientSize();
+        LayoutScope const layout;
+        child.SetPosition(0, 0);
+        child.SetSize(static_cast<unsigned long>(size.width()), static_cast<unsigned long>(size.height()));
+    }
+    if (surface_) surface_->Settle();
+}
+
+void TopLevel::PaintBackground(PlatformIndependentDeviceContext& context) {
+    if (backgroundBitmap_.Length() != 0) context.DrawImage(0, 0, backgroundBitmap_);
+}
+
+void TopLevel::PaintDecorators(PlatformIndependentDeviceContext& context) {
+    CallScope const call(element_);
+    element_.OnPaintWindowDecorators(context, element_);
+}
+
+void TopLevel::ShowHelp(bool shift) {
     Application& application = Application::Instance();
     GUIElement* const first = application.GetFirstDialog();
     GUIElement* const last = application.GetLastDialog();
@@ -51,28 +181,14 @@ void ShowHelp(bool shift) {
     unsigned long topic = 0;
     bool found = false;
     if (shift)
-        found = first && first->GetHelpInfo(file, topic, 0, 0);
+        found = first && IsVisible(*first) && first->GetHelpInfo(file, topic, 0, 0);
     else
         found =
             (last && FindHelpAtMouse(*last, file, topic)) || (first && FindHelpAtMouse(*first, file, topic));
     if (found && file.Length() != 0) application.ShowHelp(file, topic, 1);
 }
 
-void ApplyLimits(QWidget& window, SizeRange const& range, bool resizeable) {
-    if (!resizeable) {
-        window.setFixedSize(window.size());
-        return;
-    }
-    auto const bounded = [](unsigned long pixels) {
-        return static_cast<int>(std::min<unsigned long>(pixels, QWIDGETSIZE_MAX));
-    };
-    QSize const smallest(bounded(range.minimalWidth), bounded(range.minimalHeight));
-    QSize const largest(bounded(range.maximalWidth), bounded(range.maximalHeight));
-    window.setMinimumSize(smallest);
-    window.setMaximumSize(largest.boundedTo(DesktopSize(window)).expandedTo(smallest));
-}
-
-bool CloseMainWindow() {
+bool TopLevel::CloseMainWindow() {
     Application& application = Application::Instance();
     if (!application.MayClose()) return false;
     application.SetMainWindow(nullptr);
@@ -80,14 +196,4 @@ bool CloseMainWindow() {
     return true;
 }
 
-void MoveTo(QWidget& window, WindowPlace const& place) {
-    // Enough of the title must show to take hold of the window.
-    QPoint const handle(place.x + 40, place.y + 10);
-    auto const screens = QGuiApplication::screens();
-    bool const visible = std::any_of(screens.begin(), screens.end(), [handle](QScreen const* screen) {
-        return screen->availableGeometry().contains(handle);
-    });
-    if (visible) window.move(place.x, place.y);
-}
-
-} // namespace GUI::TopLevel
+} // namespace GUI

@@ -1,30 +1,78 @@
 #pragma once
 
 #include "gui/elements/GUIElement.h"
+#include "gui/shell/CNorvelianSurface.h"
 #include "gui/shell/WindowAttributes.h"
 
-#include <QEvent>
-#include <QPainter>
+#include <QPointer>
 #include <QWidget>
+#include <memory>
+#include <vector>
 
 namespace GUI {
 
-/// What the platform windows of "Window" and "Dialog" have in common. All of it is the platform's side:
-/// the element decides.
-namespace TopLevel {
+/// What the platform windows of "Window" and "Dialog" have in common, as a member of the element: the Qt
+/// window, the surface that shows the elements, and the bars above and below it. The element decides.
+///
+/// All sizes are those of the client area, which the surface covers; bars are beside it.
+class TopLevel : public SurfaceBackdrop {
+public:
+    explicit TopLevel(GUIElement& element) : element_(element) {}
+    ~TopLevel() override { Release(); }
+    TopLevel(TopLevel const&) = delete;
+    TopLevel& operator=(TopLevel const&) = delete;
 
-/// Lets the decorators of a window's elements draw over what it has painted.
-void PaintDecorators(QWidget& window, GUIElement const& element);
-/// Shows the help of the element under the mouse, of the last dialog first, or with Shift that of the
-/// first dialog.
-void ShowHelp(bool shift);
-/// The limits for the user's resizing, capped by the screen.
-void ApplyLimits(QWidget& window, SizeRange const& range, bool resizeable);
-/// The main window was asked to close: true if the application lets it, and is ending.
-bool CloseMainWindow();
-/// Moves a window to a place on some screen; one that no screen shows any more is left alone.
-void MoveTo(QWidget& window, WindowPlace const& place);
+    /// Takes the window over and gives it its surface. Throws `RuntimeException` with `failure` if its
+    /// identity can't be made.
+    Utilities::SmartPointer<PlatformIndependentWindowID> Take(std::unique_ptr<QWidget> window,
+                                                              char const* failure);
+    /// Null before, and once the element is released or Qt has deleted the window.
+    QWidget* GetWindow() const { return window_; }
+    CNorvelianSurface* GetSurface() const { return surface_; }
+    /// Hides the window at once; Qt deletes it when it is done with it.
+    void Release();
 
-} // namespace TopLevel
+    /// The translation of a key, shown as it is.
+    void SetTitle(Utilities::String const& key);
+    /// A bar over the whole width, as high as it wants to be: a menu bar or tool bar at `Qt::TopEdge`, a
+    /// status line at `Qt::BottomEdge`. Later bars are nearer to the client area. The window takes it over.
+    void AddBar(QWidget& bar, Qt::Edge edge);
+    /// Places the bars and the surface in the window's present size.
+    void LayOutBars();
+
+    QSize GetClientSize() const;
+    void Resize(QSize const& client);
+    void SetFixedSize(QSize const& client);
+    /// The limits for the user's resizing, capped by the screen.
+    void ApplyLimits(SizeRange const& range, bool resizeable);
+    /// Moves the window to a place on some screen; one that no screen shows any more is left alone.
+    void MoveTo(WindowPlace const& place);
+    /// Gives the first child the client area, and places all windows in it.
+    void LayOut();
+
+    void PaintBackground(PlatformIndependentDeviceContext& context) override;
+    void PaintDecorators(PlatformIndependentDeviceContext& context) override;
+    void SetBackgroundBitmap(Utilities::String const& imageName) { backgroundBitmap_ = imageName; }
+
+    /// The main window was asked to close: true if the application lets it, and is ending.
+    static bool CloseMainWindow();
+    /// Shows the help of the element under the mouse, of the last dialog first, or with Shift that of the
+    /// first dialog.
+    static void ShowHelp(bool shift);
+
+private:
+    struct Bar {
+        QPointer<QWidget> widget;
+        Qt::Edge edge;
+    };
+    /// What the bars add to the client area's height.
+    int GetBarHeight() const;
+
+    GUIElement& element_;
+    QPointer<QWidget> window_;
+    QPointer<CNorvelianSurface> surface_;
+    std::vector<Bar> bars_;
+    Utilities::String backgroundBitmap_;
+};
 
 } // namespace GUI

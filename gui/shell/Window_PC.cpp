@@ -1,18 +1,16 @@
 #include "gui/shell/Window_PC.h"
 
-#include "Utilities/LanguageServiceInterface.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
+#include "gui/elements/LayoutScope.h"
+#include "gui/elements/Topics.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
-#include "gui/platform/TextConversion_PC.h"
-#include "gui/shell/TopLevel_PC.h"
 
 #include <algorithm>
 
 namespace GUI {
 
 using Utilities::Anything;
-using Utilities::LanguageServiceInterface;
 
 namespace {
 
@@ -32,35 +30,41 @@ AttributeTable const table("Window", "GUIElement", attributes);
 } // namespace
 
 Window_PC::~Window_PC() {
-    onUpdate_.Release(GetDataSource(), GUIElement::GetElementName(), "OnUpdate");
+    // For a window that no smart pointer held; one that was released has let go already.
+    Window_PC::OnDetach();
     ReleaseChildren();
+}
+
+void Window_PC::OnDetach() {
     Application::Instance().RemoveDialogFromList(*this);
     if (GetDataSource() && GetDataSource()->GetDialogRootElement() == this)
         GetDataSource()->SetDialogRootElement(nullptr);
-    if (!window_) return;
-    window_->hide();
-    window_->Detach();
-    delete window_.data();
+    if (auto* const window = static_cast<CNorvelianWnd*>(top_.GetWindow())) {
+        window->hide();
+        window->Detach();
+    }
+    top_.Release();
+    GUIElement::OnDetach();
 }
 
 void Window_PC::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                            DialogDataSource* dataSource) {
+    // A child that asks its data source may bring this window down.
+    CallScope const call(*this);
     GUIElement::Initialize(parent, description, dataSource);
     CreatePlatformWindow(parent, description);
     Application::Instance().SetDialogToList(*this);
-    if (dataSource) {
-        dataSource->SetDialogRootElement(this);
-        dataSource->SetCallback(GetElementName(), "OnUpdate", onUpdate_.Get());
-    }
+    if (dataSource) dataSource->SetDialogRootElement(this);
+    RegisterOnUpdate();
     CreateChildren(*GetWindowID(), description, dataSource);
+    if (!IsAttached()) return;
 
     AttributeReader const reader(description);
     ApplyLimits();
     SetSize(reader.Unsigned(WindowKeys::width), reader.Unsigned(WindowKeys::height));
     ApplyPlace(description);
-
-    Anything const visible = dataSource ? dataSource->GetValue(GetElementName(), "Visible") : Anything();
-    if (!visible.IsValid() || visible.GetBool()) window_->show();
+    Anything const visible = GetValue(Values::visible);
+    if (top_.GetWindow() && (!visible.IsValid() || visible.GetBool())) top_.GetWindow()->show();
 }
 
 void Window_PC::CreatePlatformWindow(PlatformIndependentWindowID const& parent,
@@ -74,27 +78,20 @@ void Window_PC::CreatePlatformWindow(PlatformIndependentWindowID const& parent,
     if (resizeable_) flags |= Qt::WindowMaximizeButtonHint;
     if (closeable_) flags |= Qt::WindowCloseButtonHint;
     if (reader.Flag(WindowKeys::topMost)) flags |= Qt::WindowStaysOnTopHint;
-
-    auto window =
-        std::make_unique<CNorvelianWnd>(*this, PlatformIndependentWindowID_PC::WindowOf(parent), flags);
-    window_ = window.release();
-    Utilities::SmartPointer<PlatformIndependentWindowID_PC> const identity(
-        Utilities::ResolveComponent<PlatformIndependentWindowID>("PlatformIndependentWindowID"));
-    if (identity.IsNull()) throw Norvelian::Utilities::Exceptions::RuntimeException("Couldn't create Window");
-    identity->SetWindow(window_);
-    SetWindowID(identity);
-    window_->setObjectName(ToPlatformText(GetElementName()));
+    SetWindowID(top_.Take(
+        std::make_unique<CNorvelianWnd>(*this, PlatformIndependentWindowID_PC::WindowOf(parent), flags),
+        "Couldn't create Window"));
     caption_ = reader.Text(WindowKeys::windowCaption);
-    window_->setWindowTitle(ToPlatformText(LanguageServiceInterface::GetTranslation(caption_)));
+    top_.SetTitle(caption_);
 }
 
 void Window_PC::ApplyPlace(DescriptionTree const& description) {
     AttributeReader const reader(description);
     if (auto const saved = FindSavedPlace(GetElementName()))
-        TopLevel::MoveTo(*window_, *saved);
+        top_.MoveTo(*saved);
     else if (reader.Has(WindowKeys::x) && reader.Has(WindowKeys::y))
-        window_->move(static_cast<int>(reader.Long(WindowKeys::x)),
-                      static_cast<int>(reader.Long(WindowKeys::y)));
+        top_.GetWindow()->move(static_cast<int>(reader.Long(WindowKeys::x)),
+                               static_cast<int>(reader.Long(WindowKeys::y)));
 }
 
 void Window_PC::SetPosition(unsigned long x, unsigned long y) {
@@ -103,7 +100,8 @@ void Window_PC::SetPosition(unsigned long x, unsigned long y) {
     long const top = std::max<long>(static_cast<int>(y), 0);
     GUIElement::SetPosition(static_cast<unsigned long>(left), static_cast<unsigned long>(top));
     QPoint const corner(static_cast<int>(left), static_cast<int>(top));
-    if (window_ && window_->pos() != corner) window_->move(corner);
+    QWidget* const window = top_.GetWindow();
+    if (window && window->pos() != corner) window->move(corner);
     SavePlace(GetElementName(), left, top);
 }
 
@@ -116,32 +114,27 @@ void Window_PC::OnMoved(int x, int y) {
 void Window_PC::SetSize(unsigned long width, unsigned long height) {
     GUIElement::SetSize(width, height);
     QSize const size(static_cast<int>(width), static_cast<int>(height));
-    if (window_ && !resizeable_)
-        window_->setFixedSize(size);
-    else if (window_ && window_->size() != size)
-        window_->resize(size);
+    if (resizeable_)
+        top_.Resize(size);
+    else
+        top_.SetFixedSize(size);
     LayOut();
 }
 
-void Window_PC::OnResized(int width, int height) {
-    auto const newWidth = static_cast<unsigned long>(width);
-    auto const newHeight = static_cast<unsigned long>(height);
+void Window_PC::OnResized() {
+    QSize const size = top_.GetClientSize();
+    auto const width = static_cast<unsigned long>(size.width());
+    auto const height = static_cast<unsigned long>(size.height());
     // A window that appears is told the size that it was laid out for.
-    if (!IfSizeEqual(newWidth, newHeight)) SetSize(newWidth, newHeight);
+    if (!IfSizeEqual(width, height)) SetSize(width, height);
 }
 
 void Window_PC::LayOut() {
     // The limits may have kept the window from the size it was given, or changed its size.
-    if (window_)
-        GUIElement::SetSize(static_cast<unsigned long>(window_->width()),
-                            static_cast<unsigned long>(window_->height()));
-    GUIElement* const child = GetFirstChild();
-    if (!child) return;
-    unsigned long width = 0;
-    unsigned long height = 0;
-    GetSize(width, height);
-    child->SetPosition(0, 0);
-    child->SetSize(width, height);
+    if (QSize const size = top_.GetClientSize(); size.isValid())
+        GUIElement::SetSize(static_cast<unsigned long>(size.width()),
+                            static_cast<unsigned long>(size.height()));
+    top_.LayOut();
 }
 
 void Window_PC::GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
@@ -155,35 +148,34 @@ void Window_PC::GetSizeInformation(unsigned long& minimalWidth, unsigned long& m
 void Window_PC::ApplyLimits() {
     SizeRange range;
     GetSizeInformation(range.minimalWidth, range.maximalWidth, range.minimalHeight, range.maximalHeight);
-    if (resizeable_) TopLevel::ApplyLimits(*window_, range, true);
+    if (resizeable_) top_.ApplyLimits(range, true);
 }
 
 void Window_PC::RecalculateSize() {
     GUIElement::RecalculateSize();
-    if (!window_) return;
+    if (!top_.GetWindow()) return;
+    if (LayoutScope::IsRunning()) return LayoutScope::AskAgain(*this);
     ApplyLimits();
     LayOut();
 }
 
 long Window_PC::OnUpdate(Anything const& command) {
-    if (window_ && GetDataSource()) {
-        Anything const visible = GetDataSource()->GetValue(GetElementName(), "Visible");
-        if (visible.IsValid()) window_->setVisible(visible.GetBool());
-        ShowCaption();
-    }
+    CallScope const call(*this);
+    Anything const visible = GetValue(Values::visible);
+    if (visible.IsValid() && top_.GetWindow()) top_.GetWindow()->setVisible(visible.GetBool());
+    ShowCaption();
     return GUIElement::OnUpdate(command);
 }
 
 void Window_PC::ShowCaption() {
-    if (!window_) return;
     // Asked for each time: what a data source puts together holds translated text.
-    Anything const caption =
-        GetDataSource() ? GetDataSource()->GetValue(GetElementName(), "Caption") : Anything();
+    Anything const caption = GetValue(Values::caption);
     if (caption.IsOfTypeString()) caption_ = caption.GetString();
-    window_->setWindowTitle(ToPlatformText(LanguageServiceInterface::GetTranslation(caption_)));
+    top_.SetTitle(caption_);
 }
 
 void Window_PC::OnLanguageChanged() {
+    CallScope const call(*this);
     GUIElement::OnLanguageChanged();
     ShowCaption();
 }

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "gui/elements/GUIElement.h"
-#include "gui/elements/OwnedCallback.h"
 #include "gui/shell/CNorvelianWnd.h"
-
-#include <QPointer>
+#include "gui/shell/TopLevel_PC.h"
 
 namespace GUI {
 
@@ -40,7 +38,12 @@ public:
     bool IsCloseable() const { return closeable_; }
     /// The user has moved the window; coordinates may be negative.
     void OnMoved(int x, int y);
-    void OnResized(int width, int height);
+    void OnResized();
+    /// For those that add bars.
+    TopLevel& GetTopLevel() { return top_; }
+
+protected:
+    void OnDetach() override;
 
 private:
     void CreatePlatformWindow(PlatformIndependentWindowID const& parent, DescriptionTree const& description);
@@ -49,9 +52,8 @@ private:
     void ShowCaption();
     void LayOut();
 
-    QPointer<CNorvelianWnd> window_;
+    TopLevel top_{*this};
     Utilities::String caption_;
-    OwnedCallback<Window_PC> onUpdate_{this, &Window_PC::OnUpdate};
     bool resizeable_ = true;
     bool closeable_ = true;
 };

@@ -3,6 +3,7 @@
 #include "gui/elements/Attributes.h"
 #include "gui/elements/GUIDescriptionReader.h"
 #include "gui/elements/SelectionServiceInterface.h"
+#include "tests/support/ElementNames.h"
 #include "tests/support/FakeDataSource.h"
 #include "tests/support/FakeWindowHost.h"
 #include "tests/support/FunctionCallback.h"
@@ -51,6 +52,10 @@ TEST(DescriptionReader, TellsWhereAndWhy) {
         {"<HBox>\n  <Nothing/>\n</HBox>", "f.xml:2:4: there is no component named \"Nothing\""},
         {"<HBox>\n <HBox>\n  <Pane/></HBox></HBox>", "f.xml:3:4: <Pane> lacks its attribute \"ElementName\""},
         {"<HBox MinimalWidth='wide'/>", "is \"wide\"; expected a number"},
+        {"<HBox MinimalWidth='5px'/>", "is \"5px\"; expected a number from 0 to"},
+        {"<HBox MinimalWidth='-5'/>", "expected a number from 0 to"},
+        {"<XYColorChart ElementName='c' SpotSize='1000000'/>", "expected a number from 0 to 65535"},
+        {"<HBux/>", "there is no component named \"HBux\"; did you mean \"HBox\"?"},
         {"<HBox Register='yes'/>", "expected \"Yes\" or \"No\""},
         {"<Pane ElementName='a' BackgroundColor='red'/>", "expected three numbers"},
         {"<HBox A='1' A='2'/>", "stands twice"},
@@ -70,11 +75,15 @@ TEST(DescriptionReader, TellsWhereAndWhy) {
     auto const former = Diagnostics::SetSink(
         [&reported](auto const&, auto const& what) { reported += what.GetCharPointer(); });
     auto const tree = GUI::GUIDescriptionReader::Parse(
-        "<HBox Mistyped='1'><LoopBox><HBox MinimalWidth='#'/></LoopBox>"
-        "<Pane ElementName='p'><Properties A='1'><B C='2'/></Properties></Pane></HBox>",
+        "<HBox Mistyped='1' MinimalWith='2'><LoopBox><HBox MinimalWidth='#'/></LoopBox>\n"
+        "<Pane ElementName='p'><Properties A='1'><B C='2'/></Properties></Pane>\n"
+        "<Pane ElementName='p'/><Pane ElementName='p' Register='No'/></HBox>",
         "f.xml");
     Diagnostics::SetSink(former);
-    EXPECT_THAT(reported, HasSubstr("<HBox> has no attribute \"Mistyped\""));
+    EXPECT_THAT(reported, HasSubstr("f.xml:1: <HBox> has no attribute \"Mistyped\"f.xml:1: <HBox> has no "
+                                    "attribute \"MinimalWith\"; did you mean \"MinimalWidth\"?"));
+    EXPECT_THAT(reported, HasSubstr("f.xml:3: a second element is named \"p\"; the first one is in line 2"));
+    EXPECT_EQ(reported.find("is in line 3"), std::string::npos) << "an unregistered one can't be mixed up";
     auto const& pane = *(++tree.GetChildren()).Current();
     GUI::AttributeMap const& attributes = pane;
     auto const& properties = attributes["Properties"].GetMapOfAnythings();
@@ -162,21 +171,6 @@ TEST_F(PaneTest, LaysItsInsideOutInAnUnchangedSizeToo) {
 }
 
 // ------------------------------------------------------------------ every component
-
-std::vector<std::string> ElementNames() {
-    std::vector<std::string> names;
-    for (auto* const creator : Utilities::NamingService::Instance()->GetCreators()) {
-        Utilities::SmartPointer<Utilities::Component> component;
-        try {
-            creator->Create(component);
-        } catch (...) {
-            continue;
-        }
-        std::string const name = creator->GetDescriptor().at("name").GetString();
-        if (dynamic_cast<GUI::GUIElement*>(component.Get()) && name != "Leaf") names.push_back(name);
-    }
-    return names;
-}
 
 class EveryElement : public testing::TestWithParam<std::string> {};
 

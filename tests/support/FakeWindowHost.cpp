@@ -151,7 +151,7 @@ FakeWindowHost::FakeWindowHost() : state_(std::make_unique<State>()) {
         [] { return SmartPointer<Utilities::Component>(Utilities::MakeSmart<FakeWindowID>()); });
 }
 
-FakeWindowHost::~FakeWindowHost() = default;
+FakeWindowHost::~FakeWindowHost() { GUI::ReleasedElements::DestroyIdle(); }
 
 PlatformIndependentWindowID const& FakeWindowHost::GetWindow() const { return state_->window; }
 
@@ -163,15 +163,21 @@ SmartPointer<GUIElement> FakeWindowHost::Create(SmartPointer<DescriptionTree> co
 }
 
 void FakeWindowHost::Paint(Pane const& pane, PlatformIndependentDeviceContext& context) {
+    GUI::EventScope const event;
     state_->Find(pane).PaintAll(context);
 }
 bool FakeWindowHost::Click(Pane const& pane, long x, long y, bool controlKey) {
+    GUI::EventScope const event;
     FakeControl& control = state_->Find(pane);
     control.OnSelectionChanged("PropertyInspector", true);
     return control.OnLeftButtonDown(controlKey, x, y);
 }
-bool FakeWindowHost::Move(Pane const& pane, long x, long y) { return state_->Find(pane).OnMouseMove(x, y); }
+bool FakeWindowHost::Move(Pane const& pane, long x, long y) {
+    GUI::EventScope const event;
+    return state_->Find(pane).OnMouseMove(x, y);
+}
 Utilities::String FakeWindowHost::GetToolTip(Pane const& pane, unsigned short x, unsigned short y) {
+    GUI::EventScope const event;
     return state_->Find(pane).GetToolTipText(x, y);
 }
 int FakeWindowHost::GetPaintCount(Pane const& pane) const { return state_->Find(pane).paints; }

@@ -13,13 +13,4 @@ TEST(UpdateMessage, TellsRowsFromSettings) {
     for (auto const& [key, number] : rows) EXPECT_EQ(RowNumber(key), number) << key;
 }
 
-TEST(UpdateMessage, KeepsABaseFromRepainting) {
-    std::pair<Utilities::Anything, char const*> const rows[] = {{{}, "Update|NoRepaint"},
-                                                                {"", "Update|NoRepaint"},
-                                                                {"Properties", "Properties|NoRepaint"},
-                                                                {"1;2|NoRepaint", "1;2|NoRepaint"}};
-    for (auto const& [message, expected] : rows)
-        EXPECT_EQ(WithoutRepaint(message).GetString().GetStdString(), expected);
-}
-
 } // namespace

@@ -1,15 +1,20 @@
 // Panes in real windows on the offscreen platform: painting, repainting, events, exceptions.
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
+#include "gui/elements/Application.h"
+#include "gui/elements/DialogHandler.h"
+#include "gui/elements/DropDataObject.h"
 #include "gui/elements/Pane.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
-#include "gui/shell/CNorvelianAdvancedControl.h"
+#include "gui/shell/NativeControl_PC.h"
 #include "tests/support/FakeDataSource.h"
 #include "tests/support/FakeWindowHost.h"
 #include "tests/support/QtApplication.h"
 
+#include <QDropEvent>
 #include <QImage>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <functional>
 #include <gtest/gtest.h>
@@ -40,8 +45,16 @@ public:
         if (throwing) throw std::runtime_error("from a pane");
         return vanish ? std::exchange(vanish, nullptr)(), false : consume;
     }
+    bool OnLeftButtonUp(long x, long y) override {
+        events.push_back("up " + std::to_string(x) + "," + std::to_string(y));
+        return consume;
+    }
     bool OnMouseMove(long x, long y) override {
         events.push_back("move " + std::to_string(x) + "," + std::to_string(y));
+        return consume;
+    }
+    bool OnMouseLeave() override {
+        events.emplace_back("leave");
         return consume;
     }
     void OnSelectionChanged(Utilities::String const& name, bool selected) override {
@@ -49,7 +62,10 @@ public:
         if (vanish && vanishWhenSelected) std::exchange(vanish, nullptr)();
     }
 
+    bool IsDragable(std::pair<long, long> const&) override { return dragable; }
+
     int paints = 0;
+    bool dragable = false;
     bool consume = true;
     bool throwing = false;
     std::function<void()> inPaint;
@@ -86,19 +102,37 @@ protected:
             pane->events.clear();
         }
     }
-    static QWidget& WidgetOf(TestPane& pane) {
-        return *GUI::PlatformIndependentWindowID_PC::WindowOf(*pane.GetWindowID());
-    }
-    static bool Press(TestPane& pane, QPoint place, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QMouseEvent event(QEvent::MouseButtonPress, place, place, Qt::LeftButton, Qt::LeftButton, modifiers);
-        QApplication::sendEvent(&WidgetOf(pane), &event);
+    GUI::CNorvelianSurface& Surface() { return GUI::CNorvelianSurface::Of(window_); }
+    /// An event of the mouse at a place of the window; whether it was consumed.
+    bool Mouse(QEvent::Type type, QPoint place, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        bool const moves = type == QEvent::MouseMove;
+        Qt::MouseButtons const held =
+            type == QEvent::MouseButtonPress || pressed_ ? Qt::LeftButton : Qt::NoButton;
+        pressed_ = type == QEvent::MouseButtonPress || (moves && pressed_);
+        QMouseEvent event(type, place, window_.mapToGlobal(place), moves ? Qt::NoButton : Qt::LeftButton,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : held, modifiers);
+        QApplication::sendEvent(&Surface(), &event);
         return event.isAccepted();
+    }
+    bool Press(QPoint place, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        return Mouse(QEvent::MouseButtonPress, place, modifiers);
+    }
+    void Key(int key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(&Surface(), &event);
+    }
+    void Activate() {
+        window_.activateWindow();
+        QApplication::setActiveWindow(&window_);
+        QApplication::processEvents();
+        Reset();
     }
 
     QWidget window_;
     GUI::PlatformIndependentWindowID_PC identity_;
     TestPane outer_;
     TestPane inner_;
+    bool pressed_ = false;
 };
 
 } // namespace
@@ -145,32 +179,118 @@ TEST_F(PaneWindow, RepaintOfItselfOrOfASiblingInThePaintDoesNotRecurse) {
         --depth;
     };
     inner_.Repaint();
-    EXPECT_EQ(inner_.paints, 1);
-    QApplication::processEvents();
     EXPECT_EQ(deepest, 1);
     EXPECT_EQ(inner_.paints, 2) << "the repaint asked for in the paint comes after it";
     EXPECT_EQ(sibling.paints, 1);
+    inner_.inPaint = [&] { inner_.Repaint(); };
+    inner_.Repaint();
+    EXPECT_LE(inner_.paints, 4) << "a pane that always asks isn't painted for ever";
 }
 
 TEST_F(PaneWindow, AClickFocusesSelectsAndReachesThePane) {
-    EXPECT_TRUE(Press(inner_, {7, 9}, Qt::ControlModifier));
-    EXPECT_EQ(inner_.events, (std::vector<std::string>{"PropertyInspector on", "ctrl-down 7,9"}));
+    Activate();
+    EXPECT_TRUE(Press({57, 29}, Qt::ControlModifier));
+    EXPECT_EQ(inner_.events, (std::vector<std::string>{"Focus on", "PropertyInspector on", "ctrl-down 7,9"}));
+    EXPECT_TRUE(Surface().hasFocus());
     Reset();
     inner_.consume = false;
-    EXPECT_FALSE(Press(inner_, {1, 2}));
-    EXPECT_EQ(inner_.events.back(), "down 1,2");
+    EXPECT_FALSE(Press({51, 22}));
+    EXPECT_EQ(inner_.events, (std::vector<std::string>{"PropertyInspector on", "down 1,2"}));
+    Mouse(QEvent::MouseButtonRelease, {51, 22});
+    Press({1, 1});
+    EXPECT_EQ(inner_.events.back(), "Focus off");
+    EXPECT_EQ(outer_.events.front(), "Focus on");
 }
 
-TEST_F(PaneWindow, OnlySelectablePanesAreReachedByTab) {
-    EXPECT_EQ(WidgetOf(inner_).focusPolicy(), Qt::StrongFocus);
-    EXPECT_EQ(WidgetOf(outer_).focusPolicy(), Qt::ClickFocus);
+TEST_F(PaneWindow, TheButtonBelongsToThePaneThatItWentDownIn) {
+    Activate();
+    Press({60, 30});
+    Mouse(QEvent::MouseButtonRelease, {60, 30});
+    Reset();
+    Press({60, 30});
+    Mouse(QEvent::MouseMove, {40, 30});
+    Mouse(QEvent::MouseButtonRelease, {40, 31});
+    EXPECT_EQ(inner_.events, (std::vector<std::string>{"PropertyInspector on", "down 10,10", "move 65526,10",
+                                                       "up 65526,11", "leave"}));
+    Mouse(QEvent::MouseMove, {40, 31});
+    EXPECT_EQ(outer_.events.back(), "move 40,31");
+
+    // A popup that opened on the press has swallowed the release.
+    Reset();
+    Press({60, 30});
+    pressed_ = false;
+    Mouse(QEvent::MouseMove, {10, 10});
+    EXPECT_EQ(outer_.events.back(), "move 10,10");
 }
 
-TEST_F(PaneWindow, APlaceLeftOfThePaneIsALargeNumber) {
-    QMouseEvent event(QEvent::MouseMove, QPoint(-1, 5), QPoint(-1, 5), Qt::NoButton, Qt::NoButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(&WidgetOf(inner_), &event);
-    EXPECT_EQ(inner_.events.back(), "move 65535,5");
+TEST_F(PaneWindow, TellsOfTheMouseThatLeavesAndOfTheOneThatIsHeld) {
+    Mouse(QEvent::MouseMove, {60, 30});
+    Mouse(QEvent::MouseMove, {10, 10});
+    EXPECT_EQ(inner_.events, (std::vector<std::string>{"move 10,10", "leave"}));
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&Surface(), &leave);
+    EXPECT_EQ(outer_.events, (std::vector<std::string>{"move 10,10", "leave"}));
+
+    Reset();
+    inner_.SetMouseCapture(true);
+    Mouse(QEvent::MouseMove, {10, 10});
+    EXPECT_EQ(inner_.events.back(), "move 65496,65526");
+    inner_.SetMouseCapture(false);
+    Mouse(QEvent::MouseMove, {10, 10});
+    EXPECT_EQ(outer_.events.back(), "move 10,10");
+}
+
+TEST_F(PaneWindow, TabReachesSelectablePanesAndNativeControlsInTheirOrder) {
+    struct Control : GUI::GUIElement {
+        GUI::NativeControl native{*this};
+        void OnDetach() override { native.Release(); }
+    } control;
+    auto& button = control.native.Make<QPushButton>(identity_, "no button");
+    control.native.SetPosition(0, 0);
+    control.native.SetSize(20, 20);
+    TestPane last;
+    Make(last, identity_, {{"ElementName", "Last"}, {"Selectable", "Yes"}});
+    last.SetPosition(0, 80);
+    last.SetSize(10, 10);
+    Activate();
+    QApplication::processEvents();
+    EXPECT_TRUE(button.isVisible());
+    std::vector<std::string> stops;
+    auto const where = [&] {
+        if (QApplication::focusWidget() == &button) return "button";
+        if (inner_.events.size() && inner_.events.back() == "Focus on") return "inner";
+        if (last.events.size() && last.events.back() == "Focus on") return "last";
+        return "none";
+    };
+    auto const tab = [&](bool forward) {
+        QKeyEvent event(QEvent::KeyPress, forward ? Qt::Key_Tab : Qt::Key_Backtab,
+                        forward ? Qt::NoModifier : Qt::ShiftModifier);
+        QApplication::sendEvent(QApplication::focusWidget() ? QApplication::focusWidget() : &Surface(),
+                                &event);
+        stops.emplace_back(where());
+    };
+    inner_.SetFocus();
+    inner_.events = {"Focus on"};
+    for (int i = 0; i < 3; ++i) tab(true);
+    for (int i = 0; i < 3; ++i) tab(false);
+    EXPECT_EQ(stops, (std::vector<std::string>{"button", "last", "inner", "last", "button", "inner"}));
+    control.native.Release();
+    QApplication::processEvents();
+}
+
+TEST_F(PaneWindow, TheFocusMarkLiesBesideThePane) {
+    Activate();
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+    QApplication::sendEvent(&Surface(), &tab);
+    QApplication::processEvents();
+    QImage const picture = window_.grab().toImage();
+    for (int x = 50; x < 150; ++x)
+        for (int const y : {20, 79}) ASSERT_EQ(picture.pixelColor(x, y), QColor(200, 0, 0)) << x << "," << y;
+    EXPECT_EQ(picture.pixelColor(49, 50), QColor(0, 0, 0));
+    EXPECT_EQ(picture.pixelColor(48, 50), QColor(255, 255, 255));
+    Press({1, 1});
+    QApplication::processEvents();
+    EXPECT_EQ(window_.grab().toImage().pixelColor(49, 50), QColor(10, 20, 30)) << "gone with the focus";
 }
 
 TEST_F(PaneWindow, ExceptionsOfAPaneStayAtTheWindowsEdge) {
@@ -179,7 +299,7 @@ TEST_F(PaneWindow, ExceptionsOfAPaneStayAtTheWindowsEdge) {
         dropped.push_back(std::string(where.GetCharPointer()) + ": " + what.GetCharPointer());
     });
     inner_.throwing = true;
-    EXPECT_FALSE(Press(inner_, {1, 1}));
+    EXPECT_FALSE(Press({51, 21}));
     inner_.inPaint = [] { throw std::runtime_error("in the paint"); };
     inner_.Repaint();
     inner_.inPaint = nullptr;
@@ -191,18 +311,21 @@ TEST_F(PaneWindow, ExceptionsOfAPaneStayAtTheWindowsEdge) {
 }
 
 TEST_F(PaneWindow, APaneMayVanishInWhateverItIsTold) {
+    Activate();
     for (bool const byKey : {true, false})
         for (bool const whenSelected : {true, false}) {
             auto pane = std::make_unique<TestPane>();
             Make(*pane, identity_, {{"ElementName", "Victim"}, {"Selectable", "Yes"}});
+            pane->SetSize(20, 20);
+            if (byKey) pane->SetFocus();
             pane->vanish = [&pane] { pane.reset(); };
             pane->vanishWhenSelected = whenSelected;
-            QKeyEvent key(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier);
             if (byKey)
-                QApplication::sendEvent(&WidgetOf(*pane), &key);
+                Key(Qt::Key_Space);
             else
-                Press(*pane, {1, 1});
+                Press({1, 1});
             EXPECT_EQ(pane, nullptr) << byKey << whenSelected;
+            Mouse(QEvent::MouseButtonRelease, {1, 1});
         }
 }
 
@@ -216,4 +339,59 @@ TEST_F(PaneWindow, AWindowThatDiesFirstTakesItsPanesWindowsAlong) {
     pane.SetSize(10, 10);
     pane.Repaint();
     EXPECT_EQ(pane.paints, 0);
+}
+
+TEST_F(PaneWindow, APaneThatDiesGivesTheDragCursorBack) {
+    auto pane = std::make_unique<TestPane>();
+    Make(*pane, identity_, {{"ElementName", "Drag"}});
+    pane->SetSize(20, 20);
+    pane->dragable = true;
+    GUI::Application::Instance().GetImplementation();
+    Mouse(QEvent::MouseMove, {1, 1});
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    pane.reset();
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(PaneWindow, ADragShowsInThePaneThatAcceptsIt) {
+    struct Handler : GUI::DialogHandler {
+        GUI::DropEffect OnDragOver(GUI::PlatformIndependentWindowID const&, GUI::DropDataObject const& data,
+                                   GUI::KeyState const&, long x, long) override {
+            return data.HasFormat("text/plain") && x < 50 ? GUI::DropEffect::Copy : GUI::DropEffect::None;
+        }
+        bool OnDrop(GUI::PlatformIndependentWindowID const&, GUI::DropDataObject const& data, GUI::DropEffect,
+                    long, long) override {
+            dropped = data.GetData("text/plain").GetString().GetStdString();
+            return true;
+        }
+        std::string dropped;
+    } handler;
+    TestPane target;
+    target.Initialize(identity_, *Node({{"ElementName", "Target"}}), &handler);
+    target.SetSize(100, 100);
+    QMimeData data;
+    data.setText("a sample");
+    auto const move = [&](QPoint place) {
+        QDragMoveEvent event(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&Surface(), &event);
+        return event.isAccepted();
+    };
+    QDragEnterEvent enter(QPoint(10, 20), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                          Qt::NoModifier);
+    QApplication::sendEvent(&Surface(), &enter);
+    EXPECT_FALSE(target.DrawDragMouseOver());
+    EXPECT_TRUE(move({10, 20}));
+    EXPECT_EQ(target.GetDragMouseOverPosition(), std::pair(10L, 20L));
+    int const paints = target.paints;
+    move({10, 20});
+    EXPECT_EQ(target.paints, paints) << "nothing has changed";
+    EXPECT_FALSE(move({60, 20}));
+    EXPECT_FALSE(target.DrawDragMouseOver());
+    move({11, 20});
+    EXPECT_TRUE(target.DrawDragMouseOver());
+    QDropEvent drop(QPoint(12, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&Surface(), &drop);
+    EXPECT_EQ(handler.dropped, "a sample");
+    EXPECT_FALSE(target.DrawDragMouseOver());
+    EXPECT_EQ(target.GetDragMouseOverPosition(), std::pair(-1L, -1L));
 }

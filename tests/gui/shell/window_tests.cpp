@@ -1,128 +1,7 @@
 // Windows and dialogs made from descriptions, on the offscreen platform.
-#include "Utilities/NamingService.h"
-#include "Utilities/Preferences.h"
-#include "Utilities/TranslationService.h"
-#include "core/creators/ComponentCreator.h"
-#include "gui/elements/Application.h"
-#include "gui/elements/DialogHandler.h"
-#include "gui/elements/ImageServiceInterface.h"
-#include "gui/elements/Pane.h"
-#include "gui/platform/PlatformIndependentWindowID_PC.h"
-#include "gui/shell/ApplicationImplementation_PC.h"
-#include "gui/shell/Dialog_PC.h"
-#include "gui/shell/Window_PC.h"
-#include "tests/support/FakeWindowHost.h"
-#include "tests/support/FunctionCallback.h"
-#include "tests/support/TemporaryDirectory.h"
+#include "tests/gui/shell/WindowFixture.h"
 
-#include <QApplication>
-#include <QCloseEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QTimer>
-#include <QWindow>
-#include <functional>
-#include <gtest/gtest.h>
-
-namespace {
-
-using GUI::DialogHandler;
-using TestSupport::Node;
-using Utilities::Anything;
-using Utilities::String;
-
-/// The test program's application, which notes what it is told.
-class TestApplication : public GUI::Application {
-public:
-    TestApplication() : Application("window-tests") {}
-    long OpenFile(String const& fileName) override {
-        opened.push_back(fileName.GetStdString());
-        return 1;
-    }
-    bool OnBeforeCommandLine() override {
-        if (beforeCommandLine) beforeCommandLine();
-        return true;
-    }
-    bool MayClose() override { return mayClose; }
-    void ReportError(String const& text) override { errors.push_back(text.GetStdString()); }
-
-    bool mayClose = true;
-    std::function<void()> beforeCommandLine;
-    std::vector<std::string> opened;
-    std::vector<std::string> errors;
-};
-
-class Environment : public testing::Environment {
-public:
-    void SetUp() override {
-        setenv("XDG_CONFIG_HOME", directory.GetPath().c_str(), 1);
-        app = std::make_unique<TestApplication>();
-        app->GetImplementation();
-    }
-    void TearDown() override { app.reset(); }
-
-    Tests::TemporaryDirectory directory;
-    std::unique_ptr<TestApplication> app;
-};
-auto* const environment = new Environment;
-testing::Environment* const registered = testing::AddGlobalTestEnvironment(environment);
-
-class Handler : public DialogHandler {
-public:
-    Anything GetValue(String const& element, String const& name) override {
-        auto const found = values.find(element.GetStdString() + "." + name.GetStdString());
-        return found == values.end() ? Anything() : found->second;
-    }
-    void Initialize() override { ++initialized; }
-    void SetDefaultSelection() override {
-        if (defaultSelection) defaultSelection();
-    }
-
-    std::map<std::string, Anything> values;
-    int initialized = 0;
-    std::function<void()> defaultSelection;
-};
-
-class Windows : public testing::Test {
-protected:
-    using NodePointer = Utilities::SmartPointer<GUI::DescriptionTree>;
-    using Attributes = std::initializer_list<std::pair<char const*, char const*>>;
-
-    /// A "Window" or "Dialog" of 300 by 200, unless `more` says otherwise.
-    static NodePointer Top(char const* type, char const* name, Attributes more = {},
-                           std::initializer_list<NodePointer> children = {}) {
-        auto const node = Node(
-            {{"GUIElementType", type}, {"ElementName", name}, {"Width", "300"}, {"Height", "200"}}, children);
-        for (auto const& [key, value] : more) (*node)[key] = value;
-        return node;
-    }
-    template <class T> T& Make(NodePointer const& node) {
-        description_ = node;
-        element_ = Utilities::ResolveComponent<GUI::GUIElement>((*node)["GUIElementType"].GetString());
-        element_->Initialize(none_, *node, &handler_);
-        QApplication::processEvents();
-        return dynamic_cast<T&>(*element_);
-    }
-    static QWidget& WidgetOf(GUI::GUIElement& element) {
-        return *GUI::PlatformIndependentWindowID_PC::WindowOf(*element.GetWindowID());
-    }
-    static NodePointer Content() {
-        return Node({{"GUIElementType", "VBox"}},
-                    {Top("Pane", "Content",
-                         {{"MinimalWidth", "120"}, {"MinimalHeight", "50"}, {"MaximalHeight", "5000"}})});
-    }
-
-    Handler handler_;
-    GUI::PlatformIndependentWindowID_PC none_;
-    NodePointer description_;
-    Utilities::SmartPointer<GUI::GUIElement> element_;
-};
-
-Utilities::Preferences& Settings() {
-    return *Utilities::ResolveComponent<Utilities::Preferences>("Preferences");
-}
-
-} // namespace
+using namespace Tests;
 
 TEST_F(Windows, TakesItsAttributesAndItsContentsLimits) {
     auto& window = Make<GUI::Window_PC>(Top("Window", "Main", {}, {Content()}));
@@ -363,21 +242,6 @@ TEST_F(Windows, BackgroundPicturesLieUnderTheElementsAtTheirOwnSize) {
     dialog.RunModal();
 }
 
-TEST_F(Windows, APaneThatDiesGivesTheDragCursorBack) {
-    struct Dragable : GUI::Pane {
-        bool IsDragable(std::pair<long, long> const& /*point*/) override { return true; }
-    };
-    auto& window = Make<GUI::Window_PC>(Top("Window", "Main"));
-    auto pane = std::make_unique<Dragable>();
-    pane->Initialize(*window.GetWindowID(), *Top("Pane", "Drag"), &handler_);
-    QMouseEvent move(QEvent::MouseMove, QPoint(1, 1), QPoint(1, 1), Qt::NoButton, Qt::NoButton,
-                     Qt::NoModifier);
-    QApplication::sendEvent(&WidgetOf(*pane), &move);
-    EXPECT_NE(QApplication::overrideCursor(), nullptr);
-    pane.reset();
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-}
-
 TEST_F(Windows, WhatAHandlerLetsEscapeGoesToTheApplication) {
     auto& dialog = Make<GUI::Dialog_PC>(Top("Dialog", "Ask"));
     handler_.SetCallback("Ask", "OnClose", Tests::MakeCallback([&](Anything const&) -> long {
@@ -416,7 +280,10 @@ TEST_F(Windows, KeysGoToAcceleratorsThenToTheMessageService) {
     QCoreApplication::sendEvent(WidgetOf(window).windowHandle(), &release);
     QKeyEvent shiftedDigit(QEvent::KeyRelease, Qt::Key_Exclam, Qt::ShiftModifier, 10, 0, 0, "!");
     QCoreApplication::sendEvent(WidgetOf(window).windowHandle(), &shiftedDigit);
-    EXPECT_EQ(keys, (std::vector<std::string>{"65;1;0", "49;1;0"}));
+    // The key of the letter S on a Cyrillic layout.
+    QKeyEvent cyrillic(QEvent::KeyRelease, 0x42B, Qt::NoModifier, 39, 0, 0, QString(QChar(0x44B)));
+    QCoreApplication::sendEvent(WidgetOf(window).windowHandle(), &cyrillic);
+    EXPECT_EQ(keys, (std::vector<std::string>{"65;1;0", "49;1;0", "83;0;0"}));
     service->RemoveCallback("Key");
 
     EXPECT_EQ(platform.OnShellCommand("[OPEN(\"/tmp/a (1).txt\")]"), 1);

@@ -59,6 +59,25 @@ await is_painted || fail "the window stayed empty"
 xdotool mousemove --window "$window" 228 675 click 1
 await has_changed || fail "a click on a patch changed $changed pixels"
 
+# The large swatch has the colour of the patch, and the one selected before has lost its mark.
+colours() { import -window "$window" "$work/now.png" && convert "$work/now.png" -format "%[pixel:p{$1}] %[pixel:p{$2}]" info:; }
+shows_patch() { read -r swatch patch <<<"$(colours 80,600 "$1")"; [ -n "$patch" ] && [ "$swatch" = "$patch" ]; }
+await shows_patch 228,675 || fail "the swatch is $swatch, the patch that was clicked $patch"
+import -window "$window" "$work/selected.png"
+xdotool key --window "$window" Tab key --window "$window" space
+await shows_patch 293,675 || fail "by key the swatch is $swatch, the patch $patch"
+xdotool mousemove --window "$window" 98 675 click 1
+await shows_patch 98,675 || fail "the swatch is $swatch, the patch that was clicked $patch"
+import -window "$window" "$work/moved.png"
+# The patch that was selected first looks as it did before: no second ring stays.
+same_as_before() {
+  import -window "$window" "$work/moved.png"
+  changed=$(compare -metric AE -extract 60x48+200+652 "$work/before.png" "$work/moved.png" null: 2>&1 || true)
+  [ "${changed%%[.e]*}" -eq 0 ]
+}
+await same_as_before || fail "the former selection left $changed pixels"
+has_changed
+
 # F8 takes the next language and keeps it.
 mv "$work/after.png" "$work/before.png"
 xdotool key --window "$window" F8

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "gui/elements/DropDataObject.h"
+
+#include <QMimeData>
+
+namespace GUI {
+
+/// What the platform drags, for as long as one of its events lives.
+class DropData : public DropDataObject {
+public:
+    explicit DropData(QMimeData const& data) : data_(data) {}
+
+    bool HasFormat(Utilities::String const& format) const override;
+    Utilities::Anything GetData(Utilities::String const& format) const override;
+
+private:
+    QMimeData const& data_;
+};
+
+} // namespace GUI

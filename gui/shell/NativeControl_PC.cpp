@@ -1,0 +1,151 @@
+#include "gui/shell/NativeControl_PC.h"
+
+#include "gui/platform/PlatformIndependentWindowID_PC.h"
+#include "gui/platform/TextConversion_PC.h"
+
+#include <QEvent>
+
+namespace GUI {
+
+namespace {
+
+constexpr char const* ownerProperty = "norvelianControl";
+
+} // namespace
+
+NativeControl::Place NativeControl::FindPlace(PlatformIndependentWindowID const& parent) {
+    auto const* const identity = dynamic_cast<PlatformIndependentWindowID_PC const*>(&parent);
+    QWidget* const window = identity ? identity->GetWindow() : nullptr;
+    if (!window) return {};
+    CNorvelianSurface& surface = CNorvelianSurface::Of(*window);
+    auto const outer = identity->GetLightWindow();
+    return {&surface, outer ? outer.get() : &surface.GetTree().GetRoot()};
+}
+
+void NativeControl::Take(QWidget& widget, Place const& place) {
+    widget_ = &widget;
+    surface_ = place.surface;
+    window_ = place.surface->GetTree().Add(*place.outer, this, LightWindow::Kind::Native);
+    widget.setProperty(ownerProperty, QVariant::fromValue<void*>(this));
+    widget.hide();
+    widget.installEventFilter(this);
+    // Enter doesn't press a button that only happens to have the focus.
+    if (auto* const button = qobject_cast<QPushButton*>(&widget)) button->setAutoDefault(false);
+    // The surface decides where Tab goes, in the order of the description.
+    SetTabStop((widget.focusPolicy() & Qt::TabFocus) != 0);
+}
+
+NativeControl* NativeControl::Of(QWidget const& widget) {
+    return static_cast<NativeControl*>(widget.property(ownerProperty).value<void*>());
+}
+
+void NativeControl::SetTabStop(bool stop) {
+    if (window_) window_->SetTabStop(stop);
+    if (widget_) widget_->setFocusPolicy(stop ? Qt::ClickFocus : Qt::NoFocus);
+}
+
+bool NativeControl::CanTakeFocus() const { return widget_ && widget_->isEnabled(); }
+
+void NativeControl::SetPosition(unsigned long x, unsigned long y) {
+    if (!window_) return;
+    window_->SetPosition(static_cast<int>(x), static_cast<int>(y));
+    SettleLater();
+}
+
+void NativeControl::SetSize(unsigned long width, unsigned long height) {
+    if (!window_) return;
+    window_->SetSize(static_cast<int>(width), static_cast<int>(height));
+    SettleLater();
+}
+
+void NativeControl::Show(bool visible) {
+    if (!window_ || visible == window_->IsShown()) return;
+    window_->Show(visible);
+    window_->GetVisibleBox();
+}
+
+void NativeControl::SettleLater() {
+    if (surface_) surface_->SettleLater();
+}
+
+void NativeControl::OnPlaced(PixelBox const& box, PixelBox const& visible) {
+    QPointer<QWidget> const widget = widget_;
+    if (!widget) return;
+    if (visible.IsEmpty()) return widget->hide();
+    widget->setGeometry(box.left, box.top, box.GetWidth(), box.GetHeight());
+    if (!widget) return;
+    if (visible == box)
+        widget->clearMask();
+    else
+        widget->setMask(
+            QRegion(visible.left - box.left, visible.top - box.top, visible.GetWidth(), visible.GetHeight()));
+    widget->show();
+}
+
+void NativeControl::Enable(bool enabled) {
+    if (widget_) widget_->setEnabled(enabled);
+}
+
+void NativeControl::SetFocus() {
+    if (widget_) widget_->setFocus(Qt::OtherFocusReason);
+}
+
+void NativeControl::SetFont(QFont const& font) {
+    if (widget_ && widget_->font() != font) widget_->setFont(font);
+}
+
+void NativeControl::SetBold(bool bold) {
+    if (!widget_) return;
+    QFont font = widget_->font();
+    font.setBold(bold);
+    SetFont(font);
+}
+
+void NativeControl::SetTextColor(RGBVector const& color) {
+    if (!widget_) return;
+    QPalette colors = widget_->palette();
+    QColor const text(color.GetRed(), color.GetGreen(), color.GetBlue());
+    for (auto const role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        colors.setColor(role, text);
+    widget_->setPalette(colors);
+}
+
+void NativeControl::SetBackgroundColor(RGBVector const& color) {
+    if (!widget_) return;
+    QPalette colors = widget_->palette();
+    QColor const background(color.GetRed(), color.GetGreen(), color.GetBlue());
+    for (auto const role : {QPalette::Window, QPalette::Base, QPalette::Button})
+        colors.setColor(role, background);
+    widget_->setPalette(colors);
+    // Also keeps Qt from painting the surface behind the control at each of its own repaints.
+    widget_->setAutoFillBackground(true);
+}
+
+void NativeControl::SetToolTip(Utilities::String const& text) {
+    if (widget_) widget_->setToolTip(AsPlainToolTip(ToPlatformText(text)));
+}
+
+void NativeControl::Release() {
+    if (auto const window = std::exchange(window_, nullptr)) {
+        window->ClearOwner();
+        window->Leave();
+    }
+    QPointer<QWidget> const widget = std::exchange(widget_, nullptr);
+    if (!widget) return;
+    widget->removeEventFilter(this);
+    widget->disconnect(this);
+    widget->setProperty(ownerProperty, {});
+    widget->hide();
+    if (widget) DeleteWhenIdle(*widget);
+}
+
+bool NativeControl::eventFilter(QObject* /*watched*/, QEvent* event) {
+    // A surface isn't told when the mouse goes over to a child of it.
+    if (event->type() == QEvent::Enter && surface_) {
+        QPointer<CNorvelianSurface> const surface = surface_;
+        RunEvent([&surface] { surface->LeavePane(); });
+    }
+    return false;
+}
+
+} // namespace GUI

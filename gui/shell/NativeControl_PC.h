@@ -1,0 +1,95 @@
+#pragma once
+
+#include "core/base/Exceptions.h"
+#include "gui/elements/GUIElement.h"
+#include "gui/elements/RGBVector.h"
+#include "gui/platform/LightWindow.h"
+#include "gui/shell/CNorvelianSurface.h"
+#include "gui/shell/EventGuard_PC.h"
+
+#include <QFont>
+#include <QPointer>
+#include <QPushButton>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+namespace GUI {
+
+/// The Qt widget of a control, as a member of the element that shows it. It places the widget among the
+/// panes of its window, keeps it guarded (Qt's parent may delete it first), and lets it go when the element
+/// is released: hidden at once, deleted when Qt is done with it.
+///
+/// An element makes the widget in its `Initialize`, passes its `SetPosition` and `SetSize` on, and calls
+/// `Release` in its `OnDetach`. The widget's signals are connected by `Connect`, which keeps the element
+/// alive while its handler runs and lets no exception into Qt.
+class NativeControl : public LightWindowOwner, private QObject {
+public:
+    explicit NativeControl(GUIElement& element) : element_(element) {}
+    ~NativeControl() override { Release(); }
+    NativeControl(NativeControl const&) = delete;
+    NativeControl& operator=(NativeControl const&) = delete;
+
+    /// Makes a widget of type `T`. Without a parent window throws `RuntimeException` with `failure`.
+    template <class T> T& Make(PlatformIndependentWindowID const& parent, char const* failure) {
+        Place const place = FindPlace(parent);
+        if (!place.surface) throw Norvelian::Utilities::Exceptions::RuntimeException(failure);
+        auto* const widget = new T(place.surface);
+        Take(*widget, place);
+        return *widget;
+    }
+    template <class Sender, class Signal, class Handler>
+    void Connect(Sender& sender, Signal signal, Handler handler) {
+        connect(&sender, signal, this, [this, handler](auto&&... arguments) {
+            RunGuardedEvent(element_, [&] {
+                // A handler may leave out what it doesn't need of the signal.
+                if constexpr (std::is_invocable_v<Handler const&, decltype(arguments)...>)
+                    handler(std::forward<decltype(arguments)>(arguments)...);
+                else
+                    handler();
+                return true;
+            });
+        });
+    }
+    /// Null once the element is released or Qt has deleted the widget.
+    QWidget* GetWidget() const { return widget_; }
+    LightWindow* GetLightWindow() const { return window_.get(); }
+    /// The control that a widget belongs to; null for other widgets.
+    static NativeControl* Of(QWidget const& widget);
+
+    void SetPosition(unsigned long x, unsigned long y);
+    void SetSize(unsigned long width, unsigned long height);
+    void Show(bool visible);
+    bool IsShown() const { return window_ && window_->IsShown(); }
+    void Enable(bool enabled);
+    void SetFocus();
+    /// Whether Tab reaches the control; on at first for widgets that take the keyboard.
+    void SetTabStop(bool stop);
+    bool CanTakeFocus() const;
+    void SetFont(QFont const& font);
+    void SetBold(bool bold);
+    void SetTextColor(RGBVector const& color);
+    void SetBackgroundColor(RGBVector const& color);
+    /// Shown as it is, never as markup.
+    void SetToolTip(Utilities::String const& text);
+    void Release();
+
+    void OnPlaced(PixelBox const& box, PixelBox const& visible) override;
+
+private:
+    struct Place {
+        CNorvelianSurface* surface = nullptr;
+        LightWindow* outer = nullptr;
+    };
+    static Place FindPlace(PlatformIndependentWindowID const& parent);
+    void Take(QWidget& widget, Place const& place);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void SettleLater();
+
+    GUIElement& element_;
+    QPointer<QWidget> widget_;
+    QPointer<CNorvelianSurface> surface_;
+    std::shared_ptr<LightWindow> window_;
+};
+
+} // namespace GUI

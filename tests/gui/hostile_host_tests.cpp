@@ -1,0 +1,248 @@
+// Every component against data sources that do their worst inside a question or a callback: close the
+// window, rebuild the view, throw, change the language. Nothing may be used after it is gone, which the
+// address sanitizer sees, and nothing may stay behind.
+#include "Diagnostics/Sink.h"
+#include "Utilities/NamingService.h"
+#include "gui/elements/Attributes.h"
+#include "gui/elements/CallScope.h"
+#include "gui/elements/Pane.h"
+#include "tests/support/ElementNames.h"
+#include "tests/support/FakeDataSource.h"
+#include "tests/support/FakeWindowHost.h"
+#include "tests/support/FunctionCallback.h"
+#include "tests/support/RecordingDeviceContext.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+using namespace TestSupport;
+using GUI::GUIElement;
+using GUI::Pane;
+using Utilities::Anything;
+using Utilities::SmartPointer;
+using Utilities::String;
+
+/// Strikes once, at a call given beforehand.
+class HostileSource : public FakeDataSource {
+public:
+    int calls = 0;
+    int strikeAt = -1;
+    std::function<void()> strike;
+
+    void SetValue(String const& element, String const& name, Anything const& value) override {
+        Called();
+        FakeDataSource::SetValue(element, name, value);
+    }
+    Anything GetValue(String const& element, String const& name) override {
+        Called();
+        return FakeDataSource::GetValue(element, name);
+    }
+    Utilities::Callback GetCallback(String const& element, String const& name) override {
+        auto const registered = FakeDataSource::GetCallback(element, name);
+        if (registered.IsValid() || isGone) return registered;
+        return Tests::MakeCallback([this](Anything const&) { return Called(), 1L; });
+    }
+
+    /// While elements take their callbacks back they ask for them.
+    bool isGone = false;
+
+private:
+    void Called() {
+        if (calls++ == strikeAt) strike();
+    }
+};
+
+struct Operation {
+    char const* name;
+    std::function<void(GUIElement&, FakeWindowHost&)> run;
+};
+
+template <class Call> std::function<void(GUIElement&, FakeWindowHost&)> OnPane(Call call) {
+    return [call](GUIElement& element, FakeWindowHost& host) {
+        if (auto* const pane = dynamic_cast<Pane*>(&element)) call(*pane, host);
+    };
+}
+
+Operation const operations[] = {
+    {"update", [](GUIElement& element, FakeWindowHost&) { element.OnUpdate({}); }},
+    {"update of settings", [](GUIElement& element, FakeWindowHost&) { element.OnUpdate("Properties"); }},
+    {"update of data", [](GUIElement& element, FakeWindowHost&) { element.OnUpdate("1;1-3;2"); }},
+    {"language", [](GUIElement& element, FakeWindowHost&) { element.OnLanguageChanged(); }},
+    {"paint", OnPane([](Pane& pane, FakeWindowHost& host) {
+         RecordingDeviceContext context;
+         host.Paint(pane, context);
+     })},
+    {"click", OnPane([](Pane& pane, FakeWindowHost& host) { host.Click(pane, 3, 4); })},
+    {"move", OnPane([](Pane& pane, FakeWindowHost& host) { host.Move(pane, 3, 4); })},
+    {"tool tip", OnPane([](Pane& pane, FakeWindowHost& host) { host.GetToolTip(pane, 3, 4); })},
+    {"selection", OnPane([](Pane& pane, FakeWindowHost&) { pane.Select({}); })},
+    {"properties", OnPane([](Pane& pane, FakeWindowHost&) { pane.GetProperties(); })},
+};
+
+enum class Strike { Drop, Rebuild, Throw, Language };
+
+/// Runs one operation with a strike at one call of the data source; false if it made fewer calls.
+bool StrikeAt(std::string const& type, Operation const& operation, Strike kind, int strikeAt) {
+    FakeWindowHost host;
+    HostileSource source;
+    auto const describe = [&type] {
+        auto const node = Node({{"GUIElementType", type.c_str()}, {"ElementName", "e"}});
+        for (auto const& attribute : GUI::AttributeTable::Collect(type))
+            if (attribute.mandatory && !node->FindValue(attribute.key))
+                (*node)[attribute.key] = attribute.defaultValue;
+        return node;
+    };
+    auto const tree = Node({{"GUIElementType", "Pane"}, {"ElementName", "root"}}, {describe()});
+    SmartPointer<GUIElement> root = host.Create(tree, &source);
+    source.values = {{{"e", "NrOfPatches"}, Anything(2L)}, {{"e", "IsSelectable"}, Anything(true)}};
+    root->SetSize(200, 100);
+    GUIElement* const element = root->GetChildrenList().Begin().Current().Get();
+    source.strike = [&] {
+        switch (kind) {
+        case Strike::Drop:
+            source.isGone = true;
+            root = nullptr;
+            break;
+        case Strike::Rebuild:
+            dynamic_cast<Pane&>(*root).SetGUIDescriptionTree(
+                *Node({{"GUIElementType", "Pane"}, {"ElementName", "root"}}, {describe()}), &source);
+            break;
+        case Strike::Throw:
+            throw std::runtime_error("from a data source");
+        case Strike::Language:
+            root->OnLanguageChanged();
+            break;
+        }
+    };
+    source.calls = 0;
+    source.strikeAt = strikeAt;
+    {
+        GUI::EventScope const event;
+        try {
+            GUI::CallScope const call(*element);
+            operation.run(*element, host);
+        } catch (std::exception const&) {
+            // What the contracts let escape reaches whoever called.
+        }
+        if (kind == Strike::Rebuild && source.calls > strikeAt) {
+            EXPECT_FALSE(element->IsAttached());
+            EXPECT_EQ(element->GetDataSource(), nullptr);
+        }
+    }
+    EXPECT_EQ(GUI::ReleasedElements::GetCount(), 0U) << "nothing piles up";
+    bool const struck = source.calls > strikeAt;
+    source.strikeAt = -1;
+    source.isGone = true;
+    root = nullptr;
+    EXPECT_EQ(host.GetWindowCount(), 0);
+    return struck;
+}
+
+class HostileHost : public testing::TestWithParam<std::string> {};
+
+} // namespace
+
+TEST_P(HostileHost, MayDoAnythingInAnyCall) {
+    auto const former = Diagnostics::SetSink([](auto const&, auto const&) {});
+    for (Operation const& operation : operations)
+        for (Strike const kind : {Strike::Drop, Strike::Rebuild, Strike::Throw, Strike::Language}) {
+            SCOPED_TRACE(std::string(operation.name) + ", strike " + std::to_string(static_cast<int>(kind)));
+            int call = 0;
+            constexpr int most = 80;
+            while (call < most && StrikeAt(GetParam(), operation, kind, call)) ++call;
+        }
+    Diagnostics::SetSink(former);
+}
+
+INSTANTIATE_TEST_SUITE_P(Components, HostileHost, testing::ValuesIn(ElementNames()),
+                         [](auto const& row) { return row.param; });
+
+// ------------------------------------------------------------------ the rule itself
+
+namespace {
+
+struct Watched : GUIElement {
+    explicit Watched(int& alive) : alive_(alive) { ++alive_; }
+    ~Watched() override { --alive_; }
+    using GUIElement::ReleaseChildren;
+    int& alive_;
+};
+
+class Release : public testing::Test {
+protected:
+    SmartPointer<GUIElement> Make() { return SmartPointer<GUIElement>(Utilities::MakeSmart<Watched>(alive)); }
+    int alive = 0;
+};
+
+} // namespace
+
+TEST_F(Release, OutsideOfEventsDestroysAtOnce) {
+    auto element = Make();
+    element->Adopt(Make());
+    element = nullptr;
+    EXPECT_EQ(alive, 0);
+}
+
+TEST_F(Release, WaitsForTheLastCallAlsoInANestedLoop) {
+    auto parent = Make();
+    auto const child = Make();
+    parent->Adopt(child);
+    auto bystander = Make();
+    {
+        GUI::EventScope const event(1);
+        GUI::CallScope const call(*child);
+        {
+            // A modal dialog's own events.
+            GUI::EventScope const nested(2);
+            parent = nullptr;
+            bystander = nullptr;
+            EXPECT_EQ(alive, 3);
+            EXPECT_FALSE(child->IsAttached());
+            EXPECT_EQ(child->GetParentElement(), nullptr);
+        }
+        EXPECT_EQ(alive, 2) << "only what the call may still be in waits";
+        {
+            GUI::EventScope const sentByThePlatform(1);
+            EXPECT_EQ(alive, 2);
+        }
+        EXPECT_EQ(alive, 2);
+    }
+    EXPECT_EQ(alive, 1) << "somebody still holds the child";
+}
+
+TEST_F(Release, KeepsAParentThatACallCameThroughBeforeItLostTheChild) {
+    auto parent = Make();
+    {
+        GUI::EventScope const event(1);
+        auto child = Make();
+        parent->Adopt(child);
+        GUI::CallScope const call(*child);
+        GUIElement const& below = *child;
+        child = nullptr;
+        GUI::EventScope const nested(2);
+        dynamic_cast<Watched&>(*parent).ReleaseChildren();
+        parent = nullptr;
+        EXPECT_FALSE(below.IsAttached());
+        { GUI::EventScope const innermost(3); }
+        EXPECT_EQ(alive, 2) << "the call may have come through the parent";
+    }
+    EXPECT_EQ(alive, 0);
+}
+
+TEST_F(Release, AQuestionAskedOutsideOfEventsIsACallToo) {
+    auto element = Make();
+    {
+        GUI::CallScope const call(*element);
+        element = nullptr;
+        EXPECT_FALSE(call.IsAttached());
+        EXPECT_EQ(alive, 1);
+    }
+    // The caller's own frames may still be in it; the next event finds it idle.
+    EXPECT_EQ(alive, 1);
+    { GUI::EventScope const event; }
+    EXPECT_EQ(alive, 0);
+}
