@@ -8,6 +8,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/BarChart.cpp
   gui/charts/BarGraph.cpp
   services/Bitmap_PC.cpp
+  gui/controls/CheckBox_PC.cpp
   gui/colour/CirclePatch.cpp
   services/ColorLibraryTextAdapter.cpp
   gui/charts/CrossGraph.cpp
@@ -48,6 +49,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/ScaleNumbers.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
+  gui/controls/CheckBox.cpp
   gui/controls/CNorvelianFixedText.cpp
   gui/controls/FixedText.cpp
   gui/controls/TextAdaption.cpp

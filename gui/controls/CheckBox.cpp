@@ -1,0 +1,32 @@
+#include "gui/controls/CheckBox.h"
+
+#include "gui/elements/Application.h"
+#include "gui/elements/Topics.h"
+
+namespace GUI {
+
+namespace {
+
+constexpr Attribute attributes[] = {CheckBox::caption, CheckBox::triState, CheckBox::backgroundColor};
+AttributeTable const table("CheckBox", "GUIElement", attributes);
+
+} // namespace
+
+void CheckBox::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                          DialogDataSource* dataSource) {
+    GUIElement::Initialize(parent, description, dataSource);
+    RegisterOnUpdate();
+}
+
+void CheckBox::OnClicked(long state) {
+    CallScope const call(*this);
+    try {
+        TellValue("State", state);
+        Fire(Events::click, GetElementName());
+    } catch (std::exception const& failure) {
+        Application::Instance().ReportError(
+            (std::string("An unexpected error occured. Error text:") + failure.what()).c_str());
+    }
+}
+
+} // namespace GUI
