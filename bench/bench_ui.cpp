@@ -2,7 +2,9 @@
 // hands (floor) or by a component that others use (peer), measured in the same run. Each checks its result.
 
 #include "Utilities/NamingService.h"
+#include "core/creators/ComponentCreator.h"
 #include "gui/elements/Application.h"
+#include "gui/elements/Attributes.h"
 #include "gui/elements/GUIDescriptionReader.h"
 #include "gui/elements/Pane.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
@@ -12,6 +14,7 @@
 #include <QEvent>
 #include <QPainter>
 #include <QVariant>
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <string>
@@ -41,7 +44,7 @@ int Leaves() {
 
 void DescribeNode(std::string& text, int i, int depth) {
     if (!IsBox(i)) {
-        text += "<Pane ElementName=\"w" + std::to_string(i) +
+        text += "<CountedPane ElementName=\"w" + std::to_string(i) +
                 "\" BackgroundColor=\"40,80,120\" MinimalWidth=\"1\" MinimalHeight=\"1\"/>\n";
         return;
     }
@@ -57,6 +60,18 @@ std::string Description() {
     DescribeNode(text, 0, 0);
     return text + "</Window>\n";
 }
+
+/// A pane that counts its paints.
+class CountedPane : public GUI::Pane {
+public:
+    void OnPaint(GUI::PlatformIndependentDeviceContext& context) override {
+        ++paints;
+        Pane::OnPaint(context);
+    }
+    static inline int paints = 0;
+};
+Utilities::ComponentCreatorNormal<CountedPane> const creator({"CountedPane", "$Revision: 1 $", "Benchmark"});
+GUI::AttributeTable const table("CountedPane", "Pane", {});
 
 /// Counts the paints of all widgets that have nothing in them.
 class PaintCounter : public QObject {
@@ -94,15 +109,17 @@ QWidget* MakeWidgets(int i, int depth, QWidget* parent) {
     return box;
 }
 
-template <class Make> void FirstPaint(benchmark::State& state, Make make) {
+template <class Make> void FirstPaint(benchmark::State& state, Make make, int leaves = Leaves()) {
     for (auto _ : state) {
         PaintCounter counter;
+        CountedPane::paints = 0;
+        auto const painted = [&counter] { return std::max(counter.paints, CountedPane::paints); };
         auto const start = Clock::now();
         {
             auto const window = make();
-            for (int i = 0; i < 100 && counter.paints < Leaves(); ++i) QApplication::processEvents();
+            for (int i = 0; i < 100 && painted() < leaves; ++i) QApplication::processEvents();
             state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
-            if (counter.paints < Leaves()) state.SkipWithError("not every pane was painted");
+            if (painted() < leaves) state.SkipWithError("not every pane was painted");
         }
         QApplication::processEvents();
     }
@@ -131,6 +148,50 @@ void DescriptionFloor(benchmark::State& state) {
         window->show();
         return window;
     });
+}
+
+// ------------------------------------------------------------------ many panes
+
+constexpr int manyColumns = 200;
+constexpr int manyPanes = manyColumns * manyColumns;
+
+std::string GridDescription(int columns) {
+    return "<Window ElementName=\"Many\" Width=\"1600\" Height=\"1000\"><VBox>"
+           "<LoopBox CounterVariable=\"ROW\" Repetitions=\"" +
+           std::to_string(columns) + "\"><HBox><LoopBox CounterVariable=\"COL\" Repetitions=\"" +
+           std::to_string(columns) +
+           "\"><CountedPane ElementName=\"pROW_COL\" BackgroundColor=\"40,80,120\"/></LoopBox></HBox>"
+           "</LoopBox></VBox></Window>";
+}
+
+struct OpenWindow {
+    explicit OpenWindow(std::string const& text)
+        : description(GUI::GUIDescriptionReader::Parse(text, "bench")),
+          window(Utilities::ResolveComponent<GUI::GUIElement>("Window")) {
+        window->Initialize(GUI::PlatformIndependentWindowID_PC(), description, nullptr);
+    }
+    GUI::DescriptionTree description;
+    Utilities::SmartPointer<GUI::GUIElement> window;
+};
+
+void ManyPanes(benchmark::State& state) {
+    std::string const text = GridDescription(manyColumns);
+    FirstPaint(
+        state, [&text] { return std::make_unique<OpenWindow>(text); }, manyPanes);
+}
+
+/// The same pane alone in a window and among 10 000.
+void RepaintAmong(benchmark::State& state, int columns) {
+    OpenWindow const open(GridDescription(columns));
+    for (int i = 0; i < 10; ++i) QApplication::processEvents();
+    auto& pane = dynamic_cast<GUI::Pane&>(open.window->FindElement("p0_0"));
+    // Both paint as many pixels.
+    pane.SetSize(16, 10);
+    for (int i = 0; i < 10; ++i) QApplication::processEvents();
+    CountedPane::paints = 0;
+    for (auto _ : state) pane.Repaint();
+    if (CountedPane::paints < static_cast<int>(state.iterations()))
+        state.SkipWithError("repaint was not synchronous");
 }
 
 // ------------------------------------------------------------------ repaint
@@ -303,6 +364,9 @@ int main(int argc, char** argv) {
     RegisterBenchmark("description.first-paint-1000/floor:direct-widgets", DescriptionFloor)
         ->UseManualTime()
         ->Unit(ms);
+    RegisterBenchmark("panes.first-paint-40000/ours", ManyPanes)->UseManualTime()->Unit(ms);
+    RegisterBenchmark("repaint.one-of-10000/ours", RepaintAmong, 100)->Unit(benchmark::kMicrosecond);
+    RegisterBenchmark("repaint.one-of-10000/floor:alone", RepaintAmong, 1)->Unit(benchmark::kMicrosecond);
     RegisterBenchmark("repaint.200x200/ours", RepaintOurs)->Unit(benchmark::kMicrosecond);
     RegisterBenchmark("repaint.200x200/floor:QWidget.repaint", RepaintFloor)->Unit(benchmark::kMicrosecond);
     RegisterBenchmark("map.lookup-12/ours", LookUpOurs);
