@@ -5,7 +5,6 @@
 namespace GUI {
 
 using Utilities::Anything;
-using Utilities::String;
 
 namespace {
 
