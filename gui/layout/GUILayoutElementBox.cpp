@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <optional>
 
 namespace GUI {
 
@@ -13,10 +14,12 @@ using Utilities::Vector;
 
 /// The run of the outermost `SetSize` of a tree of boxes. Answers of children are kept within it alone:
 /// whatever may change between two passes, an element's own override included, is asked for again.
-class GUILayoutElementBox::Pass : private LayoutScope {
+class GUILayoutElementBox::Pass {
 public:
     Pass() {
-        if (depth++ == 0) AdvanceLayoutRevision();
+        if (depth++ != 0) return;
+        layout_.emplace();
+        AdvanceLayoutRevision();
     }
     ~Pass() { --depth; }
     Pass(Pass const&) = delete;
@@ -26,6 +29,8 @@ public:
 
 private:
     static int depth;
+    /// Of the outermost pass: the boxes in it needn't say again that a layout runs.
+    std::optional<LayoutScope> layout_;
 };
 
 int GUILayoutElementBox::Pass::depth = 0;
