@@ -86,14 +86,7 @@ void BarChart::Initialize(PlatformIndependentWindowID const& parent, Description
 
 void BarChart::BuildGraphDescription(AttributeMap const& attributes) {
     AttributeReader const reader(attributes);
-    auto const graph = Utilities::MakeSmart<DescriptionTree>();
-    (*graph)["GUIElementType"] = "BarGraph";
-    (*graph)["ElementName"] = graphName;
-    (*graph)["Register"] = "No";
-    (*graph)["MinimalWidth"] = "10";
-    (*graph)["MaximalWidth"] = "10000";
-    (*graph)["MinimalHeight"] = "10";
-    (*graph)["MaximalHeight"] = "10000";
+    auto const graph = DescribeGraph("BarGraph", graphName);
     (*graph)["Frame"] = "No";
     for (Attribute const& key : graphKeys)
         if (auto const found = attributes.Find(key.key); found.IsValid())

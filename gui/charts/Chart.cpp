@@ -14,6 +14,18 @@ void Chart::Initialize(PlatformIndependentWindowID const& parent, DescriptionTre
     RegisterOnUpdate();
 }
 
+Utilities::SmartPointer<DescriptionTree> Chart::DescribeGraph(char const* type, char const* name) {
+    auto graph = Utilities::MakeSmart<DescriptionTree>();
+    (*graph)["GUIElementType"] = type;
+    (*graph)["ElementName"] = name;
+    (*graph)["Register"] = "No";
+    (*graph)["MinimalWidth"] = "10";
+    (*graph)["MaximalWidth"] = "10000";
+    (*graph)["MinimalHeight"] = "10";
+    (*graph)["MaximalHeight"] = "10000";
+    return graph;
+}
+
 void Chart::CreateChildren() { SetGUIDescriptionTree(graphDescription_, this); }
 
 void Chart::FireCallback(String const& element, String const& event, Anything const& argument) {

@@ -42,6 +42,8 @@ public:
 
 protected:
     using Pane::GetValue;
+    /// A node for a private graph: it can't be found by name from outside and takes the room it is given.
+    static Utilities::SmartPointer<DescriptionTree> DescribeGraph(char const* type, char const* name);
     DescriptionTree& GetGraphDescription() { return graphDescription_; }
 
 private:

@@ -47,14 +47,7 @@ void XYChart::Initialize(PlatformIndependentWindowID const& parent, DescriptionT
 }
 
 void XYChart::BuildGraphDescription(AttributeMap const& attributes) {
-    auto const graph = Utilities::MakeSmart<DescriptionTree>();
-    (*graph)["GUIElementType"] = "XYGraph";
-    (*graph)["ElementName"] = graphName;
-    (*graph)["Register"] = "No";
-    (*graph)["MinimalWidth"] = "10";
-    (*graph)["MaximalWidth"] = "10000";
-    (*graph)["MinimalHeight"] = "10";
-    (*graph)["MaximalHeight"] = "10000";
+    auto const graph = DescribeGraph("XYGraph", graphName);
     (*graph)["JustificationOnX"] = "Yes";
     AttributeReader const reader(attributes);
     for (Attribute const& key : {Keys::lineColor, Keys::xScaleDrawLines, Keys::xScaleGraduation,

@@ -100,7 +100,6 @@ public:
     LightWindowTree& operator=(LightWindowTree const&) = delete;
 
     LightWindow& GetRoot() { return *root_; }
-    std::shared_ptr<LightWindow> GetSharedRoot() const { return root_; }
     void SetSize(int width, int height);
     /// A window above all others in `parent`, of size 0 at its corner.
     std::shared_ptr<LightWindow> Add(LightWindow& parent, LightWindowOwner* owner, LightWindow::Kind kind);

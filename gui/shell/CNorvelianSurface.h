@@ -54,7 +54,6 @@ public:
     /// @name What a pane asks for
     /// @{
     void TakeFocus(CNorvelianAdvancedControl& control, Qt::FocusReason reason);
-    bool HasFocus(CNorvelianAdvancedControl const& control) const;
     void Capture(CNorvelianAdvancedControl& control, bool capture);
     /// Hears of a pane that is going away, or was hidden.
     void Forget(CNorvelianAdvancedControl& control);

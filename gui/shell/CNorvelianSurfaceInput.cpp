@@ -182,10 +182,6 @@ void CNorvelianSurface::RepaintFocusMark() {
         update(mark.left, mark.top, mark.GetWidth(), mark.GetHeight());
 }
 
-bool CNorvelianSurface::HasFocus(CNorvelianAdvancedControl const& control) const {
-    return focused_ && focus_.lock().get() == &control;
-}
-
 void CNorvelianSurface::TakeFocus(CNorvelianAdvancedControl& control, Qt::FocusReason reason) {
     SetFocusPane(control.shared_from_this(), reason);
 }

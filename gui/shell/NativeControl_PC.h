@@ -60,7 +60,6 @@ public:
     void SetPosition(unsigned long x, unsigned long y);
     void SetSize(unsigned long width, unsigned long height);
     void Show(bool visible);
-    bool IsShown() const { return window_ && window_->IsShown(); }
     void Enable(bool enabled);
     void SetFocus();
     /// Whether Tab reaches the control; on at first for widgets that take the keyboard.

@@ -49,9 +49,6 @@ TEST_F(Windows, BarsLieBesideTheClientArea) {
 }
 
 TEST_F(Windows, AWindowMayBeDroppedInItsOwnEvents) {
-    auto& window = Make<GUI::Window_PC>(Top("Window", "Main", {}, {Content()}));
-    QPointer<QWidget> const widget = &WidgetOf(window);
-    handler_.SetCallback("Main", "OnUpdate", {});
     struct Dropper : DialogHandler {
         Utilities::SmartPointer<GUI::GUIElement>* dropped = nullptr;
         Anything GetValue(String const&, String const& name) override {
