@@ -3,10 +3,10 @@
 
 #include "Utilities/NamingService.h"
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Application.h"
-#include "gui/elements/Attributes.h"
-#include "gui/elements/GUIDescriptionReader.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/application/Application.h"
+#include "gui/elements/description/Attributes.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 
 #include <QApplication>

@@ -3,7 +3,7 @@
 #include "core/creators/ComponentCreator.h"
 #include "gui/charts/CrossGraph.h"
 #include "gui/charts/UpdateMessage.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <cmath>
 #include <numbers>

@@ -3,7 +3,7 @@
 #include "Diagnostics/Sink.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/charts/CurvePainter.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <algorithm>
 #include <cmath>

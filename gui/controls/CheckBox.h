@@ -1,7 +1,7 @@
 #pragma once
 
-#include "gui/elements/Attributes.h"
 #include "gui/elements/GUIElement.h"
+#include "gui/elements/description/Attributes.h"
 
 namespace GUI {
 

@@ -2,8 +2,8 @@
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
-#include "gui/elements/Attributes.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <exception>
 #include <string>

@@ -2,12 +2,12 @@
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
-#include "gui/elements/Attributes.h"
 #include "gui/elements/DialogHandler.h"
-#include "gui/elements/GUIDescriptionReader.h"
 #include "gui/elements/LayoutScope.h"
 #include "gui/elements/SelectionServiceInterface.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/description/Attributes.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 
 namespace GUI {
 

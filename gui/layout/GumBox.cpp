@@ -2,7 +2,7 @@
 
 #include "Diagnostics/Sink.h"
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 namespace GUI {
 

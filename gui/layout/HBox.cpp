@@ -1,7 +1,7 @@
 #include "gui/layout/HBox.h"
 
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 namespace GUI {
 

@@ -1,10 +1,10 @@
 #include "gui/shell/Dialog_PC.h"
 
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Application.h"
 #include "gui/elements/DialogObserver.h"
 #include "gui/elements/LayoutScope.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/application/Application.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 
 #include <QPalette>

@@ -1,9 +1,9 @@
 #include "gui/shell/Window_PC.h"
 
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Application.h"
 #include "gui/elements/LayoutScope.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/application/Application.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #include "Utilities/NamingService.h"
 #include "Utilities/Plugin.h"
 #include "Utilities/ProgramDirectory.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // Check boxes in a real window on the offscreen platform.
 #include "Utilities/NamingService.h"
-#include "gui/elements/Application.h"
+#include "gui/elements/application/Application.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "tests/support/FakeDataSource.h"
 #include "tests/support/FakeWindowHost.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "gui/elements/Description.h"
-#include "gui/elements/RGBVector.h"
+#include "gui/elements/description/Description.h"
+#include "gui/elements/colour/RGBVector.h"
 
 #include <cstdint>
 #include <span>

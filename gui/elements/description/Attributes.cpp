@@ -1,4 +1,4 @@
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
-#include "gui/elements/GUIDescriptionReader.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/ProgramDirectory.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <algorithm>
 #include <cctype>
