@@ -137,8 +137,7 @@ Resolved Resolve(NVMeasureConditions const& asked, NVMeasureConditions const& me
     Resolved resolved = Resolve(conditions);
     if (!resolved.paper)
         throw TristimException("white base Paper needs the condition " + std::string(Key::PaperSpectrum));
-    resolved.conditions.SetMeasureCondition(Key::Method,
-                                            resolved.viewing.correctBandpass ? kCorrectedMethod : kMethod);
+    resolved.conditions.SetMeasureCondition(Key::Method, MethodOf(BandpassOf(resolved.viewing)));
     return resolved;
 }
 

@@ -122,6 +122,27 @@ double GetYellowness(NVSpectrum const& spectrum, Illumination illumination, Obse
     return 100 * Divide(cx * colour.x - cz * colour.z, colour.y, "yellowness (ASTM E313)");
 }
 
+Brightness GetBrightness(NVSpectrum const& spectrum) {
+    static constexpr std::array<double, 12> weights{0.213,  1.430,  3.885,  7.364, 12.295, 17.609,
+                                                    21.345, 18.933, 11.334, 4.333, 1.195,  0.064};
+    constexpr std::size_t first = (400 - kBandFirst) / kBandStep;
+    NVMeasureConditions const& measured = spectrum.GetMeasureConditions();
+    if (std::string const type = measured.GetMeasureCondition(Key::SpectrumType); type != "Remission")
+        throw TristimException("a spectrum of type \"" + type + "\" has no brightness");
+    Brightness result{0, {}};
+    for (std::size_t band = 0; band < weights.size(); ++band)
+        result.percent += weights[band] * static_cast<double>(spectrum.GetValues()[first + band]);
+    std::string const geometry = measured.GetMeasureCondition(Key::Geometry);
+    bool const stated = measured.GetState(Key::Geometry) == ConditionState::Stated;
+    if (stated && geometry == "d:0")
+        result.name = "ISO brightness (ISO 2470)";
+    else if (geometry.empty())
+        result.name = "R457, geometry unknown";
+    else
+        result.name = "R457, " + geometry + (stated ? "" : " (assumed)");
+    return result;
+}
+
 double GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
                           NVMeasureConditions const& reference, NVMeasureConditions const& test) {
     RequireComparable(standard.GetMeasureConditions(), sample.GetMeasureConditions(),

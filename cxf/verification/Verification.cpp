@@ -299,11 +299,13 @@ std::vector<VerificationCheck> RunVerification() {
     checks.Ciede2000();
     checks.WhitePoints();
     checks.DerivedWeights();
+    checks.CorrectedWeights();
     checks.Daylight();
     checks.Spaces();
     checks.Differences();
     checks.RoundTrips();
     checks.Print();
+    checks.Paper();
     checks.Chromaticities();
     checks.UniformSpaces();
     checks.Rendering();

@@ -173,6 +173,19 @@ TEST(PrintMeasures, WhitenessYellownessOpacity) {
     EXPECT_THROW(static_cast<void>(Tristim::GetOpacity(Flat(0.5F), Flat(0), {})), TristimException);
 }
 
+TEST(PrintMeasures, BrightnessIsNamedAfterItsGeometry) {
+    // A step at 455 nm: the weights of 460 to 510 nm.
+    std::vector<float> step(36, 0.0F);
+    for (std::size_t band = 8; band < 36; ++band) step[band] = 1;
+    EXPECT_NEAR(Tristim::GetBrightness(Tristim::NVSpectrum(step)).percent, 57.204, 1e-4);
+    for (auto const& [geometry, name] :
+         {std::pair{"d:0", "ISO brightness (ISO 2470)"}, {"45:0", "R457, 45:0"}})
+        EXPECT_EQ(Tristim::GetBrightness(Flat(0.9F, {{Key::Geometry, geometry}})).name, name);
+    EXPECT_EQ(Tristim::GetBrightness(Flat(0.9F)).name, "R457, geometry unknown");
+    EXPECT_THROW(static_cast<void>(Tristim::GetBrightness(Flat(1, {{Key::SpectrumType, "Emission"}}))),
+                 TristimException);
+}
+
 TEST(PrintMeasures, MetamerismShowsOnlyUnderTheOtherLight) {
     auto const d65 = With({{Key::Illumination, "D65"}});
     auto const a = With({{Key::Illumination, "A"}});
