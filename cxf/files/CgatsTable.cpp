@@ -24,6 +24,15 @@ bool HasDecimalComma(std::string_view text) {
     return Parse(point, number);
 }
 
+namespace {
+
+/// "50;10;-10" and "50,10,-10".
+bool IsJoined(std::string_view text) {
+    return text.find(';') != std::string_view::npos || std::count(text.begin(), text.end(), ',') > 1;
+}
+
+} // namespace
+
 void CgatsTable::FailInData(CgatsToken const& where, std::string const& reason) const {
     // A line that lacks a value shifts all that follow it; the line is the news then, and not what the
     // shift did to a later value.
@@ -33,10 +42,11 @@ void CgatsTable::FailInData(CgatsToken const& where, std::string const& reason) 
 
 void CgatsTable::FailUneven() const {
     bool const few = unevenCount < format.size();
-    scanner.Fail(*uneven,
-                 "the line has " + std::to_string(unevenCount) + " values; expected " +
-                     std::to_string(format.size()) +
-                     (few ? " (an empty cell is written \"\")" : " (a text with blanks needs quotes)"));
+    scanner.Fail(*uneven, "the line has " + std::to_string(unevenCount) + " values; expected " +
+                              std::to_string(format.size()) +
+                              (IsJoined(uneven->text) ? " (values are parted by blanks or tabs)"
+                               : few                  ? " (an empty cell is written \"\")"
+                                                      : " (a text with blanks needs quotes)"));
 }
 
 double CgatsTable::Number(CgatsToken const& token, std::size_t field) const {
@@ -129,9 +139,9 @@ double CgatsTable::FindXyzScale(CgatsLayout::Colour const& colour, Conditions co
     // A lightness in the same row tells for certain.
     for (auto const& other : layout.colours) {
         if (std::string_view(other.kind->space) != "CIELab") continue;
-        double const stated = Number(data[brightest * width + other.fields[0]], other.fields[0]);
-        bool const fraction = std::abs(Tristim::Lightness(highestY) - stated) <
-                              std::abs(Tristim::Lightness(highestY / 100) - stated);
+        double const lightness = Number(data[brightest * width + other.fields[0]], other.fields[0]);
+        bool const fraction = std::abs(Tristim::Lightness(highestY) - lightness) <
+                              std::abs(Tristim::Lightness(highestY / 100) - lightness);
         if (fraction)
             Note(Kind::Converted, at, std::string(space) + " on a scale of 1, as L* of the same row says");
         return fraction ? 100 : 1;
@@ -241,6 +251,7 @@ CgatsHeader CgatsTable::TakeHeader(SampleSet const& set) {
 
 void CgatsTable::NoteSpectra(Conditions const& conditions) {
     if (!Notes()) return;
+    NoteBands();
     CgatsToken const& at = format[layout.bands.front()];
     double const last = layout.first + layout.step * static_cast<double>(layout.bands.size() - 1);
     using Tristim::Numbers::Shortest;
@@ -255,6 +266,20 @@ void CgatsTable::NoteSpectra(Conditions const& conditions) {
         Tristim::Vocabulary::Key::Resampling);
     bool const extended = layout.first > kFirstBand || last < kLastBand;
     if (!done.empty()) Note(extended ? Kind::Assumed : Kind::Converted, at, done);
+}
+
+void CgatsTable::NoteBands() {
+    double const last = layout.first + layout.step * static_cast<double>(layout.bands.size() - 1);
+    auto const compare = [this](char const* keyword, std::optional<double> said, double found) {
+        if (!said || std::abs(*said - found) < 1e-6) return;
+        std::string const held = Tristim::Numbers::Shortest(found);
+        Note(Kind::Contradiction, format[layout.bands.front()],
+             std::string(keyword) + " is " + Tristim::Numbers::Shortest(*said) +
+                 ", but the names of the bands say " + held + "; " + held + " is assumed");
+    };
+    compare("SPECTRAL_BANDS", stated.count, static_cast<double>(layout.bands.size()));
+    compare("SPECTRAL_START_NM", stated.first, layout.first);
+    compare("SPECTRAL_END_NM", stated.last, last);
 }
 
 void CgatsTable::NoteFields() {

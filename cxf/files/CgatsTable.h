@@ -24,6 +24,14 @@ public:
     std::vector<CgatsToken> properties;
     std::optional<double> norm;    ///< what the header says of the spectra's scale
     std::optional<double> xyzNorm; ///< and of that of XYZ
+    /// What the header says of the bands. Wavelengths tell more than the fields' names where these are
+    /// rounded.
+    struct Bands {
+        std::optional<double> first;
+        std::optional<double> last;
+        std::optional<double> count;
+    };
+    Bands stated;
     std::vector<CgatsToken> format;
     CgatsLayout layout;
     /// All words of the data, one set behind the other; numbers are read when the table is whole.
@@ -56,6 +64,7 @@ private:
     bool Notes() const { return options.report || options.strict; }
     void Note(ReadNote::Kind kind, CgatsToken const& where, std::string const& text);
     void NoteSpectra(Conditions const& conditions);
+    void NoteBands();
     void NoteColour(CgatsLayout::Colour const& colour, Conditions const& conditions);
     void NoteFields();
 

@@ -1,7 +1,10 @@
 #include "cxf/conditions/ConditionText.h"
 #include "tests/cxf/support.h"
 
+#include <fstream>
+#include <functional>
 #include <gmock/gmock.h>
+#include <map>
 
 using namespace CxfTest;
 using testing::HasSubstr;
@@ -19,6 +22,21 @@ struct Variant {
 std::string File(std::string const& header, std::string const& fields, std::string const& values) {
     return "CGATS.17\n" + header + "\nBEGIN_DATA_FORMAT\n" + fields + "\nEND_DATA_FORMAT\nBEGIN_DATA\n" +
            values + "\nEND_DATA\n";
+}
+
+std::string Unescaped(std::string_view text) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        char const sign = text[i] == '\\' && i + 1 < text.size() ? text[i + 1] : '\0';
+        if (sign == 'x')
+            result += static_cast<char>(std::stoi(std::string(text.substr(i + 2, 2)), nullptr, 16));
+        else if (sign)
+            result += sign == 'n' ? '\n' : '\t';
+        else
+            result += text[i];
+        i += sign == 'x' ? 3 : sign ? 1 : 0;
+    }
+    return result;
 }
 
 template <class Describe> void CheckAll(std::vector<Variant> const& variants, Describe const& describe) {
@@ -247,7 +265,7 @@ TEST(CgatsVariants, SpectralFields) {
     variants.push_back(
         {"R#|SPECTRAL_NORM 1", "error: the spectra are said to be on a scale of 1, but a value is 45"});
     variants.push_back(
-        {"R#|SPECTRAL_NORM 1,0", "error: expected a number with a decimal point, not a comma"});
+        {"R#|SPECTRAL_NORM 1,0", "error: or a number with a decimal point, not a comma"});
     variants.push_back({"R#|SPECTRAL_NORM 1.0\nFRACTION yes", right});
     variants.push_back({"T#", "Transmission 0.1 0.45"});
     variants.push_back({"TRANS_#", "Transmission 0.1 0.45"});
@@ -341,4 +359,27 @@ TEST(CgatsVariants, WholeHeadersOfSeveralKinds) {
                    fields + data,
                "Cyan/A1: D50, 2°, M2, 45:0, white backing"}},
              first);
+}
+
+TEST(CgatsVariants, SpellingsOfTheDataFile) {
+    std::map<std::string, std::pair<std::function<std::string(std::string const&)>, std::vector<Variant>>>
+        sections;
+    for (auto const& [name, describe] : {std::pair{"[viewing]", &Viewing},
+                                         {"[measurement]", &Measurement},
+                                         {"[bands]", &Bands},
+                                         {"[colours]", &Colours}})
+        sections[name].first = describe;
+    std::ifstream file(TEST_DATA "foreign/variants.txt");
+    std::string section;
+    std::size_t count = 0;
+    for (std::string line; std::getline(file, line);) {
+        auto const arrow = line.find(" => ");
+        if (line.starts_with("[")) section = line;
+        if (arrow == std::string::npos || line.starts_with("#")) continue;
+        ASSERT_TRUE(sections.contains(section)) << line;
+        sections[section].second.push_back({Unescaped(line.substr(0, arrow)), line.substr(arrow + 4)});
+        ++count;
+    }
+    EXPECT_GE(count, 100U);
+    for (auto const& [name, cases] : sections) CheckAll(cases.second, cases.first);
 }
