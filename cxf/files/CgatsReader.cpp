@@ -10,6 +10,7 @@
 
 namespace Norvelian::ColorExchangeFormat {
 
+using Tristim::Numbers::HasDecimalComma;
 using Tristim::Numbers::Parse;
 using ::Utilities::MakeSmart;
 

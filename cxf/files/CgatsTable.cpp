@@ -11,18 +11,10 @@
 
 namespace Norvelian::ColorExchangeFormat {
 
+using Tristim::Numbers::HasDecimalComma;
 using Tristim::Numbers::Parse;
 using ::Utilities::MakeSmart;
 using Kind = ReadNote::Kind;
-
-bool HasDecimalComma(std::string_view text) {
-    auto const comma = text.find(',');
-    if (comma == std::string_view::npos || text.find(',', comma + 1) != std::string_view::npos) return false;
-    std::string point(text);
-    point[comma] = '.';
-    double number = 0;
-    return Parse(point, number);
-}
 
 namespace {
 

@@ -71,9 +71,6 @@ private:
     std::vector<double> spectra_;
 };
 
-/// "0,5" and "-12,75": a number as it is written where the comma is the decimal sign.
-bool HasDecimalComma(std::string_view text);
-
 /// Wavelengths that a spectrum of 36 bands needs, with room for rounding.
 inline constexpr double kFirstBand = 380.01;
 inline constexpr double kLastBand = 729.99;

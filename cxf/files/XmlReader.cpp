@@ -1,8 +1,8 @@
 #include "cxf/files/XmlReader.h"
 
-#include "cxf/conditions/ConditionText.h"
 #include "cxf/conditions/Numbers.h"
 #include "cxf/conditions/TristimException.h"
+#include "cxf/files/AttributeNotes.h"
 #include "cxf/files/ConditionWords.h"
 #include "cxf/files/XmlNames.h"
 
@@ -159,27 +159,20 @@ void Reader::NoteSet(pugi::xml_node node, SampleSet const& set) const {
     if (!options_.report && !options_.strict) return;
     Note(ReadNote::Kind::Taken, node,
          "set \"" + set.GetName() + "\" of " + std::to_string(set.GetSamples().size()) + " samples");
-    // One note for each kind of attribute and its conditions, not one for each sample.
-    std::vector<std::string> said;
-    for (pugi::xml_node const sample : node.children(Format::Sample))
-        for (pugi::xml_node const child : sample.children()) {
-            bool const spectrum = Is(child, Format::Spectrum);
-            if (!spectrum && !Is(child, Format::ColorVector)) continue;
-            auto const conditions = ReadConditions(child).GetMeasureConditions();
-            std::string const text = spectrum ? "spectra, " + Tristim::MeasurementText(conditions)
-                                              : conditions.GetMeasureCondition(Key::ColorSpaceType) +
-                                                    " under " + ConditionText(conditions);
-            if (std::find(said.begin(), said.end(), text) != said.end()) continue;
-            said.push_back(text);
-            Note(ReadNote::Kind::Taken, child, text);
-            for (auto const& [key, by] : conditions.GetAssumptions())
-                Note(ReadNote::Kind::Assumed, child,
-                     std::string(key)
-                         .append(" is ")
-                         .append(conditions.GetMeasureCondition(key))
-                         .append(", by ")
-                         .append(by));
+    // One note for each kind of attribute, not one for each sample.
+    std::set<std::pair<ReadNote::Kind, std::string>> said;
+    auto sample = set.GetSamples().begin();
+    for (pugi::xml_node const child : node.children(Format::Sample)) {
+        // Each element of a sample has become one attribute.
+        auto attribute = (*sample++)->GetSampleAttributes().begin();
+        for (pugi::xml_node const part : child.children()) {
+            if (part.type() != pugi::node_element) continue;
+            bool const stated = std::string_view(part.attribute(Xml::Extrapolate).value()) == Xml::Yes;
+            for (auto const& note : NotesOf(**attribute, !stated))
+                if (said.insert(note).second) Note(note.first, part, note.second);
+            ++attribute;
         }
+    }
 }
 
 SampleSetPointer Reader::ReadSet(pugi::xml_node node) {
@@ -352,7 +345,10 @@ std::vector<double> Reader::ReadValues(pugi::xml_node node) const {
         std::string_view const word = rest.substr(0, rest.find_first_of(blanks));
         double value = 0;
         if (!Tristim::Numbers::Parse(word, value))
-            Fail(list, "\"" + std::string(word) + "\" in <Values>; expected a finite number");
+            Fail(list, "\"" + std::string(word) + "\" in <Values>" +
+                           (Tristim::Numbers::HasDecimalComma(word)
+                                ? " has a decimal comma; expected a decimal point"
+                                : "; expected a finite number"));
         values.push_back(value);
         rest.remove_prefix(word.size());
     }
