@@ -22,7 +22,8 @@ struct DensityReading {
     double value;
     DensityFilter filter; ///< the filter that was read, also where "Max" or "Auto" chose it
     Densities all;
-    NVMeasureConditions conditions; ///< standard, filter, white base, spectrum type, physical filter, method
+    /// Standard, filter, white base and method, and what the measurement says of itself.
+    NVMeasureConditions conditions;
 };
 
 /// Optical densities from spectra: D = -log10(sum of product times value / sum of products) over the 36

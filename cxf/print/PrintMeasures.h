@@ -6,8 +6,15 @@
 #include <string>
 
 /// What an operator at a press derives from densities and colours. All densities of one call are read
-/// through the same filter. Divisions by zero throw `TristimException` that names the formula.
+/// through the same filter. Divisions by zero throw `TristimException` that names the formula. What is
+/// computed from spectra carries the conditions it holds under, with how they were resampled.
 namespace Norvelian::Tristim {
+
+/// A number from spectra and the conditions it holds under.
+struct Measure {
+    double value = 0;
+    NVMeasureConditions conditions;
+};
 
 /// Dot area in percent by Murray-Davies: (1 - 10^-(Dt - Dp)) / (1 - 10^-(Ds - Dp)). With `n` other than 1 the
 /// densities are divided by it (Yule-Nielsen), which takes the light caught in the paper into account.
@@ -56,6 +63,7 @@ struct Whiteness {
     double whiteness;
     double tint;
     bool isWhite;
+    NVMeasureConditions conditions; ///< empty for `WhitenessOf`
 };
 Whiteness GetWhiteness(NVSpectrum const& spectrum, Observer observer = Observer::TenDegree);
 Whiteness WhitenessOf(XYZ const& colour, XYZ const& white, Observer observer);
@@ -66,8 +74,8 @@ Whiteness WhitenessOf(XYZ const& colour, XYZ const& white, Observer observer);
 Whiteness GetWhitenessE313(NVSpectrum const& spectrum, Illumination illumination, Observer observer);
 
 /// Yellowness index of ASTM E313: 100 (Cx X - Cz Z) / Y, for illuminant C or D65; others throw.
-double GetYellowness(NVSpectrum const& spectrum, Illumination illumination = Illumination::D65,
-                     Observer observer = Observer::TenDegree);
+Measure GetYellowness(NVSpectrum const& spectrum, Illumination illumination = Illumination::D65,
+                      Observer observer = Observer::TenDegree);
 
 /// Blue reflectance of paper and pulp at an effective wavelength of 457 nm (R457). The weights by 10 nm, 400
 /// to 510 nm, are those of ISO 2470-1 as the OptProp toolbox gives them (i_roo2brightness.m, version 2.1;
@@ -80,22 +88,24 @@ double GetYellowness(NVSpectrum const& spectrum, Illumination illumination = Ill
 struct Brightness {
     double percent;
     std::string name; ///< "R457, geometry unknown"
+    NVMeasureConditions conditions;
 };
 /// Throws `TristimException` for spectra that aren't of type Remission.
 Brightness GetBrightness(NVSpectrum const& spectrum);
 
 /// Special metamerism index, change in illuminant (CIE 15): the difference of the pair under the test
 /// conditions by the formula they name, after the sample's tristimulus values there are multiplied by what
-/// makes the pair equal under the reference conditions. Zero tristimulus values under these throw.
-double GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
-                          NVMeasureConditions const& reference, NVMeasureConditions const& test);
+/// makes the pair equal under the reference conditions. The result has the test conditions. Zero tristimulus
+/// values under these throw.
+Measure GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
+                           NVMeasureConditions const& reference, NVMeasureConditions const& test);
 
 /// Opacity as contrast ratio in percent (ISO 6504, ISO 13655): Y over black / Y over white.
-double GetOpacity(NVSpectrum const& overBlack, NVSpectrum const& overWhite,
-                  NVMeasureConditions const& conditions);
+Measure GetOpacity(NVSpectrum const& overBlack, NVSpectrum const& overWhite,
+                   NVMeasureConditions const& conditions);
 
 /// Opacity of paper in percent, ISO 2471: luminance factor of a single sheet over black / of an opaque pad of
 /// the same paper, under C and 2 degrees (topos-ts.org, "Opacity, illuminant C"; ipstesting.com, "ISO 2471").
-double GetPaperOpacity(NVSpectrum const& sheetOverBlack, NVSpectrum const& pad);
+Measure GetPaperOpacity(NVSpectrum const& sheetOverBlack, NVSpectrum const& pad);
 
 } // namespace Norvelian::Tristim
