@@ -236,6 +236,20 @@ std::vector<CgatsColour> const& CgatsColours() {
     return colours;
 }
 
+bool HasLightness(std::string_view space) {
+    return space == "CIELab" || space == "CIELCh" || space == "CIELuv";
+}
+
+std::string WhyNoSurface(std::string_view space, std::span<double const> values) {
+    // With room for noise below black and for fluorescence.
+    constexpr double lowest = -20;
+    constexpr double highest = 200;
+    if (!HasLightness(space)) return {};
+    if (values[0] < lowest || values[0] > highest)
+        return "no surface has the lightness " + Tristim::Numbers::Shortest(values[0]);
+    return space == "CIELCh" && values[1] < 0 ? "the chroma is negative" : "";
+}
+
 std::optional<CgatsBand> CgatsBandOf(std::string_view field) {
     struct Prefix {
         std::string_view name;

@@ -137,6 +137,8 @@ void Reader::ReadFormat() {
     for (; !token.Is("END_DATA_FORMAT"); token = scanner_.Next()) {
         if (token.atEnd || token.Is("BEGIN_DATA"))
             scanner_.Fail(token, "the data format doesn't end; expected END_DATA_FORMAT");
+        if (!token.quoted && CgatsTable::IsJoined(token.text))
+            scanner_.Fail(token, "the fields are parted by commas or semicolons; expected blanks or tabs");
         table_.format.push_back(token);
     }
     if (table_.format.empty()) scanner_.Fail(token, "the data format has no fields");

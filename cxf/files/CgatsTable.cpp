@@ -5,6 +5,7 @@
 #include "cxf/conditions/Numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <span>
 #include <utility>
@@ -16,14 +17,9 @@ using Tristim::Numbers::Parse;
 using ::Utilities::MakeSmart;
 using Kind = ReadNote::Kind;
 
-namespace {
-
-/// "50;10;-10" and "50,10,-10".
-bool IsJoined(std::string_view text) {
+bool CgatsTable::IsJoined(std::string_view text) {
     return text.find(';') != std::string_view::npos || std::count(text.begin(), text.end(), ',') > 1;
 }
-
-} // namespace
 
 void CgatsTable::FailInData(CgatsToken const& where, std::string const& reason) const {
     // A line that lacks a value shifts all that follow it; the line is the news then, and not what the
@@ -150,6 +146,8 @@ std::vector<CgatsTable::ReadColour> CgatsTable::PrepareColours(CgatsHeader const
         read.colour = &colour;
         if (colour.kind->device) {
             read.conditions.SetAttribute(Key::ColorSpaceType, colour.kind->space);
+            Note(Kind::Taken, format[colour.fields.front()],
+                 std::string(colour.kind->space) + ", what a device was sent");
         } else {
             read.conditions = header.GetColourConditions(colour.kind->space);
             if (!colour.viewing.GetAttribute(Key::Illumination, "").empty())
@@ -158,11 +156,31 @@ std::vector<CgatsTable::ReadColour> CgatsTable::PrepareColours(CgatsHeader const
                     read.conditions.Forget(key);
             for (auto const& [key, value] : colour.viewing.GetAll()) read.conditions.SetAttribute(key, value);
             read.scale = FindXyzScale(colour, read.conditions);
+            CheckRange(colour, read.conditions);
             NoteColour(colour, read.conditions);
         }
         colours.push_back(std::move(read));
     }
     return colours;
+}
+
+void CgatsTable::CheckRange(CgatsLayout::Colour const& colour, Conditions const& conditions) {
+    std::string_view const space = colour.kind->space;
+    std::string const type = conditions.GetAttribute(Tristim::Vocabulary::Key::SpectrumType, "Remission");
+    if (!HasLightness(space) || (type != "Remission" && type != "Transmission")) return;
+    std::size_t const width = format.size();
+    double highest = 0;
+    for (std::size_t row = 0; row * width < data.size(); ++row) {
+        CgatsToken const& at = data[row * width + colour.fields[0]];
+        std::array<double, 2> values{};
+        for (std::size_t i = 0; i < values.size(); ++i)
+            values[i] = Number(data[row * width + colour.fields[i]], colour.fields[i]);
+        if (std::string const reason = WhyNoSurface(space, values); !reason.empty()) FailInData(at, reason);
+        highest = std::max(highest, values[0]);
+    }
+    if (highest > 0 && highest <= 1)
+        Note(Kind::Assumed, format[colour.fields.front()],
+             std::string(space) + " on a scale of 100, though no L* is above 1");
 }
 
 void CgatsTable::NoteColour(CgatsLayout::Colour const& colour, Conditions const& conditions) {

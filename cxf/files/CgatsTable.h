@@ -44,6 +44,8 @@ public:
     void AddSamples(SampleSet& set);
     [[noreturn]] void FailInData(CgatsToken const& where, std::string const& reason) const;
     [[noreturn]] void FailUneven() const;
+    /// "50;10;-10" and "50,10,-10": what should have been several words.
+    static bool IsJoined(std::string_view text);
 
 private:
     /// A colour of the table with what is the same in all rows.
@@ -59,6 +61,8 @@ private:
     double FindSpectralScale(SampleSet& set, std::string const& type, double highest);
     /// What the tristimulus values must be multiplied by to have 100 for white.
     double FindXyzScale(CgatsLayout::Colour const& colour, Conditions const& conditions);
+    /// Fails at a lightness or chroma that no surface has: a shifted column, or another scale.
+    void CheckRange(CgatsLayout::Colour const& colour, Conditions const& conditions);
     std::vector<ReadColour> PrepareColours(CgatsHeader const& header);
     double Number(CgatsToken const& token, std::size_t field) const;
     bool Notes() const { return options.report || options.strict; }
