@@ -4,6 +4,7 @@
 #include "cxf/conditions/TristimException.h"
 #include "cxf/files/AttributeNotes.h"
 #include "cxf/files/ConditionWords.h"
+#include "cxf/files/Utf8.h"
 #include "cxf/files/XmlNames.h"
 
 #include <algorithm>
@@ -280,7 +281,9 @@ Conditions Reader::ReadConditions(pugi::xml_node node) const {
     for (pugi::xml_node const child : list.children()) {
         if (child.type() == pugi::node_comment || child.type() == pugi::node_pi) continue;
         if (!Is(child, Xml::Condition)) Fail(child, "a foreign part in <Conditions>; expected <Condition>");
-        std::string const key = Text(child, Xml::Name);
+        // Conditions are kept and written in the order of their keys, which are valid text when they are
+        // written.
+        std::string const key = ToValidUtf8(Text(child, Xml::Name));
         if (conditions.GetAll().contains(key)) Fail(child, "the condition " + key + " stands twice");
         std::string const value = Text(child, Xml::Value);
         CheckCondition(child, key, value);

@@ -68,9 +68,10 @@ struct Whiteness {
 Whiteness GetWhiteness(NVSpectrum const& spectrum, Observer observer = Observer::TenDegree);
 Whiteness WhitenessOf(XYZ const& colour, XYZ const& white, Observer observer);
 
-/// Whiteness and tint of ASTM E313 for C, D50 and D65: the same formulas with the white of that illuminant. The
-/// factors are the same for all three: 800 and 1700 by mal.reid.btinternet.co.uk/colour/colourbook/whiteness.htm,
-/// those of the tint by the R package colorscience (CIETint). Other illuminants throw; `isWhite` is as above.
+/// Whiteness and tint of ASTM E313 for C, D50 and D65: the same formulas with the white of that illuminant.
+/// The factors are the same for all three: 800 and 1700 by
+/// mal.reid.btinternet.co.uk/colour/colourbook/whiteness.htm, those of the tint by the R package colorscience
+/// (CIETint). Other illuminants throw; `isWhite` is as above.
 Whiteness GetWhitenessE313(NVSpectrum const& spectrum, Illumination illumination, Observer observer);
 
 /// Yellowness index of ASTM E313: 100 (Cx X - Cz Z) / Y, for illuminant C or D65; others throw.
