@@ -35,10 +35,10 @@ struct WeightSet {
 /// (`data/verification/weights_10nm_bandpass_corrected.csv`).
 ///  - Triangles: the weights whose triangles add up to illuminant times observer with the least sum of
 ///    squares. For A, B, C, E and daylight, which have no lines.
-///  - Neighbours: each band's spectrum value is thought replaced by -a R(i-1) + (1 + 2a) R(i) - a R(i+1), at
-///  the
-///    ends (1 + a) R(0) - a R(1), with a = 0.083 (Stearns and Stearns, Color Res. Appl. 13 (1988) 257; ASTM
-///    E2022), which is a change of the weights alone. For lamps and illuminants of the host's own.
+///  - Neighbours: each spectrum value R(i) is thought replaced by -a R(i-1) + (1 + 2a) R(i) - a R(i+1), at
+///    the ends (1 + a) R(0) - a R(1), with a = 0.083 (Stearns and Stearns, Color Res. Appl. 13 (1988) 257;
+///    ASTM E2022), which is a change of the weights alone. For all others: lamps, indoor daylight,
+///    illuminants of a host.
 enum class Bandpass { Uncorrected, Triangles, Neighbours };
 Bandpass BandpassOf(Viewing const& viewing);
 
