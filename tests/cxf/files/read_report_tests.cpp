@@ -120,7 +120,8 @@ TEST(ReadReport, XmlLosesNothingToRemarks) {
     EXPECT_EQ(spectrum.GetValues()[35], 0.45);
     EXPECT_EQ(spectrum.GetConditions().GetAttribute(Key::Filter, ""), "UVCut");
     std::string const again = Cxf::FormatSampleSets(sets, Cxf::SampleFormat::Xml);
-    for (char const* const remark : {"<!-- blue -->", "<?instrument lamp=\"7\"?>", "<!-- filter -->"})
+    for (char const* const remark : {"<!-- blue -->", "<?instrument lamp=\"7\"?>", "<!-- filter -->",
+                                     "<?Conditions before?>", "<?Values before?>", "<?CXFSample before?>"})
         EXPECT_THAT(again, HasSubstr(remark));
 }
 
