@@ -18,9 +18,9 @@ template <class T> struct ListNode {
 
     ListNode* next = nullptr;
     ListNode* previous = nullptr;
+    std::uint32_t iteratorCount = 0;
     /// The element was removed while an iterator stood on it.
     bool removed = false;
-    std::uint32_t iteratorCount = 0;
     /// The list has died; the last iterator to leave deletes the node.
     bool orphaned = false;
     T value;

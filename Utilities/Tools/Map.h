@@ -4,14 +4,78 @@
 #include "Utilities/Tools/Pair.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <memory>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace Utilities {
 
 template <class Key, class T> class MapIterator;
+
+namespace Detail {
+
+/// The chains of a hash table, of which most hold nothing: a bit for each of them, and in their order those
+/// that are in use. A map of five keys takes a third of the memory of one with a pointer for each of its 53
+/// chains, and such a map is made for each described element.
+template <class Chain> class SparseChains {
+public:
+    SparseChains() = default;
+    SparseChains(SparseChains const& other) : groupCount_(other.groupCount_) {
+        if (groupCount_ == 0) return;
+        groups_ = std::make_unique<Group[]>(groupCount_);
+        std::copy(other.groups_.get(), other.groups_.get() + groupCount_, groups_.get());
+    }
+    SparseChains(SparseChains&& other) noexcept
+        : groups_(std::move(other.groups_)), groupCount_(std::exchange(other.groupCount_, 0)) {}
+    SparseChains& operator=(SparseChains other) noexcept {
+        std::swap(groups_, other.groups_);
+        std::swap(groupCount_, other.groupCount_);
+        return *this;
+    }
+    ~SparseChains() = default;
+
+    /// Null for one that isn't in use.
+    Chain* Find(std::uint32_t number) const {
+        if (number >= groupCount_ * groupSize) return nullptr;
+        Group& group = groups_[number / groupSize];
+        return (group.used & BitOf(number)) != 0 ? &group.chains[PlaceOf(group, number)] : nullptr;
+    }
+    /// The chain, in use from now on, of a table of `count` of them. Others may move to another place in
+    /// memory, but not what is in them.
+    Chain& Enter(std::uint32_t number, std::uint32_t count) {
+        if (groupCount_ == 0) {
+            groups_ = std::make_unique<Group[]>((count - 1) / groupSize + 1);
+            groupCount_ = (count - 1) / groupSize + 1;
+        }
+        Group& group = groups_[number / groupSize];
+        auto const place = static_cast<std::ptrdiff_t>(PlaceOf(group, number));
+        if ((group.used & BitOf(number)) == 0) {
+            group.chains.emplace(group.chains.begin() + place);
+            group.used |= BitOf(number);
+        }
+        return group.chains[static_cast<std::size_t>(place)];
+    }
+
+private:
+    struct Group {
+        std::uint64_t used = 0;
+        std::vector<Chain> chains;
+    };
+    static constexpr std::uint32_t groupSize = 64;
+
+    static std::uint64_t BitOf(std::uint32_t number) { return std::uint64_t{1} << number % groupSize; }
+    static std::size_t PlaceOf(Group const& group, std::uint32_t number) {
+        return static_cast<std::size_t>(std::popcount(group.used & (BitOf(number) - 1)));
+    }
+
+    std::unique_ptr<Group[]> groups_;
+    std::uint32_t groupCount_ = 0;
+};
+
+} // namespace Detail
 
 /// A hash table with 53 chains that never grows.
 ///
@@ -23,21 +87,15 @@ template <class Key, class T> class MapIterator;
 template <class Key, class T> class Map {
     using Entry = Pair<Key, T>;
     using Chain = List<Entry>;
-    // A bucket without a chain is a null pointer: most are, and a map is made for every described element.
-    using Buckets = std::unique_ptr<std::unique_ptr<Chain>[]>;
+    using Chains = Detail::SparseChains<Chain>;
 
 public:
     Map() = default;
     /// Of one chain at least.
     explicit Map(std::uint32_t bucketCount) : bucketCount_(std::max<std::uint32_t>(bucketCount, 1)) {}
-    Map(Map const& other) : count_(other.count_), bucketCount_(other.bucketCount_) {
-        if (other.count_ == 0) return;
-        buckets_ = std::make_unique<std::unique_ptr<Chain>[]>(bucketCount_);
-        for (std::uint32_t bucket = 0; bucket < bucketCount_; ++bucket)
-            if (other.buckets_[bucket]) buckets_[bucket] = std::make_unique<Chain>(*other.buckets_[bucket]);
-    }
+    Map(Map const& other) = default;
     Map(Map&& other) noexcept
-        : count_(std::exchange(other.count_, 0)), buckets_(std::move(other.buckets_)),
+        : count_(std::exchange(other.count_, 0)), chains_(std::move(other.chains_)),
           bucketCount_(other.bucketCount_) {}
     Map& operator=(Map const& other) {
         if (this != &other) *this = Map(other);
@@ -47,7 +105,7 @@ public:
     Map& operator=(Map&& other) noexcept {
         Map taken(std::move(other));
         std::swap(count_, taken.count_);
-        std::swap(buckets_, taken.buckets_);
+        std::swap(chains_, taken.chains_);
         std::swap(bucketCount_, taken.bucketCount_);
         return *this;
     }
@@ -55,12 +113,9 @@ public:
 
     /// The key's value, entered as a default value if the key is new.
     T& operator[](Key const& key) {
-        std::uint32_t const bucket = BucketOf(key);
-        if (!buckets_) buckets_ = std::make_unique<std::unique_ptr<Chain>[]>(bucketCount_);
-        std::unique_ptr<Chain>& chain = buckets_[bucket];
-        if (!chain) chain = std::make_unique<Chain>();
-        if (Entry* const found = chain->FindIf(HasKey(key))) return found->second;
-        Entry& added = chain->Emplace(key, T()).Current();
+        Chain& chain = chains_.Enter(BucketOf(key), bucketCount_);
+        if (Entry* const found = chain.FindIf(HasKey(key))) return found->second;
+        Entry& added = chain.Emplace(key, T()).Current();
         ++count_;
         return added.second;
     }
@@ -73,7 +128,7 @@ public:
 
     /// The key's value, null for a key that isn't there: a look where absence is no surprise.
     T const* FindValue(Key const& key) const {
-        Chain const* const chain = count_ != 0 ? buckets_[BucketOf(key)].get() : nullptr;
+        Chain const* const chain = count_ != 0 ? chains_.Find(BucketOf(key)) : nullptr;
         Entry const* const found = chain ? chain->FindIf(HasKey(key)) : nullptr;
         return found ? &found->second : nullptr;
     }
@@ -142,19 +197,21 @@ private:
         return it;
     }
     T RemoveAt(std::uint32_t bucket, ListIterator<Entry>& it) {
-        T value = buckets_[bucket]->Remove(it).second;
-        if (--count_ == 0) buckets_.reset();
+        T value = chains_.Find(bucket)->Remove(it).second;
+        if (--count_ == 0) chains_ = {};
         return value;
     }
     ListIterator<Entry> BeginOf(std::uint32_t bucket) {
-        return buckets_[bucket] ? buckets_[bucket]->Begin() : ListIterator<Entry>();
+        Chain* const chain = chains_.Find(bucket);
+        return chain ? chain->Begin() : ListIterator<Entry>();
     }
     ListIterator<Entry const> BeginOf(std::uint32_t bucket) const {
-        return buckets_[bucket] ? std::as_const(*buckets_[bucket]).Begin() : ListIterator<Entry const>();
+        Chain const* const chain = chains_.Find(bucket);
+        return chain ? chain->Begin() : ListIterator<Entry const>();
     }
 
     std::uint32_t count_ = 0;
-    Buckets buckets_;
+    Chains chains_;
     std::uint32_t bucketCount_ = 53;
 };
 
