@@ -1,11 +1,11 @@
 #include "gui/elements/GUIElement.h"
 
 #include "Diagnostics/Sink.h"
+#include "Utilities/Limits.h"
 #include "Utilities/NamingService.h"
 #include "gui/elements/Topics.h"
 #include "gui/elements/description/Attributes.h"
 
-#include <exception>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -19,16 +19,31 @@ using Utilities::String;
 
 namespace {
 
-/// Boxes drop what goes wrong while they create their children. The sink hears of it once, from the
-/// innermost element, with the place in the description.
+std::size_t living = 0;
+std::size_t failed = 0;
+/// Whether the exception on its way has been told already, by the innermost element. The exception itself
+/// can't be kept for comparison: its class may go with the plug-in.
+bool isTold = false;
+
+/// Boxes drop what goes wrong while they create their children. The sink hears of it once, with the place in
+/// the description.
 void ReportFailedChild(String const& type, DescriptionTree const& description) {
-    static std::exception_ptr told;
-    if (std::exchange(told, std::current_exception()) == std::current_exception()) return;
+    if (std::exchange(isTold, true)) return;
+    ++failed;
     std::string where = "<" + type.GetStdString() + ">";
     String const name = AttributeReader(description).Text(CommonAttributes::elementName);
     if (name.Length() != 0) where += " \"" + name.GetStdString() + "\"";
     if (!(description.GetName() == " ")) where += " in " + description.GetName().GetStdString();
     Diagnostics::DropException(where.c_str());
+}
+
+Utilities::SmartPointer<GUIElement> MakeElement(String const& type) {
+    if (auto const most = Utilities::Limits::Get().elements; living >= most)
+        throw RuntimeException(Utilities::Limits::Passed("elements", most, "elements in all windows"));
+    auto element = Utilities::ResolveComponent<GUIElement>(type);
+    if (element.IsNull())
+        throw RuntimeException("The component \"" + type.GetStdString() + "\" is not a GUI element");
+    return element;
 }
 
 std::uint32_t Pixels(unsigned long value) { return static_cast<std::uint32_t>(value); }
@@ -46,13 +61,17 @@ struct GUIElement::NameIndex {
     std::unordered_map<std::string, GUIElement*> elements;
 };
 
-GUIElement::GUIElement() = default;
+GUIElement::GUIElement() { ++living; }
 
 GUIElement::~GUIElement() {
     released_ = true;
     ReleaseChildren();
     ReleasedElements::Forget(*this);
+    --living;
 }
+
+std::size_t GUIElement::GetLivingCount() { return living; }
+std::size_t GUIElement::GetFailedCount() { return failed; }
 
 void GUIElement::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                             DialogDataSource* dataSource) {
@@ -206,16 +225,17 @@ void GUIElement::CreateChildren(PlatformIndependentWindowID const& window, Descr
         DescriptionTree const& child = *node.Current();
         String const type = AttributeReader(child).Text(CommonAttributes::elementType);
         if (AttributeTable::IsPartOfElement(type.GetStdString())) continue;
-        auto element = Utilities::ResolveComponent<GUIElement>(type);
-        if (element.IsNull())
-            throw RuntimeException("The component \"" + type.GetStdString() + "\" is not a GUI element");
-        element->parentElement_ = this;
+        Utilities::SmartPointer<GUIElement> element;
+        isTold = false;
         try {
+            element = MakeElement(type);
+            element->parentElement_ = this;
             element->Initialize(window, child, dataSource);
         } catch (...) {
             ReportFailedChild(type, child);
             throw;
         }
+        isTold = false;
         // What the child asked for may have released this element.
         if (!IsAttached()) break;
         children_.Append(element);
