@@ -1,9 +1,12 @@
 #include "cxf/files/XmlReader.h"
 
+#include "Utilities/Limits.h"
+#include "Utilities/XmlCost.h"
 #include "cxf/conditions/ConditionText.h"
 #include "cxf/conditions/Numbers.h"
 #include "cxf/conditions/TristimException.h"
 #include "cxf/files/ConditionWords.h"
+#include "cxf/files/ReadProgress.h"
 #include "cxf/files/XmlNames.h"
 
 #include <algorithm>
@@ -15,6 +18,7 @@
 
 namespace Norvelian::ColorExchangeFormat {
 
+using ::Utilities::Limits;
 using ::Utilities::MakeSmart;
 using namespace Tristim::Vocabulary;
 
@@ -23,7 +27,7 @@ namespace {
 class Reader {
 public:
     Reader(std::string_view text, std::string const& name, ReadOptions const& options)
-        : text_(text), name_(name), options_(options) {}
+        : text_(text), name_(name), options_(options), progress_(name, text.size(), options_) {}
 
     std::vector<SampleSetPointer> Run();
 
@@ -32,7 +36,7 @@ private:
     /// 100 if the set's spectra that don't say their scale are percentages, by the same evidence as in CGATS.
     double FindScale(pugi::xml_node set) const;
     void NoteSet(pugi::xml_node node, SampleSet const& set) const;
-    ::Utilities::SmartPointer<Sample> ReadSample(pugi::xml_node node) const;
+    ::Utilities::SmartPointer<Sample> ReadSample(pugi::xml_node node);
     Sample::AttributePointer ReadAttribute(pugi::xml_node node) const;
     Sample::AttributePointer ReadSpectrum(pugi::xml_node node) const;
     Sample::AttributePointer ReadRecipe(pugi::xml_node node) const;
@@ -57,6 +61,11 @@ private:
     std::string_view text_;
     std::string const& name_;
     ReadOptions options_;
+    Limits const& limits_ = Limits::Get();
+    ReadProgress progress_;
+    std::size_t samples_ = 0;
+    mutable std::size_t countedTo_ = 0;
+    mutable unsigned long countedLine_ = 1;
     mutable std::set<std::pair<std::string, std::string>> checked_;
     double scale_ = 1; ///< of the set that is being read
 };
@@ -81,8 +90,16 @@ void Reader::FailAt(std::ptrdiff_t offset, std::string const& reason) const {
 
 unsigned long Reader::LineOf(pugi::xml_node node) const {
     if (node.offset_debug() < 0) return 0;
-    std::string_view const before = text_.substr(0, static_cast<std::size_t>(node.offset_debug()));
-    return static_cast<unsigned long>(std::count(before.begin(), before.end(), '\n')) + 1;
+    // Places are mostly asked for in the order of the text: each line is counted once.
+    auto const end = static_cast<std::size_t>(node.offset_debug());
+    if (end < countedTo_) {
+        countedTo_ = 0;
+        countedLine_ = 1;
+    }
+    std::string_view const part = text_.substr(countedTo_, end - countedTo_);
+    countedLine_ += static_cast<unsigned long>(std::count(part.begin(), part.end(), '\n'));
+    countedTo_ = end;
+    return countedLine_;
 }
 
 void Reader::Note(ReadNote::Kind kind, pugi::xml_node node, std::string const& text) const {
@@ -122,6 +139,9 @@ ForeignParts Reader::Foreign(pugi::xml_node node, std::initializer_list<std::str
 }
 
 std::vector<SampleSetPointer> Reader::Run() {
+    if (auto const excess =
+            ::Utilities::FindXmlExcess(text_, limits_.fileElements, "fileElements", limits_.attributes))
+        FailAt(static_cast<std::ptrdiff_t>(excess->offset), excess->reason);
     pugi::xml_document document;
     pugi::xml_parse_result const result = document.load_buffer(
         text_.data(), text_.size(), pugi::parse_default | pugi::parse_comments | pugi::parse_pi,
@@ -195,7 +215,10 @@ SampleSetPointer Reader::ReadSet(pugi::xml_node node) {
     return set;
 }
 
-::Utilities::SmartPointer<Sample> Reader::ReadSample(pugi::xml_node node) const {
+::Utilities::SmartPointer<Sample> Reader::ReadSample(pugi::xml_node node) {
+    if (samples_++ == limits_.samples) Fail(node, Limits::Passed("samples", limits_.samples, "samples"));
+    if (node.offset_debug() > 0)
+        progress_.Advance(text_.size(), static_cast<std::size_t>(node.offset_debug()));
     auto sample = MakeSmart<Sample>(Text(node, Xml::Name), node.attribute(Xml::Description).value());
     sample->SetId(node.attribute(Xml::Id).value());
     ForeignParts foreign = Foreign(node, {Xml::Name, Xml::Description, Xml::Id}, {});
@@ -353,6 +376,8 @@ std::vector<double> Reader::ReadValues(pugi::xml_node node) const {
         double value = 0;
         if (!Tristim::Numbers::Parse(word, value))
             Fail(list, "\"" + std::string(word) + "\" in <Values>; expected a finite number");
+        if (values.size() == limits_.fields)
+            Fail(list, Limits::Passed("fields", limits_.fields, "numbers of one spectrum or colour"));
         values.push_back(value);
         rest.remove_prefix(word.size());
     }

@@ -1,5 +1,8 @@
 #include "cxf/tolerance/ToleranceFile.h"
 
+#include "Utilities/Limits.h"
+#include "Utilities/XmlCost.h"
+
 #include "Utilities/AtomicFile.h"
 #include "cxf/colorimetry/TristimService.h"
 #include "cxf/conditions/Numbers.h"
@@ -21,6 +24,8 @@ using Tristim::Numbers::Parse;
 using Tristim::Numbers::Shortest;
 using namespace Tristim::Vocabulary;
 
+using ::Utilities::Limits;
+
 namespace {
 
 constexpr std::array<char const*, 3> kMatches{"Name", "Id", "Device"};
@@ -30,6 +35,9 @@ public:
     Reader(std::string_view text, std::string const& name) : text_(text), name_(name) {}
 
     ToleranceSet Run() {
+        Limits const& limits = Limits::Get();
+        if (auto const excess = ::Utilities::FindXmlExcess(text_, limits.fields, "fields", limits.attributes))
+            FailAt(static_cast<std::ptrdiff_t>(excess->offset), excess->reason);
         pugi::xml_document document;
         auto const result = document.load_buffer(text_.data(), text_.size());
         if (!result) FailAt(result.offset, std::string("the file is no XML: ") + result.description());
