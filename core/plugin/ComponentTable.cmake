@@ -16,7 +16,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
-  gui/layout/HBox.cpp
+  gui/layout/Boxes.cpp
   services/ImageService.cpp
   gui/charts/LabChart.cpp
   gui/charts/LabGraph.cpp
@@ -32,7 +32,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/colour/SquarePatch.cpp
   services/TextAdapter.cpp
   services/ThreadImplementation_PC.cpp
-  gui/layout/VBox.cpp
+  gui/layout/VBoxRegistration.cpp
   gui/shell/Window_PC.cpp
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp

@@ -5,13 +5,6 @@
 
 namespace GUI {
 
-namespace {
-
-constexpr Attribute attributes[] = {CheckBox::caption, CheckBox::triState, CheckBox::backgroundColor};
-AttributeTable const table("CheckBox", "GUIElement", attributes);
-
-} // namespace
-
 void CheckBox::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                           DialogDataSource* dataSource) {
     GUIElement::Initialize(parent, description, dataSource);

@@ -20,6 +20,7 @@ public:
     static constexpr Attribute triState{"TriState", AttributeType::Flag, "No",
                                         "Whether there is a state between unchecked and checked"};
     static constexpr Attribute backgroundColor{"BackgroundColor", AttributeType::Colour, "", "Background"};
+    static constexpr Attribute attributes[] = {caption, triState, backgroundColor};
 
     Diagnostics::String GetValueString() override { return "CheckBox"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,

@@ -1,8 +1,8 @@
 #include "gui/controls/CheckBox_PC.h"
 
 #include "Utilities/LanguageServiceInterface.h"
-#include "core/creators/ComponentCreator.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/description/ElementRegistration.h"
 #include "gui/platform/TextConversion_PC.h"
 
 #include <QCheckBox>
@@ -13,7 +13,8 @@ using Utilities::Anything;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<CheckBox_PC> creator({"CheckBox", "$Revision: 1.21 $", "GUI"});
+ElementRegistration<CheckBox_PC, GUIElement> const registration({"CheckBox", "$Revision: 1.21 $", "GUI"},
+                                                                CheckBox::attributes);
 
 constexpr long checkedState = 1;
 constexpr long undecidedState = 2;
@@ -54,7 +55,7 @@ void CheckBox_PC::ShowCaption() {
     auto const text =
         isTranslated_ ? captionKey_ : Utilities::LanguageServiceInterface::GetTranslation(captionKey_);
     // An ampersand would underline the letter behind it.
-    box_->setText(ToPlatformText(text).replace('&', "&&"));
+    box_->setText(ToShownText(text).replace('&', "&&"));
 }
 
 void CheckBox_PC::SetPosition(unsigned long x, unsigned long y) {

@@ -29,6 +29,8 @@ public:
     static constexpr Attribute underline{"Underline", AttributeType::Flag, "No", "Underlined"};
     static constexpr Attribute fontColor{"FontColor", AttributeType::Colour, "", "Text colour"};
     static constexpr Attribute backgroundColor{"BackgroundColor", AttributeType::Colour, "", "Background"};
+    static constexpr Attribute attributes[] = {caption, adaptText, fontName,  fontSize,       bold,
+                                               italic,  underline, fontColor, backgroundColor};
 
     Diagnostics::String GetValueString() override { return "FixedText"; }
     /// Chooses the text adapter again; Japanese has none.

@@ -1,9 +1,9 @@
 #include "gui/controls/FixedText_PC.h"
 
 #include "Utilities/LanguageServiceInterface.h"
-#include "core/creators/ComponentCreator.h"
 #include "gui/controls/TextAdaption.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/description/ElementRegistration.h"
 #include "gui/platform/Fonts_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 
@@ -17,7 +17,8 @@ using Utilities::String;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<FixedText_PC> creator({"FixedText", "$Revision: 1.30 $", "GUI"});
+ElementRegistration<FixedText_PC, GUIElement> const registration({"FixedText", "$Revision: 1.30 $", "GUI"},
+                                                                 FixedText::attributes);
 
 QFont FontOf(AttributeReader const& reader, QFont font) {
     long const size = reader.Long(FixedText::fontSize);
@@ -57,12 +58,10 @@ void FixedText_PC::ShowText() {
         QFontMetrics const metrics(label_->font());
         text = AdaptText(
             text, label_->width(),
-            [&metrics](String const& candidate) {
-                return metrics.horizontalAdvance(ToPlatformText(candidate));
-            },
+            [&metrics](String const& candidate) { return metrics.horizontalAdvance(ToShownText(candidate)); },
             [&adapter](String const& whole, unsigned long length) { return adapter->Adapt(whole, length); });
     }
-    if (!label_->SetWholeText(ToPlatformText(text)) || hasOwnWidth_ || !GetTextAdapter().IsNull()) return;
+    if (!label_->SetWholeText(ToShownText(text)) || hasOwnWidth_ || !GetTextAdapter().IsNull()) return;
     unsigned long width = 0;
     unsigned long height = 0;
     GetSize(width, height);

@@ -46,9 +46,19 @@ Utilities::SmartPointer<GUIElement> MakeElement(String const& type) {
     return element;
 }
 
+namespace Common = CommonAttributes;
+
+constexpr Attribute attributes[] = {
+    Common::elementType,  Common::elementName,   Common::registered,    Common::minimalWidth,
+    Common::maximalWidth, Common::minimalHeight, Common::maximalHeight, Common::justificationOnX,
+    Common::helpFile,     Common::helpTopic,     Common::properties,
+};
+
 std::uint32_t Pixels(unsigned long value) { return static_cast<std::uint32_t>(value); }
 
 } // namespace
+
+AttributesOf<GUIElement> const GUIElement::attributeTable("GUIElement", nullptr, attributes);
 
 std::uint64_t GUIElement::layoutRevision = 0;
 std::uint64_t GUIElement::namesRevision = 0;

@@ -7,6 +7,7 @@
 #include "gui/elements/CallScope.h"
 #include "gui/elements/DialogDataSource.h"
 #include "gui/elements/OwnedCallback.h"
+#include "gui/elements/description/Attributes.h"
 #include "gui/elements/description/Description.h"
 #include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
 #include "gui/elements/drawing/PlatformIndependentWindowID.h"
@@ -29,6 +30,8 @@ namespace GUI {
 class alignas(64) GUIElement : public Utilities::Component {
 public:
     using Children = Utilities::List<Utilities::SmartPointer<GUIElement>>;
+
+    static AttributesOf<GUIElement> const attributeTable;
 
     GUIElement();
     GUIElement(GUIElement const&) = delete;

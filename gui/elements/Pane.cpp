@@ -17,6 +17,11 @@ using Utilities::String;
 
 namespace {
 
+namespace Common = CommonAttributes;
+
+constexpr Attribute attributes[] = {Common::paneName, Common::frame, Common::backgroundColor,
+                                    Common::backgroundBitmap, Common::selectable};
+
 /// Null in a host or test that has no such service.
 SmartPointer<SelectionServiceInterface> FindSelectionService() {
     constexpr char const* name = "SelectionService";
@@ -30,6 +35,8 @@ DropHandlerBase* FindDropHandler(DialogDataSource* source, String const& element
 }
 
 } // namespace
+
+AttributesOf<Pane> const Pane::attributeTable("Pane", &GUIElement::attributeTable, attributes);
 
 Pane::~Pane() {
     // For a pane that no smart pointer held; one that was released has let go already.

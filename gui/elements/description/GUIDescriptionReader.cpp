@@ -285,6 +285,9 @@ private:
                              Suggestion(attribute.name(), names));
             return;
         }
+        if (!found->hasEffect)
+            Report(node, std::string("the attribute \"") + attribute.name() + "\" of <" + node.name() +
+                             ">: " + found->meaning);
         if (inLoop || found->readable == attribute.value()) return;
         if (!IsReadable(*found, attribute.value()))
             Fail(node.offset_debug(), std::string("the attribute \"") + attribute.name() + "\" of <" +
