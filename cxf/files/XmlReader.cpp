@@ -8,12 +8,12 @@
 #include "cxf/files/ConditionWords.h"
 #include "cxf/files/ReadProgress.h"
 #include "cxf/files/XmlNames.h"
+#include "cxf/files/XmlText.h"
 
 #include <algorithm>
 #include <initializer_list>
 #include <pugixml.hpp>
 #include <set>
-#include <sstream>
 #include <utility>
 
 namespace Norvelian::ColorExchangeFormat {
@@ -73,9 +73,9 @@ private:
 bool Is(pugi::xml_node node, char const* name) { return std::string_view(node.name()) == name; }
 
 std::string Markup(pugi::xml_node node) {
-    std::ostringstream stream;
-    node.print(stream, "", pugi::format_raw);
-    return stream.str();
+    XmlText text;
+    node.print(text, "", pugi::format_raw);
+    return text.Take();
 }
 
 void Reader::FailAt(std::ptrdiff_t offset, std::string const& reason) const {

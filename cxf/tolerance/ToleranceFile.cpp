@@ -10,6 +10,7 @@
 #include "cxf/files/ConditionWords.h"
 #include "cxf/files/SampleFile.h"
 #include "cxf/files/Utf8.h"
+#include "cxf/files/XmlText.h"
 
 #include <algorithm>
 #include <array>
@@ -196,9 +197,9 @@ std::string FormatToleranceSet(ToleranceSet const& tolerance) {
         if (limit.component != DifferenceComponent::Total) set(node, "From", Shortest(limit.from));
         set(node, "To", Shortest(limit.to));
     }
-    std::ostringstream stream;
-    document.save(stream, "  ", pugi::format_default, pugi::encoding_utf8);
-    return stream.str();
+    XmlText text;
+    document.save(text, "  ", pugi::format_default, pugi::encoding_utf8);
+    return text.Take();
 }
 
 void WriteToleranceSet(std::string const& path, ToleranceSet const& tolerance) {
