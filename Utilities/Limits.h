@@ -25,7 +25,7 @@ struct Limits {
     std::size_t attributesOfElement = 1000;
     /// Of one description, or of one XML file of measurements.
     std::size_t attributes = 10'000'000;
-    /// Bytes of one attribute's text, and of one line of a measurement or language file.
+    /// Bytes of one attribute's text, and of one line of a measurement file.
     std::size_t textLength = 1'000'000;
     /// Bytes of all texts that the loops of one window write.
     std::size_t unrolledBytes = 256'000'000;

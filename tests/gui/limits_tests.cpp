@@ -10,9 +10,11 @@
 #include "tests/support/FakeWindowHost.h"
 #include "tests/support/TemporaryDirectory.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -217,4 +219,22 @@ TEST(Limits, OfRemarksKeepAFaultyDescriptionCheap) {
         std::string const told = Open("<VBox>" + Repeat(element + "/>", 200) + "</VBox>");
         return Has(told, "further remarks") && Has(told, "200 children");
     }));
+}
+
+TEST(Limits, StandInOneTableOfTheDocumentation) {
+    std::istringstream header(Tests::ReadFile(SOURCES "/Utilities/Limits.h"));
+    std::string const document = Tests::ReadFile(SOURCES "/docs/security.md");
+    int count = 0;
+    for (std::string line; std::getline(header, line);) {
+        auto const begin = line.find("std::size_t ");
+        auto const equals = line.find(" = ");
+        if (begin == std::string::npos || equals == std::string::npos) continue;
+        std::string const name = line.substr(begin + 12, equals - begin - 12);
+        std::string number = line.substr(equals + 3, line.find(';') - equals - 3);
+        std::replace(number.begin(), number.end(), '\'', ' ');
+        EXPECT_NE(document.find("\n| `" + name + "` | " + number + " |"), std::string::npos)
+            << name << ' ' << number;
+        ++count;
+    }
+    EXPECT_GE(count, 20);
 }
