@@ -4,6 +4,7 @@
 #include "Utilities/Plugin.h"
 #include "Utilities/ProgramDirectory.h"
 #include "Utilities/Thread.h"
+#include "gui/elements/DialogHandler.h"
 #include "gui/elements/application/Application.h"
 #include "gui/elements/description/Attributes.h"
 #include "gui/elements/description/GUIDescriptionReader.h"
@@ -16,12 +17,14 @@
 #include <dlfcn.h>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <gmock/gmock.h>
 #include <map>
 #include <memory>
 #include <set>
 #include <sys/resource.h>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -176,6 +179,48 @@ TEST(PluginModule, BuildsAndDropsAWindowTwice) {
         EXPECT_TRUE(plugin.Unload()) << round;
         EXPECT_FALSE(IsMapped("NorvelianGui.so")) << round;
     }
+}
+
+TEST(PluginModule, DoesNotGoInsideAQuestionOfAnElement) {
+    Plugin plugin(ModulePath());
+    {
+        GUI::Application application("plugin-tests");
+        application.SetOffscreen(true);
+        application.GetImplementation();
+        SmartPointer<GUI::GUIElement> window;
+        struct Source : GUI::DialogHandler {
+            std::function<void()> strike;
+            Utilities::Anything GetValue(Utilities::String const&, Utilities::String const&) override {
+                if (strike) std::exchange(strike, nullptr)();
+                return {};
+            }
+        } source;
+        int refused = 0;
+        for (bool const drop : {false, true}) {
+            auto const none =
+                Utilities::ResolveComponent<GUI::PlatformIndependentWindowID>("PlatformIndependentWindowID");
+            window = Utilities::ResolveComponent<GUI::GUIElement>("Window");
+            window->Initialize(
+                *none,
+                GUI::GUIDescriptionReader::Parse(
+                    "<Window ElementName='Main' Width='99' Height='99'><FixedText ElementName='t'/></Window>",
+                    "test"),
+                &source);
+            source.strike = [&] {
+                // Released elements wait for the end of the call and still need their code.
+                if (drop) window = nullptr;
+                EXPECT_THROW(plugin.Unload(), Norvelian::Utilities::Exceptions::ResourceException);
+                ++refused;
+            };
+            GUI::EventScope const event;
+            auto& element = window->FindElement("t");
+            GUI::CallScope const call(element);
+            element.OnUpdate({});
+        }
+        EXPECT_EQ(refused, 2);
+    }
+    EXPECT_TRUE(plugin.Unload());
+    EXPECT_FALSE(IsMapped("NorvelianGui.so"));
 }
 
 TEST(PluginModule, APictureThatDoesNotFitOnTheDiskLeavesTheFormerOne) {
