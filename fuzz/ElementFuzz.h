@@ -12,12 +12,17 @@
 #include "tests/support/FunctionCallback.h"
 #include "tests/support/RecordingDeviceContext.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <functional>
+#include <iterator>
 #include <limits>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// What the fuzz targets of elements share.
 namespace Fuzz {

@@ -168,7 +168,7 @@ void CNorvelianAdvancedControl::OnClickKey(bool controlKey) {
 QString CNorvelianAdvancedControl::GetToolTipText(QPoint const& place) {
     return Guarded("CNorvelianAdvancedControl: tool tip", [&] {
         return ToShownText(impl_->GetToolTipText(static_cast<unsigned short>(place.x()),
-                                                    static_cast<unsigned short>(place.y())));
+                                                 static_cast<unsigned short>(place.y())));
     });
 }
 
