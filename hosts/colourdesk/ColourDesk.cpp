@@ -25,6 +25,8 @@ constexpr char const* bundledFile = "cie_named_34_36band.txt";
 
 /// What the platform sends when a key is released: the key's code, Shift, Ctrl.
 constexpr char const* keyMessage = "Key";
+/// What the program posts to itself: the file replaces the window that it was dropped on.
+constexpr char const* openMessage = "OpenFile";
 constexpr char const* nextLanguageKey = "119;0;0"; // F8
 constexpr char const* pageUpKey = "33;0;0";
 constexpr char const* pageDownKey = "34;0;0";
@@ -81,7 +83,8 @@ Application::Application(Options options) : GUI::Application("colourdesk"), opti
 }
 
 Application::~Application() {
-    if (!messages_.IsNull()) messages_->RemoveCallback(keyMessage);
+    if (!messages_.IsNull())
+        for (char const* const message : {keyMessage, openMessage}) messages_->RemoveCallback(message);
     Close();
 }
 
@@ -120,6 +123,9 @@ void Application::Show(std::string const& file) {
                                 " of its elements can't be built; standard error says which");
     Close();
     handler_ = std::move(handler);
+    handler_->SetDropHandler([this](String const& dropped) {
+        if (!messages_.IsNull()) messages_->PostMessage(openMessage, dropped);
+    });
     description_ = description;
     window_ = window;
     SetMainWindow(window_.Get());
@@ -142,6 +148,7 @@ void Application::Start() {
     LoadLanguages();
     messages_ = Utilities::ResolveComponent<GUI::MessageService>("MessageService");
     messages_->SetCallback(keyMessage, Utilities::MakeCallback(this, &Application::OnKey));
+    messages_->SetCallback(openMessage, Utilities::MakeCallback(this, &Application::OnOpen));
     Show(options_.file.empty() ? BundledFile() : options_.file);
 }
 
@@ -189,6 +196,8 @@ long Application::OnKey(Utilities::Anything const& key) {
         return 0;
     return 1;
 }
+
+long Application::OnOpen(Utilities::Anything const& file) { return OpenFile(file.GetString()); }
 
 long Application::TakeNextLanguage() {
     auto const service = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");
