@@ -55,16 +55,20 @@ private:
         --depth_;
         return 1;
     }
+    void Listen(std::string const& name) {
+        service_.SetCallback(name, Tests::MakeCallback([this, name](Utilities::Anything const& value) {
+                                 return Arrived(name, value);
+                             }));
+    }
     void Step() {
         auto const operation = Byte() % 9;
         std::string const name = Name();
         switch (operation) {
         case 0:
+            Listen("bounded " + name);
+            [[fallthrough]];
         case 1:
-            return service_.SetCallback(name,
-                                        Tests::MakeCallback([this, name](Utilities::Anything const& value) {
-                                            return Arrived(name, value);
-                                        }));
+            return Listen(name);
         case 2:
             return service_.RemoveCallback(name);
         case 3:
@@ -74,7 +78,8 @@ private:
         case 5: {
             GUI::PostBound const bound{Byte() % 4U, Byte() % 2 == 0 ? GUI::PostBound::WhenFull::DropOldest
                                                                     : GUI::PostBound::WhenFull::Refuse};
-            return static_cast<void>(service_.PostMessageWithin(bound, name, posted_++));
+            // A value that moves up takes the place of the dropped one, before messages of the other kind.
+            return static_cast<void>(service_.PostMessageWithin(bound, "bounded " + name, posted_++));
         }
         case 6:
             return service_.Suspend();
