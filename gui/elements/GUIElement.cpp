@@ -6,6 +6,7 @@
 #include "gui/elements/Topics.h"
 #include "gui/elements/description/Attributes.h"
 
+#include <exception>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -21,14 +22,29 @@ namespace {
 
 std::size_t living = 0;
 std::size_t failed = 0;
-/// Whether the exception on its way has been told already, by the innermost element. The exception itself
-/// can't be kept for comparison: its class may go with the plug-in.
-bool isTold = false;
+/// The exception that was told last, by the innermost element that it came from. It is let go with the
+/// outermost creation: its class may belong to a module that is unloaded afterwards.
+std::exception_ptr told;
+
+class Creation {
+public:
+    Creation() { ++depth; }
+    ~Creation() {
+        if (--depth == 0) told = nullptr;
+    }
+    Creation(Creation const&) = delete;
+    Creation& operator=(Creation const&) = delete;
+
+private:
+    static int depth;
+};
+
+int Creation::depth = 0;
 
 /// Boxes drop what goes wrong while they create their children. The sink hears of it once, with the place in
 /// the description.
 void ReportFailedChild(String const& type, DescriptionTree const& description) {
-    if (std::exchange(isTold, true)) return;
+    if (std::exchange(told, std::current_exception()) == std::current_exception()) return;
     ++failed;
     std::string where = "<" + type.GetStdString() + ">";
     String const name = AttributeReader(description).Text(CommonAttributes::elementName);
@@ -231,12 +247,12 @@ void GUIElement::PassOnPaintWindowDecorators(PlatformIndependentDeviceContext& c
 void GUIElement::CreateChildren(PlatformIndependentWindowID const& window, DescriptionTree const& description,
                                 DialogDataSource* dataSource) {
     CallScope const call(*this);
+    Creation const creation;
     for (auto node = description.GetChildren(); node.IsValid() && IsAttached(); ++node) {
         DescriptionTree const& child = *node.Current();
         String const type = AttributeReader(child).Text(CommonAttributes::elementType);
         if (AttributeTable::IsPartOfElement(type.GetStdString())) continue;
         Utilities::SmartPointer<GUIElement> element;
-        isTold = false;
         try {
             element = MakeElement(type);
             element->parentElement_ = this;
@@ -245,7 +261,6 @@ void GUIElement::CreateChildren(PlatformIndependentWindowID const& window, Descr
             ReportFailedChild(type, child);
             throw;
         }
-        isTold = false;
         // What the child asked for may have released this element.
         if (!IsAttached()) break;
         children_.Append(element);
