@@ -69,7 +69,7 @@ struct Limits {
     /// Not while another thread reads.
     static void Set(Limits const& limits);
 
-    /// "more than 200 elements inside each other; the limit \"depth\" is 200".
+    /// `more than 200 elements inside each other (the limit "depth")`.
     static std::string Passed(char const* limit, std::size_t value, char const* of);
 };
 

@@ -96,7 +96,7 @@ TEST(Limits, OfADescriptionAreToldWithItsLine) {
     std::pair<std::string, char const*> const rows[] = {
         {"<VBox>\n<HBox/><HBox/><HBox/></VBox>", "accepted"},
         {"<VBox>\n<HBox/><HBox/><HBox/>\n<HBox/></VBox>",
-         "f.xml:3:1: more than 4 elements; the limit \"elements\""},
+         "f.xml:3:1: more than 4 elements (the limit \"elements\""},
         {"<VBox><VBox>\n<VBox><VBox/></VBox></VBox></VBox>",
          "f.xml:2:8: more than 3 elements inside each other"},
         {"<Pane ElementName='p'><Properties>\n<A><B/></A></Properties></Pane>",
@@ -104,7 +104,7 @@ TEST(Limits, OfADescriptionAreToldWithItsLine) {
         {"\n<VBox A='1' B='1' C='1' D='1'/>", "f.xml:2:2: more than 3 attributes of one element"},
         {"<VBox A='1' B='1' C='1'>\n<VBox A='1' B='1' C='1'/></VBox>", "f.xml:2:20: more than 5 attributes"},
         {"\n<VBox A='01234567890'/>", "f.xml:2:2: the attribute \"A\" has more than 10 bytes"},
-        {"<VBox>" + std::string(300, ' ') + "</VBox>", "more than 300 bytes; the limit \"descriptionBytes\""},
+        {"<VBox>" + std::string(300, ' ') + "</VBox>", "more than 300 bytes (the limit \"descriptionBytes\""},
     };
     for (auto const& [text, expected] : rows) EXPECT_THAT(Refusal(text), HasSubstr(expected)) << text;
 }

@@ -213,9 +213,9 @@ TEST_F(LanguageServiceTest, SaysWhatIsMissing) {
     Utilities::Limits::Set(limits);
     Language("Languages.key", "1\nOne\n");
     LanguageService large;
-    EXPECT_EQ(Failure(large), "Could not initialize LanguageService!\n\n" + program_ +
-                                  "/Languages/German.lang: more than 6 bytes; the limit \"languageBytes\" "
-                                  "stands there\n");
+    EXPECT_EQ(Failure(large),
+              "Could not initialize LanguageService!\n\n" + program_ +
+                  "/Languages/German.lang: more than 6 bytes (the limit \"languageBytes\")\n");
     Utilities::Limits::Set({});
 }
 

@@ -61,7 +61,7 @@ TEST(SampleLimits, AreToldWithTheirPlace) {
     WithLimits const with(limits);
     std::pair<std::string, char const*> const rows[] = {
         {Table("", 3, 3), "accepted"},
-        {Table("", 2, 4), "f:9:1: more than 3 samples; the limit \"samples\""},
+        {Table("", 2, 4), "f:9:1: more than 3 samples (the limit \"samples\""},
         {Table("", 5, 1), "f:3:13: more than 4 fields"},
         {Table("", 4, 3), "f:8:5: more than 10 values"},
         {Table("A 1\nB 1\nC 1\n", 1, 1), "f:4:1: more than 3 keywords and comments"},
