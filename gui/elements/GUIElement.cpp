@@ -64,7 +64,7 @@ Utilities::SmartPointer<GUIElement> MakeElement(String const& type) {
 
 namespace Common = CommonAttributes;
 
-constexpr Attribute attributes[] = {
+constexpr Attribute attributeList[] = {
     Common::elementType,  Common::elementName,   Common::registered,    Common::minimalWidth,
     Common::maximalWidth, Common::minimalHeight, Common::maximalHeight, Common::justificationOnX,
     Common::helpFile,     Common::helpTopic,     Common::properties,
@@ -74,7 +74,7 @@ std::uint32_t Pixels(unsigned long value) { return static_cast<std::uint32_t>(va
 
 } // namespace
 
-AttributesOf<GUIElement> const GUIElement::attributeTable("GUIElement", nullptr, attributes);
+AttributesOf<GUIElement> const GUIElement::attributeTable("GUIElement", nullptr, attributeList);
 
 std::uint64_t GUIElement::layoutRevision = 0;
 std::uint64_t GUIElement::namesRevision = 0;
