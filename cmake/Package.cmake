@@ -14,7 +14,7 @@ install(EXPORT NorvelianTargets NAMESPACE Norvelian:: FILE NorvelianTargets.cmak
 
 # The headers that hosts call: those of the floors they stand on, and of the plug-in the abstract classes with
 # operations for hosts. None of what the platform's classes or the colour library keep to themselves: its parsers, tables and kernels.
-set(private_headers "cxf/(verification/Checks|files/(AttributeNotes|Cgats|ConditionWords|Utf8|Xml)|colorimetry/(Illuminants|Kernels|Lagrange|Resolved|Tables))[^/]*[.]h$")
+set(private_headers "cxf/(verification/Checks|files/(AttributeNotes|Cgats|ConditionWords|ReadProgress|Utf8|Xml)|colorimetry/(Illuminants|Kernels|Lagrange|Resolved|Tables))[^/]*[.]h$")
 foreach(folder Diagnostics Utilities core cxf gui/elements)
   cmake_path(GET folder PARENT_PATH parent)
   install(DIRECTORY "${CMAKE_SOURCE_DIR}/${folder}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/norvelian/${parent}"

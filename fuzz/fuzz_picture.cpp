@@ -1,5 +1,6 @@
 // Picture files through `Load`: as a Windows bitmap, as JPEG, or as whatever they are, by the first byte.
 
+#include "Utilities/Limits.h"
 #include "services/Bitmap_PC.h"
 #include "services/JpegReader_PC.h"
 #include "tests/support/TemporaryDirectory.h"
@@ -32,8 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     GUI::Bitmap_PC bitmap;
     Utilities::File const file(path);
     bool const loaded = data[0] % names.size() == 1 ? bitmap.LoadJpeg(file) : bitmap.Load(file);
-    if (loaded && bitmap.GetWidth() * bitmap.GetHeight() > GUI::largestPicture / GUI::bytesPerPixel)
-        std::abort();
+    if (loaded && bitmap.GetWidth() * bitmap.GetHeight() > Utilities::Limits::Get().pixels) std::abort();
     // Pixels are read back, so that one that was never written shows under the memory sanitizer.
     if (loaded && bitmap.GetWidth() * bitmap.GetHeight() < 10000) {
         GUI::Bitmap::Pixels pixels;

@@ -2,6 +2,7 @@
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/Directory_PC.h"
+#include "Utilities/Limits.h"
 #include "core/base/Exceptions.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
@@ -42,7 +43,7 @@ Bitmap_PC::~Bitmap_PC() = default;
 bool Bitmap_PC::Create(unsigned long width, unsigned long height) {
     constexpr unsigned long longestSide = 65535;
     if (width == 0 || height == 0 || width > longestSide || height > longestSide ||
-        width * height > largestPicture / bytesPerPixel)
+        width * height > Utilities::Limits::Get().pixels)
         return false;
     QImage image(static_cast<int>(width), static_cast<int>(height), QImage::Format_RGB32);
     if (!image.isNull()) image.fill(Qt::black);

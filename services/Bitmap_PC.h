@@ -17,8 +17,8 @@ class PlatformIndependentDeviceContext_PC;
 /// otherwise by the reader of all formats if the platform has one (see `PictureReader`), and if not, with
 /// "JPG" in the name through libjpeg (3 components only) and else as a Windows bitmap.
 ///
-/// No picture is larger than `largestPicture`, 128 MiB: making or loading one fails, and the former picture
-/// stays.
+/// No picture has more pixels than `Utilities::Limits` allows: making or loading one fails, and the former
+/// picture stays.
 ///
 /// For screens of high density a file "name@2x.ext" beside "name.ext" is drawn in its place, at the same
 /// size on the surface; the picture's size in pixels stays that of the plain file.

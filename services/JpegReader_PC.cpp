@@ -1,5 +1,7 @@
 #include "services/JpegReader_PC.h"
 
+#include "Utilities/Limits.h"
+
 #include <csetjmp>
 #include <cstdint>
 #include <cstdio> // jpeglib.h needs FILE
@@ -29,7 +31,7 @@ struct Target {
     std::ptrdiff_t stride = 0;
 
     bool Make(JDIMENSION width, JDIMENSION height) {
-        if (static_cast<unsigned long>(width) * height > largestPicture / bytesPerPixel) return false;
+        if (static_cast<unsigned long>(width) * height > Utilities::Limits::Get().pixels) return false;
         image = QImage(static_cast<int>(width), static_cast<int>(height), QImage::Format_RGB32);
         bits = image.isNull() ? nullptr : image.bits();
         stride = image.bytesPerLine();

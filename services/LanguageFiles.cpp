@@ -1,8 +1,11 @@
 #include "services/LanguageFiles.h"
 
+#include "Utilities/Limits.h"
 #include "core/base/Exceptions.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace Utilities {
@@ -11,6 +14,15 @@ using Norvelian::Utilities::Exceptions::ResourceNotAvailableException;
 using Norvelian::Utilities::Exceptions::TraceableException;
 
 namespace {
+
+/// Both files are read line by line, and a line may be all of a file.
+void RequireSize(File const& file) {
+    std::error_code failure;
+    auto const most = Limits::Get().languageBytes;
+    if (std::filesystem::file_size(file.GetPath().GetStdString(), failure) > most && !failure)
+        throw ResourceNotAvailableException(file.GetPath().GetStdString() + ": " +
+                                            Limits::Passed("languageBytes", most, "bytes"));
+}
 
 constexpr char const* failed = "Could not initialize LanguageService!\n\n";
 
@@ -49,6 +61,8 @@ void LanguageFiles::Read(Directory const& parent) {
 }
 
 void LanguageFiles::ReadLanguage(File keyFile, File languageFile, std::string& conflicts) {
+    RequireSize(keyFile);
+    RequireSize(languageFile);
     keyFile.Open();
     languageFile.Open();
     version_ = keyFile.ReadLine();

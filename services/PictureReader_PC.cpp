@@ -1,6 +1,7 @@
 #include "services/PictureReader_PC.h"
 
 #include "Diagnostics/Sink.h"
+#include "Utilities/Limits.h"
 #include "Utilities/WholeFile.h"
 #include "services/JpegReader_PC.h"
 
@@ -26,7 +27,7 @@ QImage Refused(std::string const& path, std::string const& reason) {
 bool IsAllowed(QSize size) {
     return size.isEmpty() ||
            static_cast<unsigned long>(size.width()) * static_cast<unsigned long>(size.height()) <=
-               largestPicture / bytesPerPixel;
+               Utilities::Limits::Get().pixels;
 }
 
 QImage AsShown(QImage image) {
@@ -70,7 +71,8 @@ QImage ReadAs(char const* format, std::string_view file, std::string const& path
     QImageReader reader(&buffer, format);
     if (*format) reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
-    if (!IsAllowed(reader.size())) return Refused(path, "it is too large");
+    if (!IsAllowed(reader.size()))
+        return Refused(path, Utilities::Limits::Passed("pixels", Utilities::Limits::Get().pixels, "pixels"));
     QImage image = AsShown(reader.read());
     return image.isNull() ? Refused(path, reader.errorString().toStdString()) : image;
 }
@@ -82,7 +84,7 @@ bool MayBeTurned(std::string_view file) {
 }
 
 std::string ReadFile(std::string const& path) {
-    auto file = Utilities::ReadWholeFile(path, largestPicture);
+    auto file = Utilities::ReadWholeFile(path, Utilities::Limits::Get().pictureBytes);
     if (file.state == Utilities::FileState::Unreadable)
         Refused(path, "the file can't be read, is too large or is no ordinary file");
     else if (file.state == Utilities::FileState::Read && file.contents.empty())

@@ -9,9 +9,10 @@ namespace GUI::PictureReader {
 /// The first picture of a file with several, turned as the file asks for, with 32 bits a pixel and an alpha
 /// channel only if it is used. Null if the file can't be shown; if it exists, the sink is told why.
 ///
-/// No number in a file is trusted: a picture above `largestPicture` is refused before memory is taken for it,
-/// and so is a file of that size. What a picture below it takes for the time of loading is its own bytes, the
-/// file's, and up to twice its own again for 16 bits a channel, a progressive JPEG or scaling.
+/// No number in a file is trusted: a picture of more pixels than `Utilities::Limits` allows is refused before
+/// memory is taken for it, and so is a file of too many bytes. What a picture below it takes for the time of
+/// loading is its own bytes, the file's, and up to twice its own again for 16 bits a channel, a progressive
+/// JPEG or scaling.
 /// @{
 
 /// Whether the platform reads pictures. A format whose reader isn't installed is refused file by file.

@@ -2,6 +2,7 @@
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/AtomicFile.h"
+#include "Utilities/Limits.h"
 #include "Utilities/Mutex.h"
 #include "Utilities/ProgramDirectory.h"
 #include "Utilities/WholeFile.h"
@@ -9,7 +10,6 @@
 #include "core/creators/ComponentCreator.h"
 #include "services/IniText.h"
 
-#include <cstdint>
 #include <filesystem>
 
 namespace Utilities {
@@ -22,7 +22,6 @@ namespace {
 ComponentCreatorSingleton<Preferences_PC> creator({"Preferences", "$Revision: 1.4 $", "Utilities"});
 
 constexpr long longestValue = 1023;
-constexpr std::uint64_t largestFile = 16U << 20U;
 constexpr long lockTimeoutMilliseconds = 3000;
 
 /// Asked for with every read, and the system takes longer to tell than to read the file.
@@ -53,7 +52,7 @@ void Write(std::string const& path, String const& section, String const& key, St
                                                    "changed all the same")
                                                .c_str());
     std::filesystem::create_directories(path.substr(0, path.rfind('/')));
-    auto const [state, text] = ReadWholeFile(path, largestFile);
+    auto const [state, text] = ReadWholeFile(path, Limits::Get().settingsBytes);
     if (state == FileState::Unreadable)
         throw ResourceException(path + ": can't be read, and so isn't replaced");
     auto const changed =
@@ -72,7 +71,7 @@ String Preferences_PC::GetPathToWrite() { return PathToWrite(); }
 
 String Preferences_PC::GetValue(String const& section, String const& key, String const& defaultValue) {
     try {
-        auto const file = ReadWholeFile(PathFor(ExecutableStem()), largestFile);
+        auto const file = ReadWholeFile(PathFor(ExecutableStem()), Limits::Get().settingsBytes);
         auto const value = IniText::FindValue(file.contents, section.GetStdString(), key.GetStdString());
         if (value) return String(value->substr(0, longestValue));
     } catch (...) {

@@ -1,5 +1,6 @@
 #include "cxf/files/CgatsHeader.h"
 
+#include "Utilities/Limits.h"
 #include "cxf/conditions/ConditionText.h"
 #include "cxf/conditions/IlluminantNames.h"
 #include "cxf/files/ConditionWords.h"
@@ -7,12 +8,14 @@
 #include <algorithm>
 #include <array>
 #include <initializer_list>
+#include <map>
 #include <string_view>
 #include <utility>
 
 namespace Norvelian::ColorExchangeFormat {
 
 using namespace Tristim::Vocabulary;
+using ::Utilities::Limits;
 using Kind = ReadNote::Kind;
 
 namespace {
@@ -162,7 +165,11 @@ CgatsHeader::CgatsHeader(std::span<SampleSet::Property const> properties) : prop
             continue;
         auto const [key, value] = Parted(properties[place]);
         std::string const plain = PlainName(key);
-        if (std::find(kFreeKeywords.begin(), kFreeKeywords.end(), plain) != kFreeKeywords.end())
+        bool const isFree =
+            std::find(kFreeKeywords.begin(), kFreeKeywords.end(), plain) != kFreeKeywords.end();
+        if (auto const most = Limits::Get().headerText; value.size() > most && (isFree || FindKeyword(plain)))
+            throw CgatsHeaderException(place, key + " has " + Limits::Passed("headerText", most, "bytes"));
+        if (isFree)
             TakeFree(place, key, value);
         else
             TakeKeyword(place, key, value);
@@ -192,6 +199,10 @@ CgatsHeader::CgatsHeader(std::span<SampleSet::Property const> properties) : prop
 }
 
 void CgatsHeader::TakeOwn(std::span<SampleSet::Property const> properties) {
+    std::map<std::string_view, std::string const*> assumed;
+    for (auto const& [key, origin] : properties)
+        if (key.starts_with(kAssumedKeyword))
+            assumed[std::string_view(key).substr(std::string_view(kAssumedKeyword).size())] = &origin;
     for (std::size_t place = 0; place < properties.size(); ++place) {
         auto const& [key, value] = properties[place];
         if (!key.starts_with(kConditionKeyword) || key.starts_with(kAssumedKeyword)) continue;
@@ -203,9 +214,8 @@ void CgatsHeader::TakeOwn(std::span<SampleSet::Property const> properties) {
             throw CgatsHeaderException(place, failure.what());
         }
         statements_[condition] = {kOwnRank, place, key, value, false};
-        std::string by;
-        for (auto const& [other, origin] : properties)
-            if (other == kAssumedKeyword + condition) by = origin;
+        auto const origin = assumed.find(condition);
+        std::string const by = origin == assumed.end() ? std::string() : *origin->second;
         if (by.empty())
             all_.SetAttribute(condition, value);
         else

@@ -1,10 +1,12 @@
 #include "cxf/files/CgatsReader.h"
 
+#include "Utilities/Limits.h"
 #include "cxf/conditions/Numbers.h"
 #include "cxf/conditions/TristimException.h"
 #include "cxf/files/CgatsScanner.h"
 #include "cxf/files/CgatsTable.h"
 #include "cxf/files/ConditionWords.h"
+#include "cxf/files/ReadProgress.h"
 
 #include <algorithm>
 
@@ -12,6 +14,7 @@ namespace Norvelian::ColorExchangeFormat {
 
 using Tristim::Numbers::HasDecimalComma;
 using Tristim::Numbers::Parse;
+using ::Utilities::Limits;
 using ::Utilities::MakeSmart;
 
 namespace {
@@ -32,7 +35,8 @@ struct Stated {
 class Reader {
 public:
     Reader(std::string_view text, std::string const& name, ReadOptions const& options)
-        : scanner_(text, name), options_(options), table_(scanner_, options_) {}
+        : scanner_(text, name), options_(options), progress_(name, text.size(), options_),
+          table_(scanner_, options_, progress_) {}
 
     std::vector<SampleSetPointer> Run() {
         std::vector<SampleSetPointer> sets;
@@ -45,6 +49,9 @@ public:
 private:
     SampleSetPointer ReadTable();
     void AddProperty(SampleSet& set, CgatsToken const& at, std::string key, std::string value) {
+        if (table_.properties.size() == limits_.headerEntries)
+            scanner_.Fail(at,
+                          Limits::Passed("headerEntries", limits_.headerEntries, "keywords and comments"));
         set.AddProperty(std::move(key), std::move(value));
         table_.properties.push_back(at);
     }
@@ -58,6 +65,13 @@ private:
 
     CgatsScanner scanner_;
     ReadOptions options_;
+    Limits const& limits_ = Limits::Get();
+    ReadProgress progress_;
+    /// Of the tables that are done.
+    std::size_t samples_ = 0;
+    std::size_t values_ = 0;
+    /// Bytes of which samples have been made.
+    std::size_t built_ = 0;
     CgatsTable table_;
 };
 
@@ -137,6 +151,8 @@ void Reader::ReadFormat() {
     for (; !token.Is("END_DATA_FORMAT"); token = scanner_.Next()) {
         if (token.atEnd || token.Is("BEGIN_DATA"))
             scanner_.Fail(token, "the data format doesn't end; expected END_DATA_FORMAT");
+        if (table_.format.size() == limits_.fields)
+            scanner_.Fail(token, Limits::Passed("fields", limits_.fields, "fields"));
         if (!token.quoted && CgatsTable::IsJoined(token.text))
             scanner_.Fail(token, "the fields are parted by commas or semicolons; expected blanks or tabs");
         table_.format.push_back(token);
@@ -174,6 +190,11 @@ void Reader::ReadData(SampleSet& set, Stated const& stated) {
             setsBeginLines = false;
         }
         if (token.atEnd) table_.FailInData(token, "the file ends in the data; expected END_DATA");
+        if (values_ + table_.data.size() == limits_.values)
+            scanner_.Fail(token, Limits::Passed("values", limits_.values, "values"));
+        if (setBegins && samples_ + table_.data.size() / width == limits_.samples)
+            scanner_.Fail(token, Limits::Passed("samples", limits_.samples, "samples"));
+        progress_.Advance(scanner_.OffsetOf(token), built_);
         table_.data.push_back(token);
         ++inLine;
     }
@@ -187,7 +208,10 @@ void Reader::ReadData(SampleSet& set, Stated const& stated) {
     if (stated.sets && !counted)
         scanner_.Fail(stated.setsAt, "NUMBER_OF_SETS is " + Tristim::Numbers::Shortest(*stated.sets) +
                                          ", but the data hold " + std::to_string(sets) + " sets");
+    samples_ += sets;
+    values_ += table_.data.size();
     table_.AddSamples(set);
+    built_ = scanner_.OffsetOf(token);
 }
 
 void Reader::CheckCoverage() const {

@@ -1,11 +1,14 @@
 #include "cxf/files/CgatsScanner.h"
 
+#include "Utilities/Limits.h"
 #include "cxf/files/FileException.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace Norvelian::ColorExchangeFormat {
+
+using ::Utilities::Limits;
 
 namespace {
 
@@ -29,17 +32,25 @@ bool CgatsToken::Is(std::string_view word) const {
 }
 
 std::string CgatsToken::Unquoted() const {
-    std::string result(text);
-    if (!quoted) return result;
-    for (auto at = result.find("\"\""); at != std::string::npos; at = result.find("\"\"", at + 1))
-        result.erase(at, 1);
+    if (!quoted) return std::string(text);
+    std::string result;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        result += text[at];
+        if (text[at] == '"' && at + 1 < text.size() && text[at + 1] == '"') ++at;
+    }
     return result;
 }
 
 CgatsScanner::CgatsScanner(std::string_view text, std::string const& file)
     : file_(file), text_(text), position_(text.data()), end_(text.data() + text.size()) {
-    auto const binary = std::find_if(position_, end_, IsBinary);
-    if (binary != end_) FailAt(binary, "the file is binary; expected CGATS text");
+    auto const longest = static_cast<std::ptrdiff_t>(Limits::Get().textLength);
+    char const* line = position_;
+    for (char const* at = position_; at != end_; ++at) {
+        if (IsBinary(*at)) FailAt(at, "the file is binary; expected CGATS text");
+        if (IsLineEnd(*at)) line = at + 1;
+        if (at - line >= longest)
+            FailAt(line, "the line has " + Limits::Passed("textLength", Limits::Get().textLength, "bytes"));
+    }
 }
 
 CgatsToken CgatsScanner::Next() {
@@ -125,15 +136,16 @@ void CgatsScanner::Fail(CgatsToken const& where, std::string const& reason) cons
 }
 
 std::pair<unsigned long, unsigned long> CgatsScanner::PlaceOf(char const* where) const {
-    unsigned long line = 1;
-    char const* begin = text_.data();
-    for (char const* at = begin; at != where; ++at) {
+    // Places are mostly asked for in the order of the text: each line is counted once.
+    if (!counted_.at || counted_.at > where) counted_ = {text_.data(), text_.data(), 1};
+    for (; counted_.at != where; ++counted_.at) {
+        char const* const at = counted_.at;
         bool const crBeforeLf = *at == '\r' && at + 1 != end_ && at[1] == '\n';
         if (!IsLineEnd(*at) || crBeforeLf) continue;
-        ++line;
-        begin = at + 1;
+        ++counted_.line;
+        counted_.lineBegin = at + 1;
     }
-    return {line, static_cast<unsigned long>(where - begin) + 1};
+    return {counted_.line, static_cast<unsigned long>(where - counted_.lineBegin) + 1};
 }
 
 unsigned long CgatsScanner::LineOf(CgatsToken const& where) const { return PlaceOf(where.text.data()).first; }

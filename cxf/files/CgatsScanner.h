@@ -35,6 +35,11 @@ public:
     /// The comments since they were last taken, without "#".
     std::vector<std::string_view> TakeComments();
 
+    /// How many bytes of the text lie before a word.
+    std::size_t OffsetOf(CgatsToken const& where) const {
+        return static_cast<std::size_t>(where.text.data() - text_.data());
+    }
+    std::size_t GetSize() const { return text_.size(); }
     /// The line of a place in the text, from 1.
     unsigned long LineOf(CgatsToken const& where) const;
     /// Throws `FileException` at a word, which must come from this text; for the end of the text, there.
@@ -46,6 +51,13 @@ private:
     /// Line and column.
     std::pair<unsigned long, unsigned long> PlaceOf(char const* where) const;
 
+    /// How far lines have been counted.
+    struct Counted {
+        char const* at = nullptr;
+        char const* lineBegin = nullptr;
+        unsigned long line = 1;
+    };
+
     std::string const& file_;
     std::string_view text_;
     char const* position_;
@@ -53,6 +65,7 @@ private:
     bool newLine_ = true;
     bool begun_ = false; ///< whether a token was read; before it, byte order marks are skipped
     std::vector<std::string_view> comments_;
+    mutable Counted counted_;
 };
 
 } // namespace Norvelian::ColorExchangeFormat

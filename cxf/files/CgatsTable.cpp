@@ -218,6 +218,7 @@ void CgatsTable::AddSamples(SampleSet& set) {
     std::vector<double> components;
     for (std::size_t row = 0; row < sets; ++row) {
         std::span<CgatsToken const> const values(&data[row * width], width);
+        progress.Built(scanner.OffsetOf(values.front()));
         auto const text = [&values](std::optional<std::size_t> field) {
             return field ? values[*field].Unquoted() : std::string();
         };

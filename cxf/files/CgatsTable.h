@@ -2,6 +2,7 @@
 
 #include "cxf/files/CgatsFields.h"
 #include "cxf/files/CgatsHeader.h"
+#include "cxf/files/ReadProgress.h"
 #include "cxf/files/SampleFile.h"
 
 #include <optional>
@@ -15,11 +16,13 @@ namespace Norvelian::ColorExchangeFormat {
 /// makes samples of it and notes what it took for what.
 class CgatsTable {
 public:
-    /// Both must outlive the table.
-    CgatsTable(CgatsScanner const& from, ReadOptions const& by) : scanner(from), options(by) {}
+    /// All must outlive the table.
+    CgatsTable(CgatsScanner const& from, ReadOptions const& by, ReadProgress& told)
+        : scanner(from), options(by), progress(told) {}
 
     CgatsScanner const& scanner;
     ReadOptions const& options;
+    ReadProgress& progress;
     /// Where each property of the set stands.
     std::vector<CgatsToken> properties;
     std::optional<double> norm;    ///< what the header says of the spectra's scale

@@ -31,4 +31,11 @@ private:
     std::string reason_;
 };
 
+/// Reading was ended by who asked for it; no fault of the file.
+class ReadCancelled : public FileException {
+public:
+    explicit ReadCancelled(std::string file)
+        : FileException(std::move(file), 0, 0, "reading was cancelled") {}
+};
+
 } // namespace Norvelian::ColorExchangeFormat

@@ -1,6 +1,7 @@
 #include "cxf/files/SampleFile.h"
 
 #include "Utilities/AtomicFile.h"
+#include "Utilities/Limits.h"
 #include "cxf/files/CgatsReader.h"
 #include "cxf/files/CgatsWriter.h"
 #include "cxf/files/Utf8.h"
@@ -17,8 +18,6 @@
 namespace Norvelian::ColorExchangeFormat {
 
 namespace {
-
-constexpr std::size_t kLargest = std::size_t{256} << 20;
 
 bool HasSpectra(SampleSet const& set) {
     auto const& samples = set.GetSamples();
@@ -40,10 +39,14 @@ std::string ReadFileBytes(std::string const& path) {
     std::unique_ptr<std::FILE, decltype(&std::fclose)> const file(std::fopen(path.c_str(), "rb"),
                                                                   &std::fclose);
     if (!file) fail(std::string("can't be opened: ") + std::strerror(errno));
+    std::size_t const largest = ::Utilities::Limits::Get().sampleFileBytes;
+    auto const size = std::filesystem::file_size(path, failure);
     std::string bytes;
+    if (!failure) bytes.reserve(std::min<std::size_t>(size, largest));
     char buffer[65536];
     while (std::size_t const got = std::fread(buffer, 1, sizeof(buffer), file.get())) {
-        if (bytes.size() + got > kLargest) fail("the file is larger than 256 MiB");
+        if (bytes.size() + got > largest)
+            fail("the file has " + ::Utilities::Limits::Passed("sampleFileBytes", largest, "bytes"));
         bytes.append(buffer, got);
     }
     if (std::ferror(file.get())) fail(std::string("can't be read: ") + std::strerror(errno));

@@ -4,6 +4,7 @@
 #include "cxf/files/ReadReport.h"
 #include "cxf/samples/SampleSet.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,11 +22,15 @@ struct ReadOptions {
     bool strict = false;
     /// Receives what the reader made of the file, in addition to what it holds already.
     ReadReport* report = nullptr;
+    /// Asked up to some hundred times while a file is read, with the part that is done, from 0 to 1; false
+    /// ends the reading with `ReadCancelled`. It runs on the thread that reads.
+    std::function<bool(double done)> progress = {};
 };
 
 /// Reads a file of samples: CGATS.17 / ISO 28178 text (`CgatsReader.h`) or the XML form (`XmlReader.h`), told
 /// apart by the first character. One set for each table; there is at least one, and none is empty.
-/// Throws `FileException`; a file that can't be read to its end gives nothing.
+/// Throws `FileException`; a file that can't be read to its end gives nothing. `Utilities::Limits` says how
+/// much a file may hold and how long reading it may take.
 std::vector<SampleSetPointer> ReadSampleSets(std::string const& path, ReadOptions const& options = {});
 /// The first set of the file; with `requireSpectra` the first that has spectra. To write a file again with
 /// all its tables, keep what `ReadSampleSets` gives.
@@ -45,7 +50,7 @@ std::string FormatSampleSets(std::vector<SampleSetPointer> const& sets, SampleFo
 /// Writes a file as a whole or not at all. Throws `TristimException` as above and `FileException`.
 void WriteSampleSets(std::string const& path, std::vector<SampleSetPointer> const& sets, SampleFormat format);
 
-/// The bytes of a file, at most 256 MiB. Throws `FileException`.
+/// The bytes of a file, as many as `Utilities::Limits` allows. Throws `FileException`.
 std::string ReadFileBytes(std::string const& path);
 
 } // namespace Norvelian::ColorExchangeFormat

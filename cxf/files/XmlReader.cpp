@@ -1,21 +1,25 @@
 #include "cxf/files/XmlReader.h"
 
+#include "Utilities/Limits.h"
+#include "Utilities/XmlCost.h"
 #include "cxf/conditions/Numbers.h"
 #include "cxf/conditions/TristimException.h"
 #include "cxf/files/AttributeNotes.h"
 #include "cxf/files/ConditionWords.h"
+#include "cxf/files/ReadProgress.h"
 #include "cxf/files/Utf8.h"
 #include "cxf/files/XmlNames.h"
+#include "cxf/files/XmlText.h"
 
 #include <algorithm>
 #include <initializer_list>
 #include <pugixml.hpp>
 #include <set>
-#include <sstream>
 #include <utility>
 
 namespace Norvelian::ColorExchangeFormat {
 
+using ::Utilities::Limits;
 using ::Utilities::MakeSmart;
 using namespace Tristim::Vocabulary;
 
@@ -32,7 +36,7 @@ std::vector<pugi::xml_node> Elements(pugi::xml_node node, char const* name) {
 class Reader {
 public:
     Reader(std::string_view text, std::string const& name, ReadOptions const& options)
-        : text_(text), name_(name), options_(options) {}
+        : text_(text), name_(name), options_(options), progress_(name, text.size(), options_) {}
 
     std::vector<SampleSetPointer> Run();
 
@@ -41,7 +45,7 @@ private:
     /// 100 if the set's spectra that don't say their scale are percentages, by the same evidence as in CGATS.
     double FindScale(pugi::xml_node set) const;
     void NoteSet(pugi::xml_node node, SampleSet const& set) const;
-    ::Utilities::SmartPointer<Sample> ReadSample(pugi::xml_node node) const;
+    ::Utilities::SmartPointer<Sample> ReadSample(pugi::xml_node node);
     Sample::AttributePointer ReadAttribute(pugi::xml_node node) const;
     Sample::AttributePointer ReadSpectrum(pugi::xml_node node) const;
     Sample::AttributePointer ReadRecipe(pugi::xml_node node) const;
@@ -56,7 +60,7 @@ private:
         if (found.size() > 1) Fail(found[0], std::string("<") + node.name() + "> has " + name + " twice");
         return found.empty() ? pugi::xml_node() : found[0];
     }
-    unsigned long LineOf(pugi::xml_node node) const;
+    unsigned long LineAt(std::ptrdiff_t offset) const;
     void Note(ReadNote::Kind kind, pugi::xml_node node, std::string const& text) const;
     double Number(pugi::xml_node node, char const* attribute) const;
     std::string Text(pugi::xml_node node, char const* attribute) const;
@@ -72,6 +76,11 @@ private:
     std::string_view text_;
     std::string const& name_;
     ReadOptions options_;
+    Limits const& limits_ = Limits::Get();
+    ReadProgress progress_;
+    std::size_t samples_ = 0;
+    mutable std::size_t countedTo_ = 0;
+    mutable unsigned long countedLine_ = 1;
     mutable std::set<std::pair<std::string, std::string>> checked_;
     double scale_ = 1; ///< of the set that is being read
 };
@@ -79,31 +88,36 @@ private:
 bool Is(pugi::xml_node node, char const* name) { return std::string_view(node.name()) == name; }
 
 std::string Markup(pugi::xml_node node) {
-    std::ostringstream stream;
-    node.print(stream, "", pugi::format_raw);
-    return stream.str();
+    XmlText text;
+    node.print(text, "", pugi::format_raw);
+    return text.Take();
 }
 
 void Reader::FailAt(std::ptrdiff_t offset, std::string const& reason) const {
-    // Positions are unknown in a document that was converted from another encoding.
-    if (offset < 0) throw FileException(name_, 0, 0, reason);
-    std::string_view const before = text_.substr(0, static_cast<std::size_t>(offset));
-    auto const line = static_cast<unsigned long>(std::count(before.begin(), before.end(), '\n'));
-    auto const lineEnd = before.rfind('\n');
-    std::size_t const column = before.size() - (lineEnd == std::string_view::npos ? 0 : lineEnd + 1);
-    throw FileException(name_, line + 1, static_cast<unsigned long>(column) + 1, reason);
+    auto const before = text_.substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)));
+    // Without a line end, npos + 1 is 0.
+    throw FileException(name_, LineAt(offset), before.size() - (before.rfind('\n') + 1) + 1, reason);
 }
 
-unsigned long Reader::LineOf(pugi::xml_node node) const {
-    if (node.offset_debug() < 0) return 0;
-    std::string_view const before = text_.substr(0, static_cast<std::size_t>(node.offset_debug()));
-    return static_cast<unsigned long>(std::count(before.begin(), before.end(), '\n')) + 1;
+unsigned long Reader::LineAt(std::ptrdiff_t offset) const {
+    // Positions are unknown in a document that was converted from another encoding.
+    if (offset < 0) return 0;
+    // Places are mostly asked for in the order of the text: each line is counted once.
+    auto const end = static_cast<std::size_t>(offset);
+    if (end < countedTo_) {
+        countedTo_ = 0;
+        countedLine_ = 1;
+    }
+    std::string_view const part = text_.substr(countedTo_, end - countedTo_);
+    countedLine_ += static_cast<unsigned long>(std::count(part.begin(), part.end(), '\n'));
+    countedTo_ = end;
+    return countedLine_;
 }
 
 void Reader::Note(ReadNote::Kind kind, pugi::xml_node node, std::string const& text) const {
     if (options_.strict && (kind == ReadNote::Kind::Assumed || kind == ReadNote::Kind::Contradiction))
         Fail(node, std::string(ReadReport::NameOf(kind)) + ": " + text);
-    if (options_.report) options_.report->Add(kind, LineOf(node), text);
+    if (options_.report) options_.report->Add(kind, LineAt(node.offset_debug()), text);
 }
 
 std::string Reader::Text(pugi::xml_node node, char const* attribute) const {
@@ -137,6 +151,9 @@ ForeignParts Reader::Foreign(pugi::xml_node node, std::initializer_list<std::str
 }
 
 std::vector<SampleSetPointer> Reader::Run() {
+    if (auto const excess =
+            ::Utilities::FindXmlExcess(text_, limits_.fileElements, "fileElements", limits_.attributes))
+        FailAt(static_cast<std::ptrdiff_t>(excess->offset), excess->reason);
     pugi::xml_document document;
     pugi::xml_parse_result const result = document.load_buffer(
         text_.data(), text_.size(), pugi::parse_default | pugi::parse_comments | pugi::parse_pi,
@@ -203,7 +220,10 @@ SampleSetPointer Reader::ReadSet(pugi::xml_node node) {
     return set;
 }
 
-::Utilities::SmartPointer<Sample> Reader::ReadSample(pugi::xml_node node) const {
+::Utilities::SmartPointer<Sample> Reader::ReadSample(pugi::xml_node node) {
+    if (samples_++ == limits_.samples) Fail(node, Limits::Passed("samples", limits_.samples, "samples"));
+    if (node.offset_debug() > 0)
+        progress_.Advance(text_.size(), static_cast<std::size_t>(node.offset_debug()));
     auto sample = MakeSmart<Sample>(Text(node, Xml::Name), node.attribute(Xml::Description).value());
     sample->SetId(node.attribute(Xml::Id).value());
     ForeignParts foreign = Foreign(node, {Xml::Name, Xml::Description, Xml::Id}, {});
@@ -363,6 +383,8 @@ std::vector<double> Reader::ReadValues(pugi::xml_node node) const {
                            (Tristim::Numbers::HasDecimalComma(word)
                                 ? " has a decimal comma; expected a decimal point"
                                 : "; expected a finite number"));
+        if (values.size() == limits_.fields)
+            Fail(list, Limits::Passed("fields", limits_.fields, "numbers of one spectrum or colour"));
         values.push_back(value);
         rest.remove_prefix(word.size());
     }

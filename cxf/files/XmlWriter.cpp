@@ -3,10 +3,10 @@
 #include "cxf/conditions/Numbers.h"
 #include "cxf/files/Utf8.h"
 #include "cxf/files/XmlNames.h"
+#include "cxf/files/XmlText.h"
 
 #include <algorithm>
 #include <pugixml.hpp>
-#include <sstream>
 
 namespace Norvelian::ColorExchangeFormat {
 
@@ -117,9 +117,9 @@ std::string WriteXml(std::vector<SampleSetPointer> const& sets) {
         Append(node, set->GetForeign());
     }
     for (SampleSetPointer const& set : sets) Append(root, set->GetFileForeign());
-    std::ostringstream stream;
-    document.save(stream, "  ", pugi::format_default, pugi::encoding_utf8);
-    return stream.str();
+    XmlText text;
+    document.save(text, "  ", pugi::format_default, pugi::encoding_utf8);
+    return text.Take();
 }
 
 } // namespace Norvelian::ColorExchangeFormat

@@ -1,5 +1,8 @@
 #include "cxf/tolerance/ToleranceFile.h"
 
+#include "Utilities/Limits.h"
+#include "Utilities/XmlCost.h"
+
 #include "Utilities/AtomicFile.h"
 #include "cxf/colorimetry/TristimService.h"
 #include "cxf/conditions/Numbers.h"
@@ -7,6 +10,7 @@
 #include "cxf/files/ConditionWords.h"
 #include "cxf/files/SampleFile.h"
 #include "cxf/files/Utf8.h"
+#include "cxf/files/XmlText.h"
 
 #include <algorithm>
 #include <array>
@@ -21,6 +25,8 @@ using Tristim::Numbers::Parse;
 using Tristim::Numbers::Shortest;
 using namespace Tristim::Vocabulary;
 
+using ::Utilities::Limits;
+
 namespace {
 
 constexpr std::array<char const*, 3> kMatches{"Name", "Id", "Device"};
@@ -30,6 +36,9 @@ public:
     Reader(std::string_view text, std::string const& name) : text_(text), name_(name) {}
 
     ToleranceSet Run() {
+        Limits const& limits = Limits::Get();
+        if (auto const excess = ::Utilities::FindXmlExcess(text_, limits.fields, "fields", limits.attributes))
+            FailAt(static_cast<std::ptrdiff_t>(excess->offset), excess->reason);
         pugi::xml_document document;
         auto const result = document.load_buffer(text_.data(), text_.size());
         if (!result) FailAt(result.offset, std::string("the file is no XML: ") + result.description());
@@ -194,9 +203,9 @@ std::string FormatToleranceSet(ToleranceSet const& tolerance) {
         if (limit.component != DifferenceComponent::Total) set(node, "From", Shortest(limit.from));
         set(node, "To", Shortest(limit.to));
     }
-    std::ostringstream stream;
-    document.save(stream, "  ", pugi::format_default, pugi::encoding_utf8);
-    return stream.str();
+    XmlText text;
+    document.save(text, "  ", pugi::format_default, pugi::encoding_utf8);
+    return text.Take();
 }
 
 void WriteToleranceSet(std::string const& path, ToleranceSet const& tolerance) {

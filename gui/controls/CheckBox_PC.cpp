@@ -55,7 +55,7 @@ void CheckBox_PC::ShowCaption() {
     auto const text =
         isTranslated_ ? captionKey_ : Utilities::LanguageServiceInterface::GetTranslation(captionKey_);
     // An ampersand would underline the letter behind it.
-    box_->setText(ToPlatformText(text).replace('&', "&&"));
+    box_->setText(ToShownText(text).replace('&', "&&"));
 }
 
 void CheckBox_PC::SetPosition(unsigned long x, unsigned long y) {

@@ -58,12 +58,10 @@ void FixedText_PC::ShowText() {
         QFontMetrics const metrics(label_->font());
         text = AdaptText(
             text, label_->width(),
-            [&metrics](String const& candidate) {
-                return metrics.horizontalAdvance(ToPlatformText(candidate));
-            },
+            [&metrics](String const& candidate) { return metrics.horizontalAdvance(ToShownText(candidate)); },
             [&adapter](String const& whole, unsigned long length) { return adapter->Adapt(whole, length); });
     }
-    if (!label_->SetWholeText(ToPlatformText(text)) || hasOwnWidth_ || !GetTextAdapter().IsNull()) return;
+    if (!label_->SetWholeText(ToShownText(text)) || hasOwnWidth_ || !GetTextAdapter().IsNull()) return;
     unsigned long width = 0;
     unsigned long height = 0;
     GetSize(width, height);

@@ -1,6 +1,7 @@
 #include "gui/elements/GUIElement.h"
 
 #include "Diagnostics/Sink.h"
+#include "Utilities/Limits.h"
 #include "Utilities/NamingService.h"
 #include "gui/elements/Topics.h"
 #include "gui/elements/description/Attributes.h"
@@ -19,16 +20,46 @@ using Utilities::String;
 
 namespace {
 
-/// Boxes drop what goes wrong while they create their children. The sink hears of it once, from the
-/// innermost element, with the place in the description.
+std::size_t living = 0;
+std::size_t failed = 0;
+/// The exception that was told last, by the innermost element that it came from. It is let go with the
+/// outermost creation: its class may belong to a module that is unloaded afterwards.
+std::exception_ptr told;
+
+class Creation {
+public:
+    Creation() { ++depth; }
+    ~Creation() {
+        if (--depth == 0) told = nullptr;
+    }
+    Creation(Creation const&) = delete;
+    Creation& operator=(Creation const&) = delete;
+
+private:
+    static int depth;
+};
+
+int Creation::depth = 0;
+
+/// Boxes drop what goes wrong while they create their children. The sink hears of it once, with the place in
+/// the description.
 void ReportFailedChild(String const& type, DescriptionTree const& description) {
-    static std::exception_ptr told;
     if (std::exchange(told, std::current_exception()) == std::current_exception()) return;
+    ++failed;
     std::string where = "<" + type.GetStdString() + ">";
     String const name = AttributeReader(description).Text(CommonAttributes::elementName);
     if (name.Length() != 0) where += " \"" + name.GetStdString() + "\"";
     if (!(description.GetName() == " ")) where += " in " + description.GetName().GetStdString();
     Diagnostics::DropException(where.c_str());
+}
+
+Utilities::SmartPointer<GUIElement> MakeElement(String const& type) {
+    if (auto const most = Utilities::Limits::Get().elements; living >= most)
+        throw RuntimeException(Utilities::Limits::Passed("elements", most, "elements in all windows"));
+    auto element = Utilities::ResolveComponent<GUIElement>(type);
+    if (element.IsNull())
+        throw RuntimeException("The component \"" + type.GetStdString() + "\" is not a GUI element");
+    return element;
 }
 
 namespace Common = CommonAttributes;
@@ -56,13 +87,17 @@ struct GUIElement::NameIndex {
     std::unordered_map<std::string, GUIElement*> elements;
 };
 
-GUIElement::GUIElement() = default;
+GUIElement::GUIElement() { ++living; }
 
 GUIElement::~GUIElement() {
     released_ = true;
     ReleaseChildren();
     ReleasedElements::Forget(*this);
+    --living;
 }
+
+std::size_t GUIElement::GetLivingCount() { return living; }
+std::size_t GUIElement::GetFailedCount() { return failed; }
 
 void GUIElement::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                             DialogDataSource* dataSource) {
@@ -212,15 +247,15 @@ void GUIElement::PassOnPaintWindowDecorators(PlatformIndependentDeviceContext& c
 void GUIElement::CreateChildren(PlatformIndependentWindowID const& window, DescriptionTree const& description,
                                 DialogDataSource* dataSource) {
     CallScope const call(*this);
+    Creation const creation;
     for (auto node = description.GetChildren(); node.IsValid() && IsAttached(); ++node) {
         DescriptionTree const& child = *node.Current();
         String const type = AttributeReader(child).Text(CommonAttributes::elementType);
         if (AttributeTable::IsPartOfElement(type.GetStdString())) continue;
-        auto element = Utilities::ResolveComponent<GUIElement>(type);
-        if (element.IsNull())
-            throw RuntimeException("The component \"" + type.GetStdString() + "\" is not a GUI element");
-        element->parentElement_ = this;
+        Utilities::SmartPointer<GUIElement> element;
         try {
+            element = MakeElement(type);
+            element->parentElement_ = this;
             element->Initialize(window, child, dataSource);
         } catch (...) {
             ReportFailedChild(type, child);

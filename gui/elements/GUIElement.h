@@ -12,6 +12,7 @@
 #include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
 #include "gui/elements/drawing/PlatformIndependentWindowID.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
@@ -66,6 +67,11 @@ public:
     virtual void OnLanguageChanged();
 
     bool PrepareForUnload() override { return true; }
+    /// Elements that exist, in all windows.
+    static std::size_t GetLivingCount();
+    /// Elements that couldn't be built since the program began. Boxes leave such a child out and go on; a
+    /// host that takes that for an error compares the number before and after.
+    static std::size_t GetFailedCount();
     /// What smart pointers call in place of a destructor.
     void Dispose() { ReleasedElements::Dispose(this); }
     /// False once the element has been released: it has no parent and no data source any more. Asked after

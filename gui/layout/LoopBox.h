@@ -2,7 +2,7 @@
 
 #include "gui/elements/GUIElement.h"
 
-#include <cstdint>
+#include <cstddef>
 
 namespace GUI {
 
@@ -16,11 +16,13 @@ namespace GUI {
 /// it occurs), "Base" (0; the first counter). The data source's "Repetitions", if valid, overrides the
 /// description's; the loop box tells it the "Repetitions" and "Base" that it uses.
 ///
-/// More than `maximalRepetitions` passes, to which a negative count amounts, throw `RuntimeException`.
+/// What all passes make is charged against `Utilities::Limits` before the first one: the elements, those of
+/// loops inside this one too as far as the description says how often they run, and the bytes of all texts.
+/// What passes a limit throws `RuntimeException`, as does a negative count of passes, which amounts to
+/// thousands of millions.
 class LoopBox : public GUIElement {
 public:
-    /// More siblings can't be laid out by a box.
-    static constexpr std::uint32_t maximalRepetitions = 65536;
+    ~LoopBox() override;
 
     Diagnostics::String GetValueString() override { return "LoopBox"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -28,6 +30,10 @@ public:
     /// Nothing in all four.
     void GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
                             unsigned long& minimalHeight, unsigned long& maximalHeight) override;
+
+private:
+    /// Of the texts that it wrote; charged as long as it lives.
+    std::size_t bytes_ = 0;
 };
 
 } // namespace GUI

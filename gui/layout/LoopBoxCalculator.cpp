@@ -1,10 +1,14 @@
 #include "gui/layout/LoopBoxCalculator.h"
 
 #include "Diagnostics/Sink.h"
+#include "Utilities/Limits.h"
 #include "Utilities/Tools/Vector.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <string_view>
 
 namespace GUI {
 
@@ -23,7 +27,9 @@ void ReportFault(char const* what, String const& text) {
     Diagnostics::Report("LoopBox", fault);
 }
 
-bool IsOperator(String const& token) { return token == "+" || token == "-" || token == "/" || token == "*"; }
+bool IsOperator(std::string_view token) {
+    return token == "+" || token == "-" || token == "/" || token == "*";
+}
 
 /// False if the result can't be had in 32 bits.
 bool Apply(char operation, std::int32_t a, std::int32_t b, long& result) {
@@ -49,14 +55,22 @@ bool Apply(char operation, std::int32_t a, std::int32_t b, long& result) {
 
 class Calculator {
 public:
-    explicit Calculator(String const& formula) : formula_(formula) {}
+    explicit Calculator(std::string_view formula) : formula_(formula) {}
+
+    std::size_t CountSteps() const {
+        return formula_.empty()
+                   ? 0
+                   : 1 + static_cast<std::size_t>(std::count(formula_.begin(), formula_.end(), ','));
+    }
 
     /// True if the formula is sound; its value is then in `result`.
     bool Run(long& result) {
-        long const count = formula_.GetTokenCount(',');
-        if (count < 3) return Fault("formula with wrong syntax, or wrong delimited. Formula: ");
-        for (long i = 0; i < count; ++i)
-            if (!Take(formula_.GetToken(i, ','))) return false;
+        if (CountSteps() < 3) return Fault("formula with wrong syntax, or wrong delimited. Formula: ");
+        for (std::size_t begin = 0; begin <= formula_.size();) {
+            std::size_t const end = std::min(formula_.find(',', begin), formula_.size());
+            if (!Take(formula_.substr(begin, end - begin))) return false;
+            begin = end + 1;
+        }
         if (top_ != 1) return false;
         result = stack_[0];
         return true;
@@ -64,13 +78,13 @@ public:
 
 private:
     bool Fault(char const* what) const {
-        ReportFault(what, formula_);
+        ReportFault(what, String(formula_));
         return false;
     }
-    bool Take(String const& token) {
-        if (IsOperator(token)) return Operate(token.GetCharPointer()[0]);
+    bool Take(std::string_view token) {
+        if (IsOperator(token)) return Operate(token.front());
         try {
-            long const number = token.GetLong();
+            long const number = String(token).GetLong();
             stack_[top_] = number;
             ++top_;
         } catch (OutOfRangeException const&) {
@@ -89,7 +103,7 @@ private:
         return true;
     }
 
-    String const& formula_;
+    std::string_view formula_;
     /// Its own bounds check tells of too many values.
     Utilities::Vector<long> stack_{100};
     std::uint32_t top_ = 0;
@@ -97,18 +111,25 @@ private:
 
 } // namespace
 
-void EvaluateLoopBoxFormula(String& value) {
+bool EvaluateLoopBoxFormula(String& value) {
     long const start = value.FindSubstring(keyword, 0);
-    if (start == -1) return;
+    if (start == -1) return true;
     long const open = start + keywordLength;
     long const close = value.FindSubstring(")", open);
     if (close == -1) {
         ReportFault("formula with wrong syntax, right parentehesis not found. Value: ", value);
-        return;
+        return true;
     }
-    String const formula = value.Mid(open + 1, close - open - 1);
+    // The last byte of the keyword may be that of the text: nothing stands behind it then.
+    auto const from = std::min(open + 1, close);
+    std::string_view const formula =
+        std::string_view(value.GetStdString())
+            .substr(static_cast<std::size_t>(from), static_cast<std::size_t>(close - from));
+    Calculator calculator(formula);
+    if (calculator.CountSteps() > Utilities::Limits::Get().formulaSteps) return false;
     long result = 0;
-    if (Calculator(formula).Run(result)) value.Replace(value.Mid(start, close - start + 1), String(result));
+    if (calculator.Run(result)) value.Replace(value.Mid(start, close - start + 1), String(result));
+    return true;
 }
 
 } // namespace GUI

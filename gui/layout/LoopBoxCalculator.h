@@ -14,6 +14,8 @@ namespace GUI {
 /// A faulty formula stays in the text: fewer than three tokens, an operator without two values, a token
 /// that is no number, more than 100 values at once, more or less than one value left, a division by zero
 /// or a result beyond 32 bits. What was wrong goes to the diagnostics sink.
-void EvaluateLoopBoxFormula(Utilities::String& value);
+///
+/// False, with the text unchanged, for a formula of more steps than `Utilities::Limits` allows.
+bool EvaluateLoopBoxFormula(Utilities::String& value);
 
 } // namespace GUI

@@ -63,12 +63,12 @@ void PlatformIndependentDeviceContext_PC::DrawText(short x, short y, String cons
     double const ascent = QFontMetrics(font, device_).ascent();
     double const baseLine =
         painterHasPixels_ ? DeviceGrid::Nearest(ascent * grid_.scale) / grid_.scale : ascent;
-    painter.drawText(QPointF(0, baseLine), ToPlatformText(text));
+    painter.drawText(QPointF(0, baseLine), ToShownText(text));
 }
 
 void PlatformIndependentDeviceContext_PC::GetTextExtent(String const& text, long& width, long& height) {
     QFontMetrics const metrics(GetFont(), device_);
-    width = text.Length() == 0 ? 0 : metrics.horizontalAdvance(ToPlatformText(text));
+    width = text.Length() == 0 ? 0 : metrics.horizontalAdvance(ToShownText(text));
     height = metrics.height();
 }
 

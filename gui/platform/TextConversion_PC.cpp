@@ -1,5 +1,6 @@
 #include "gui/platform/TextConversion_PC.h"
 
+#include "Utilities/Limits.h"
 #include "core/base/Utf8.h"
 
 #include <QByteArray>
@@ -38,6 +39,14 @@ QString ToPlatformText(Utilities::String const& text) {
         rest.remove_prefix(length);
     }
     return result;
+}
+
+QString ToShownText(Utilities::String const& text) {
+    std::size_t end = Utilities::Limits::Get().shownText;
+    std::string_view const bytes(text.GetStdString());
+    if (bytes.size() <= end) return ToPlatformText(text);
+    while (end > 0 && (static_cast<unsigned char>(bytes[end]) & 0xC0U) == 0x80U) --end;
+    return ToPlatformText(Utilities::String(bytes.substr(0, end))) + QChar(0x2026);
 }
 
 QString AsPlainToolTip(QString const& text) {

@@ -232,7 +232,7 @@ bool ApplicationImplementation_PC::MustWaitWithMessages() const {
 
 void ApplicationImplementation_PC::ShowMessage(String const& /*title*/, String const& text) {
     if (IsOffscreen()) return;
-    QString const shown = ToPlatformText(text);
+    QString const shown = ToShownText(text);
     if (std::find(messages_.begin(), messages_.end(), shown) == messages_.end()) messages_.push_back(shown);
     if (MustWaitWithMessages())
         QTimer::singleShot(0, this, [this] { ShowQueuedMessages(); });

@@ -167,8 +167,8 @@ void CNorvelianAdvancedControl::OnClickKey(bool controlKey) {
 
 QString CNorvelianAdvancedControl::GetToolTipText(QPoint const& place) {
     return Guarded("CNorvelianAdvancedControl: tool tip", [&] {
-        return ToPlatformText(impl_->GetToolTipText(static_cast<unsigned short>(place.x()),
-                                                    static_cast<unsigned short>(place.y())));
+        return ToShownText(impl_->GetToolTipText(static_cast<unsigned short>(place.x()),
+                                                 static_cast<unsigned short>(place.y())));
     });
 }
 

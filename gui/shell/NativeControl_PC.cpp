@@ -122,7 +122,7 @@ void NativeControl::SetBackgroundColor(RGBVector const& color) {
 }
 
 void NativeControl::SetToolTip(Utilities::String const& text) {
-    if (widget_) widget_->setToolTip(AsPlainToolTip(ToPlatformText(text)));
+    if (widget_) widget_->setToolTip(AsPlainToolTip(ToShownText(text)));
 }
 
 void NativeControl::Release() {

@@ -58,10 +58,12 @@ std::vector<ShellCommand> ParseShellCommands(String const& text) {
         auto const begin = FindUnquoted(rest, '[');
         if (begin == rest.size()) return commands;
         rest.remove_prefix(begin + 1);
-        auto const end = FindUnquoted(rest, ']');
-        // A bracket that is opened again begins the next command.
-        commands.push_back(Parse(rest.substr(0, std::min(end, FindUnquoted(rest, '[')))));
-        rest.remove_prefix(std::min(end, FindUnquoted(rest, '[')));
+        // A bracket that is opened again begins the next command. The end is looked for before it only: text
+        // of nothing but begins is gone through once.
+        std::string_view const body = rest.substr(0, FindUnquoted(rest, '['));
+        auto const end = FindUnquoted(body, ']');
+        commands.push_back(Parse(body.substr(0, end)));
+        rest.remove_prefix(end);
     }
 }
 

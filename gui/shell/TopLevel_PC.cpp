@@ -74,7 +74,7 @@ void TopLevel::Release() {
 
 void TopLevel::SetTitle(String const& key) {
     if (window_)
-        window_->setWindowTitle(ToPlatformText(Utilities::LanguageServiceInterface::GetTranslation(key)));
+        window_->setWindowTitle(ToShownText(Utilities::LanguageServiceInterface::GetTranslation(key)));
 }
 
 void TopLevel::AddBar(QWidget& bar, Qt::Edge edge) {

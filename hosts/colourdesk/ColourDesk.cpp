@@ -16,6 +16,7 @@ namespace ColourDesk {
 
 using Norvelian::Utilities::Exceptions::InvalidArgumentException;
 using Norvelian::Utilities::Exceptions::ResourceException;
+using Norvelian::Utilities::Exceptions::TraceableException;
 using Utilities::String;
 
 namespace {
@@ -107,19 +108,27 @@ Tintorium::ScreenRGB Application::GetScreen() {
 void Application::Show(std::string const& file) {
     // All that can fail comes before anything that is shown goes.
     auto handler = std::make_unique<SampleWindow>(SampleDocument::Open(file, GetScreen()));
-    auto description = GUI::GUIDescriptionReader::GetGUIDescriptionTree("ColourDesk");
+    auto const description = Utilities::MakeSmart<GUI::DescriptionTree>(
+        GUI::GUIDescriptionReader::GetGUIDescriptionTree("ColourDesk"));
     if (noParent_.IsNull())
         noParent_ =
             Utilities::ResolveComponent<GUI::PlatformIndependentWindowID>("PlatformIndependentWindowID");
+    auto const window = Utilities::ResolveComponent<GUI::GUIElement>("Window");
+    auto const failed = GUI::GUIElement::GetFailedCount();
+    window->Initialize(*noParent_, *description, handler.get());
+    // Boxes leave out what can't be built. A window that lacks a part of what it should show is worse than
+    // none.
+    if (auto const missing = GUI::GUIElement::GetFailedCount() - failed; missing != 0)
+        throw ResourceException(file + ": the window can't be shown, " + std::to_string(missing) +
+                                " of its elements can't be built; standard error says which");
     Close();
     handler_ = std::move(handler);
     handler_->SetDropHandler([this](String const& dropped) {
         if (!messages_.IsNull()) messages_->PostMessage(openMessage, dropped);
     });
     description_ = description;
-    window_ = Utilities::ResolveComponent<GUI::GUIElement>("Window");
+    window_ = window;
     SetMainWindow(window_.Get());
-    window_->Initialize(*noParent_, description_, handler_.get());
     window_->OnUpdate({});
     handler_->Start();
 }
@@ -198,8 +207,13 @@ long Application::TakeNextLanguage() {
     bool const isLast = current == languages.end() || current + 1 == languages.end();
     String const next = isLast ? *languages.begin() : *(current + 1);
     service->SetLanguage(next);
-    Utilities::ResolveComponent<Utilities::Preferences>("Preferences")
-        ->SetValue("LanguageService", "Language", next);
+    try {
+        Utilities::ResolveComponent<Utilities::Preferences>("Preferences")
+            ->StoreValue("LanguageService", "Language", next);
+    } catch (TraceableException const& failure) {
+        // The language has changed all the same; the next start will have the former one.
+        ReportError(std::string("The language can't be kept for the next start. ") + failure.what());
+    }
     return 1;
 }
 

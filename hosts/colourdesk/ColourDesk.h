@@ -32,7 +32,8 @@ public:
     explicit Application(Options options);
     ~Application() override;
 
-    /// Opens the file and shows it; throws what reading throws.
+    /// Opens the file and shows it. Throws what reading throws, and `ResourceException` if an element of the
+    /// window can't be built; the window before stays then.
     void Show(std::string const& file);
     /// Opens the window that the options ask for, in their language.
     void Start();
@@ -60,7 +61,7 @@ private:
     Utilities::SmartPointer<GUI::MessageService> messages_;
     std::unique_ptr<SampleWindow> handler_;
     Utilities::SmartPointer<GUI::PlatformIndependentWindowID> noParent_;
-    GUI::DescriptionTree description_;
+    Utilities::SmartPointer<GUI::DescriptionTree> description_;
     Utilities::SmartPointer<GUI::GUIElement> window_;
 };
 

@@ -10,6 +10,7 @@
 #include <map>
 #include <new>
 #include <string_view>
+#include <sys/mman.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 #include <utility>
@@ -101,7 +102,7 @@ void NoteNames(Operation::Kind kind, char const* name, char const* target) {
 } // namespace
 
 char const* NameOf(Call call) {
-    constexpr char const* names[] = {"allocation", "open", "read", "write", "flush", "rename"};
+    constexpr char const* names[] = {"allocation", "open", "read", "write", "flush", "rename", "map"};
     return names[static_cast<int>(call)];
 }
 
@@ -169,6 +170,15 @@ ssize_t write(int descriptor, void const* bytes, size_t count) {
     ssize_t const written = ::syscall(SYS_write, descriptor, bytes, count);
     NoteWritten(descriptor, bytes, written);
     return written;
+}
+
+void* mmap(void* address, size_t size, int protection, int flags, int descriptor, off_t offset) noexcept {
+    // Memory is asked for by other ways too; what a program can tell apart is a file.
+    if (descriptor >= 0 && Fails(Call::Map)) {
+        errno = ENOMEM;
+        return MAP_FAILED;
+    }
+    return reinterpret_cast<void*>(::syscall(SYS_mmap, address, size, protection, flags, descriptor, offset));
 }
 
 int fsync(int descriptor) {

@@ -8,8 +8,9 @@
 /// would be in the memory and not yet on the disk at a power failure. One thread at a time.
 namespace Tests::SystemCalls {
 
-enum class Call : std::uint8_t { Allocate, Open, Read, Write, Flush, Rename };
-constexpr Call all[] = {Call::Allocate, Call::Open, Call::Read, Call::Write, Call::Flush, Call::Rename};
+enum class Call : std::uint8_t { Allocate, Open, Read, Write, Flush, Rename, Map };
+constexpr Call all[] = {Call::Allocate, Call::Open,   Call::Read, Call::Write,
+                        Call::Flush,    Call::Rename, Call::Map};
 char const* NameOf(Call call);
 
 /// The n-th call of that kind from now on fails, and no other one; n counts from 1.

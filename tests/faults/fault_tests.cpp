@@ -1,69 +1,29 @@
 // Every call to the system and every allocation fails once, the first, the second and so on, until a scenario
 // passes untouched: it must not crash, keep the old data whole, leave nothing open or behind, and tell.
-#include "Diagnostics/Sink.h"
 #include "Utilities/Directory.h"
 #include "Utilities/LanguageServiceInterface.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
 #include "core/base/Exceptions.h"
 #include "cxf/files/SampleFile.h"
+#include "cxf/tolerance/ToleranceFile.h"
 #include "gui/elements/description/GUIDescriptionReader.h"
 #include "gui/shell/MessageService_PC.h"
 #include "services/LanguageFiles.h"
 #include "services/PictureReader_PC.h"
-#include "tests/faults/SystemCalls.h"
+#include "tests/faults/WithEachFailure.h"
 #include "tests/support/TemporaryDirectory.h"
 
 #include <cstdlib>
-#include <exception>
 #include <filesystem>
-#include <functional>
 #include <gtest/gtest.h>
 #include <vector>
 
 namespace {
 
 namespace Cxf = Norvelian::ColorExchangeFormat;
+using Tests::WithEachFailure;
 using Tests::SystemCalls::Call;
-
-std::ptrdiff_t OpenFiles() { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); }
-
-/// How many reports the sink has had. It allocates nothing.
-int reports = 0;
-
-/// Runs `scenario` with each call of these kinds failing in turn, `prepare` before each run and `check(told)`
-/// after it: whether an exception or a report told of the failure.
-void WithEachFailure(
-    std::vector<Call> const& calls, std::function<void()> const& scenario,
-    std::function<void(bool told)> const& check, std::function<void()> const& prepare = [] {}) {
-    auto const former = Diagnostics::SetSink([](auto const&, auto const&) { ++reports; });
-    scenario(); // what is made once isn't a leak
-    int failures = 0;
-    for (Call const call : calls) {
-        long n = 1;
-        for (bool reached = true; reached; ++n) {
-            SCOPED_TRACE(std::string(Tests::SystemCalls::NameOf(call)) + " " + std::to_string(n));
-            prepare();
-            auto const open = OpenFiles();
-            reports = 0;
-            bool thrown = false;
-            Tests::SystemCalls::FailAt(call, n);
-            try {
-                scenario();
-            } catch (std::exception const&) {
-                thrown = true;
-            }
-            reached = Tests::SystemCalls::StopFailing();
-            failures += reached ? 1 : 0;
-            EXPECT_EQ(OpenFiles(), open);
-            check(thrown || reports > 0);
-            if (testing::Test::HasFailure()) break;
-        }
-        ASSERT_LT(n, 1000000);
-    }
-    EXPECT_GT(failures, 0) << "nothing of it was reached";
-    Diagnostics::SetSink(former);
-}
 
 std::vector<Call> const everything(std::begin(Tests::SystemCalls::all), std::end(Tests::SystemCalls::all));
 
@@ -181,6 +141,58 @@ TEST_F(Faults, APostedMessageArrivesIfThePostWasNoFailure) {
         [&](bool) { service.DeliverPosted(); });
     service.DeliverPosted();
     EXPECT_EQ(arrived, posted);
+}
+
+/// Two samples of three fields: small, since each of its allocations is failed in turn.
+constexpr char const* smallCgats = "CGATS.17\nOBSERVER 2\nILLUMINANT D65\n# made by hand\nBEGIN_DATA_FORMAT\n"
+                                   "SAMPLE_NAME LAB_L LAB_A LAB_B\nEND_DATA_FORMAT\nBEGIN_DATA\n"
+                                   "a 50 1 2\n\"b \"\"c\"\"\" 60 -3 4\nEND_DATA\n";
+
+TEST_F(Faults, EveryKindOfFileIsReadOrTheFailureIsTold) {
+    auto const sets = Cxf::ParseSampleSets(smallCgats, "small");
+    Cxf::WriteSampleSets(directory_ / "s.xml", sets, Cxf::SampleFormat::Xml);
+    Tests::WriteFile(directory_ / "s.txt", smallCgats);
+    Tests::WriteFile(directory_ / "t.xml", Tests::ReadFile(SHIPPED_SEEDS "/tolerance/coated.xml"));
+    bool whole = false;
+    std::pair<char const*, std::function<bool()>> const kinds[] = {
+        {"CGATS", [&] { return Cxf::ReadSampleSet(directory_ / "s.txt")->GetSamples().size() == 2; }},
+        {"XML", [&] { return Cxf::ReadSampleSet(directory_ / "s.xml")->GetSamples().size() == 2; }},
+        {"tolerances", [&] { return !Cxf::ReadToleranceSet(directory_ / "t.xml").limits.empty(); }},
+    };
+    for (auto const& [name, read] : kinds) {
+        SCOPED_TRACE(name);
+        WithEachFailure(
+            everything,
+            [&, &opens = read] {
+                whole = false;
+                whole = opens();
+            },
+            [&](bool told) { EXPECT_NE(whole, told); });
+    }
+    // The platform's own readers end the process without memory.
+    for (char const* const picture : {"rgb.png", "rgb.jpg", "rgb.bmp", "rgb.gif", "rgb.tif"}) {
+        SCOPED_TRACE(picture);
+        WithEachFailure(
+            {Call::Open, Call::Read, Call::Map},
+            [&] { whole = !GUI::PictureReader::Read(std::string(TEST_DATA "/images/") + picture).isNull(); },
+            [&](bool told) { EXPECT_NE(whole, told); });
+    }
+}
+
+TEST_F(Faults, EveryFormatOfAnExportIsOldOrNewAlsoWithoutMemory) {
+    auto const sets = Cxf::ParseSampleSets(smallCgats, "small");
+    for (auto const format : {Cxf::SampleFormat::Cgats, Cxf::SampleFormat::Xml}) {
+        std::string const path = directory_ / "export";
+        std::string const expected = Cxf::FormatSampleSets(sets, format);
+        WithEachFailure(
+            everything, [&] { Cxf::WriteSampleSets(path, sets, format); },
+            [&](bool told) {
+                std::string const now = Tests::ReadFile(path);
+                EXPECT_TRUE(now == expected || (now == "old" && told)) << now;
+                EXPECT_EQ(CountFiles(), 1);
+            },
+            [&] { Tests::WriteFile(path, "old"); });
+    }
 }
 
 } // namespace

@@ -61,7 +61,7 @@ TEST(DescriptionReader, TellsWhereAndWhy) {
         {"<HBox A='1' A='2'/>", "stands twice"},
         {"<HBox>text</HBox>", "text stands between elements"},
         {"<HBox/><HBox/>", "second root"},
-        {deep, "nested too deeply"},
+        {deep, "more than 200 elements inside each other"},
     };
     for (auto const& [text, expected] : rows) {
         try {

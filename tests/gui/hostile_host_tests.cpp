@@ -11,6 +11,7 @@
 #include "tests/support/FakeWindowHost.h"
 #include "tests/support/FunctionCallback.h"
 #include "tests/support/RecordingDeviceContext.h"
+#include "tests/support/TemporaryDirectory.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -56,6 +57,20 @@ private:
     }
 };
 
+/// The component that is struck.
+std::string type;
+
+SmartPointer<GUI::DescriptionTree> Described() {
+    auto const node = Node({{"GUIElementType", type.c_str()}, {"ElementName", "e"}});
+    for (auto const& attribute : GUI::AttributeTable::Collect(type))
+        if (attribute.mandatory && !node->FindValue(attribute.key))
+            (*node)[attribute.key] = attribute.defaultValue;
+    return node;
+}
+SmartPointer<GUI::DescriptionTree> Wrapped(SmartPointer<GUI::DescriptionTree> const& node) {
+    return Node({{"GUIElementType", "Pane"}, {"ElementName", "root"}}, {node});
+}
+
 struct Operation {
     char const* name;
     std::function<void(GUIElement&, FakeWindowHost&)> run;
@@ -67,7 +82,19 @@ template <class Call> std::function<void(GUIElement&, FakeWindowHost&)> OnPane(C
     };
 }
 
+/// Each stands in the table of `docs/reentrancy.md` by its name.
 Operation const operations[] = {
+    {"creation",
+     [](GUIElement& element, FakeWindowHost&) {
+         auto const source = element.GetDataSource();
+         dynamic_cast<Pane&>(*element.GetParentElement())
+             .SetGUIDescriptionTree(*Wrapped(Described()), source);
+     }},
+    {"layout",
+     [](GUIElement& element, FakeWindowHost&) {
+         element.SetSize(120, 80);
+         if (element.IsAttached()) element.RecalculateSize();
+     }},
     {"update", [](GUIElement& element, FakeWindowHost&) { element.OnUpdate({}); }},
     {"update of settings", [](GUIElement& element, FakeWindowHost&) { element.OnUpdate("Properties"); }},
     {"update of data", [](GUIElement& element, FakeWindowHost&) { element.OnUpdate("1;1-3;2"); }},
@@ -83,20 +110,16 @@ Operation const operations[] = {
     {"properties", OnPane([](Pane& pane, FakeWindowHost&) { pane.GetProperties(); })},
 };
 
-enum class Strike { Drop, Rebuild, Throw, Language };
+/// The columns of the table.
+enum class Strike { Drop, Rebuild, Throw, Language, Modal };
+char const* const strikes[] = {"close the window", "rebuild the view", "throw", "change the language",
+                               "run a modal dialog"};
 
 /// Runs one operation with a strike at one call of the data source; false if it made fewer calls.
-bool StrikeAt(std::string const& type, Operation const& operation, Strike kind, int strikeAt) {
+bool StrikeAt(Operation const& operation, Strike kind, int strikeAt) {
     FakeWindowHost host;
     HostileSource source;
-    auto const describe = [&type] {
-        auto const node = Node({{"GUIElementType", type.c_str()}, {"ElementName", "e"}});
-        for (auto const& attribute : GUI::AttributeTable::Collect(type))
-            if (attribute.mandatory && !node->FindValue(attribute.key))
-                (*node)[attribute.key] = attribute.defaultValue;
-        return node;
-    };
-    auto const tree = Node({{"GUIElementType", "Pane"}, {"ElementName", "root"}}, {describe()});
+    auto const tree = Wrapped(Described());
     SmartPointer<GUIElement> root = host.Create(tree, &source);
     source.values = {{{"e", "NrOfPatches"}, Anything(2L)}, {{"e", "IsSelectable"}, Anything(true)}};
     root->SetSize(200, 100);
@@ -108,14 +131,22 @@ bool StrikeAt(std::string const& type, Operation const& operation, Strike kind, 
             root = nullptr;
             break;
         case Strike::Rebuild:
-            dynamic_cast<Pane&>(*root).SetGUIDescriptionTree(
-                *Node({{"GUIElementType", "Pane"}, {"ElementName", "root"}}, {describe()}), &source);
+            dynamic_cast<Pane&>(*root).SetGUIDescriptionTree(*Wrapped(Described()), &source);
             break;
         case Strike::Throw:
             throw std::runtime_error("from a data source");
         case Strike::Language:
             root->OnLanguageChanged();
             break;
+        case Strike::Modal: {
+            // Its loop brings the other events of the window.
+            GUI::EventScope const event(1);
+            root->OnUpdate({});
+            root->SetSize(150, 90);
+            RecordingDeviceContext context;
+            host.Paint(dynamic_cast<Pane&>(*root), context);
+            break;
+        }
         }
     };
     source.calls = 0;
@@ -147,15 +178,28 @@ class HostileHost : public testing::TestWithParam<std::string> {};
 } // namespace
 
 TEST_P(HostileHost, MayDoAnythingInAnyCall) {
+    type = GetParam();
     auto const former = Diagnostics::SetSink([](auto const&, auto const&) {});
     for (Operation const& operation : operations)
-        for (Strike const kind : {Strike::Drop, Strike::Rebuild, Strike::Throw, Strike::Language}) {
-            SCOPED_TRACE(std::string(operation.name) + ", strike " + std::to_string(static_cast<int>(kind)));
+        for (Strike const kind :
+             {Strike::Drop, Strike::Rebuild, Strike::Throw, Strike::Language, Strike::Modal}) {
+            SCOPED_TRACE(std::string(operation.name) + ": " + strikes[static_cast<int>(kind)]);
             int call = 0;
             constexpr int most = 80;
-            while (call < most && StrikeAt(GetParam(), operation, kind, call)) ++call;
+            while (call < most && StrikeAt(operation, kind, call)) ++call;
         }
     Diagnostics::SetSink(former);
+}
+
+TEST(HostileHostTable, SaysWhatTheSuiteDoes) {
+    std::string const document = Tests::ReadFile(SOURCES "/docs/reentrancy.md");
+    std::string head = "| Asked or told during |";
+    for (char const* const strike : strikes) head += std::string(" ") + strike + " |";
+    EXPECT_NE(document.find("\n" + head + "\n"), std::string::npos) << head;
+    for (Operation const& operation : operations)
+        EXPECT_NE(document.find(std::string("\n| ") + operation.name + " | yes | yes | yes | yes | yes |"),
+                  std::string::npos)
+            << operation.name;
 }
 
 INSTANTIATE_TEST_SUITE_P(Components, HostileHost, testing::ValuesIn(ElementNames()),

@@ -1,4 +1,5 @@
 #include "Diagnostics/Sink.h"
+#include "Utilities/Limits.h"
 #include "core/base/Exceptions.h"
 #include "services/Bitmap_PC.h"
 #include "services/JpegReader_PC.h"
@@ -106,7 +107,7 @@ TEST(Bitmap, AFileThatCannotBeShownChangesNothing) {
     EXPECT_LT(PeakOfMemory() - before, 16) << "what a file claims isn't taken";
     // The limit itself, and a JPEG that breaks off, which shows what there is of it.
     EXPECT_TRUE(bitmap.Load(Picture("largest.png")));
-    EXPECT_EQ(bitmap.GetWidth() * bitmap.GetHeight() * 4, GUI::largestPicture);
+    EXPECT_EQ(bitmap.GetWidth() * bitmap.GetHeight(), Utilities::Limits::Get().pixels);
     EXPECT_TRUE(bitmap.Load(Picture("truncated.jpg")));
 }
 

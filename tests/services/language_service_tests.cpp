@@ -1,6 +1,7 @@
 #include "Diagnostics/Sink.h"
 #include "Utilities/CurrentLanguage.h"
 #include "Utilities/LanguageServiceInterface.h"
+#include "Utilities/Limits.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
 #include "Utilities/ProgramDirectory.h"
@@ -206,6 +207,16 @@ TEST_F(LanguageServiceTest, SaysWhatIsMissing) {
     LanguageService service;
     EXPECT_EQ(Failure(service), "Could not initialize LanguageService!\n\nKeyfile missing\n");
     EXPECT_EQ(Failure(service), "nothing was thrown");
+
+    Utilities::Limits limits;
+    limits.languageBytes = 6;
+    Utilities::Limits::Set(limits);
+    Language("Languages.key", "1\nOne\n");
+    LanguageService large;
+    EXPECT_EQ(Failure(large),
+              "Could not initialize LanguageService!\n\n" + program_ +
+                  "/Languages/German.lang: more than 6 bytes (the limit \"languageBytes\")\n");
+    Utilities::Limits::Set({});
 }
 
 TEST_F(LanguageServiceTest, WritesHowOftenEachKeyWasAskedFor) {

@@ -1,8 +1,11 @@
 #include "gui/elements/description/GUIDescriptionReader.h"
 
 #include "Diagnostics/Sink.h"
+#include "Utilities/Limits.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/ProgramDirectory.h"
+#include "Utilities/WholeFile.h"
+#include "Utilities/XmlCost.h"
 #include "gui/elements/description/Attributes.h"
 
 #include <algorithm>
@@ -10,7 +13,6 @@
 #include <charconv>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <pugixml.hpp>
 #include <unordered_map>
@@ -21,6 +23,7 @@ namespace GUI {
 
 using Norvelian::Utilities::Exceptions::OutOfRangeException;
 using Utilities::Anything;
+using Utilities::Limits;
 using Utilities::String;
 
 namespace {
@@ -142,12 +145,13 @@ public:
     TreeBuilder(std::string_view text, std::string const& file) : text_(text), file_(file) {}
 
     /// The attributes of a loop's children are formulas until the loop has run, and aren't checked.
-    void Build(pugi::xml_node const& node, DescriptionTree& target, int depth, bool inLoop) {
-        if (depth > GUIDescriptionReader::maximalDepth)
-            Fail(node.offset_debug(), "elements are nested too deeply");
+    void Build(pugi::xml_node const& node, DescriptionTree& target, std::size_t depth, bool inLoop) {
+        if (depth > limits_.depth)
+            Fail(node.offset_debug(), Limits::Passed("depth", limits_.depth, "elements inside each other"));
         std::string_view const type = node.name();
         KnownAttributes& known = FindKnown(node, type);
         target[CommonAttributes::elementType.key] = node.name();
+        Charge(node);
         for (pugi::xml_attribute const& attribute : node.attributes()) {
             Anything& value = target[attribute.name()];
             if (value.IsValid())
@@ -207,7 +211,20 @@ private:
                              "\"; the first one is in line " + std::to_string(first->second));
     }
 
-    void BuildChild(pugi::xml_node const& child, DescriptionTree& target, int depth, bool inLoop) {
+    /// Before any attribute is kept: looking for a key takes longer with each key.
+    void Charge(pugi::xml_node const& node) const {
+        std::size_t count = 0;
+        for (pugi::xml_attribute const& attribute : node.attributes()) {
+            if (++count > limits_.attributesOfElement)
+                Fail(node.offset_debug(), Limits::Passed("attributesOfElement", limits_.attributesOfElement,
+                                                         "attributes of one element"));
+            if (std::strlen(attribute.value()) > limits_.textLength)
+                Fail(node.offset_debug(), "the attribute \"" + std::string(attribute.name()) + "\" has " +
+                                              Limits::Passed("textLength", limits_.textLength, "bytes"));
+        }
+    }
+
+    void BuildChild(pugi::xml_node const& child, DescriptionTree& target, std::size_t depth, bool inLoop) {
         if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
             Fail(child.offset_debug(), "text stands between elements; expected a tag");
         if (child.type() != pugi::node_element) return;
@@ -220,15 +237,22 @@ private:
         Build(child, *element, depth + 1, inLoop);
     }
 
-    Anything BuildProperties(pugi::xml_node const& node, int depth) {
-        if (depth > GUIDescriptionReader::maximalDepth)
-            Fail(node.offset_debug(), "properties are nested too deeply");
+    Anything BuildProperties(pugi::xml_node const& node, std::size_t depth) {
+        if (depth > limits_.depth)
+            Fail(node.offset_debug(), Limits::Passed("depth", limits_.depth, "properties inside each other"));
+        Charge(node);
         AttributeMap properties;
+        std::size_t children = 0;
         for (pugi::xml_attribute const& attribute : node.attributes())
             properties[attribute.name()] = attribute.value();
         for (pugi::xml_node const& child : node.children())
-            if (child.type() == pugi::node_element)
+            if (child.type() == pugi::node_element) {
+                if (++children > limits_.attributesOfElement)
+                    Fail(child.offset_debug(),
+                         Limits::Passed("attributesOfElement", limits_.attributesOfElement,
+                                        "properties of one map"));
                 properties[child.name()] = BuildProperties(child, depth + 1);
+            }
         return {properties};
     }
 
@@ -251,6 +275,10 @@ private:
                bool inLoop) const {
         KnownAttributes::Known* const found = known.Find(attribute.name());
         if (!found) {
+            // Each costs a search for a name that is near.
+            if (remarks_ > mostRemarks) return;
+            if (remarks_ == mostRemarks) Report(node, "further remarks on this description are left out");
+            if (remarks_++ == mostRemarks) return;
             std::vector<std::string> names;
             for (auto const& one : known.all) names.emplace_back(one.name);
             Report(node, std::string("<") + node.name() + "> has no attribute \"" + attribute.name() + "\"" +
@@ -270,6 +298,9 @@ private:
 
     std::string_view text_;
     std::string const& file_;
+    Limits const& limits_ = Limits::Get();
+    static constexpr int mostRemarks = 100;
+    mutable int remarks_ = 0;
     mutable std::size_t countedTo_ = 0;
     mutable long countedLine_ = 1;
     std::unordered_map<std::string, long> names_;
@@ -290,22 +321,25 @@ DescriptionTree GUIDescriptionReader::GetGUIDescriptionTree(String const& fileNa
         if (Directory().empty()) Directory() = Utilities::GetProgramDirectory() + "/descriptions";
         path = std::filesystem::path(Directory()) / path.concat(".xml");
     }
+    auto const largest = Limits::Get().descriptionBytes;
     std::error_code failure;
     if (!std::filesystem::is_regular_file(path, failure))
         throw DescriptionException(path.string(), 0, 0, "there is no such description file");
-    auto const size = std::filesystem::file_size(path, failure);
-    if (failure || size > maximalBytes)
-        throw DescriptionException(path.string(), 0, 0, "the description is larger than 64 MiB");
-    std::string text(static_cast<std::size_t>(size), '\0');
-    std::ifstream file(path, std::ios::binary);
-    if (!file.read(text.data(), static_cast<std::streamsize>(text.size())))
+    if (std::filesystem::file_size(path, failure) > largest && !failure)
+        throw DescriptionException(path.string(), 0, 0, Limits::Passed("descriptionBytes", largest, "bytes"));
+    auto const file = Utilities::ReadWholeFile(path.string(), largest);
+    if (file.state != Utilities::FileState::Read)
         throw DescriptionException(path.string(), 0, 0, "the description can't be read");
-    return Parse(text, path.string());
+    return Parse(file.contents, path.string());
 }
 
 DescriptionTree GUIDescriptionReader::Parse(std::string_view text, std::string const& name) {
     TreeBuilder builder(text, name);
-    if (text.size() > maximalBytes) builder.Fail(0, "the description is larger than 64 MiB");
+    Limits const& limits = Limits::Get();
+    if (text.size() > limits.descriptionBytes)
+        builder.Fail(0, Limits::Passed("descriptionBytes", limits.descriptionBytes, "bytes"));
+    if (auto const excess = Utilities::FindXmlExcess(text, limits.elements, "elements", limits.attributes))
+        builder.Fail(static_cast<std::ptrdiff_t>(excess->offset), excess->reason);
     pugi::xml_document document;
     auto const result =
         document.load_buffer(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);

@@ -32,6 +32,9 @@ private:
 /// that isn't in the directory, lacks a mandatory attribute, or gives a flag, number or colour that
 /// can't be read. An attribute that no table of the component knows is reported to the diagnostics
 /// sink and kept.
+///
+/// What a description may hold at most stands in `Utilities::Limits`; elements and attributes are counted
+/// before anything is built.
 class GUIDescriptionReader {
 public:
     /// A bare name is looked for as `name.xml` in the directory of descriptions; anything with a "/" or
@@ -42,10 +45,6 @@ public:
 
     /// At first "descriptions" below the program's directory.
     static void SetDirectory(Utilities::String const& directory);
-
-    /// Larger files, and deeper trees, are refused.
-    static constexpr std::size_t maximalBytes = std::size_t{64} * 1024 * 1024;
-    static constexpr int maximalDepth = 200;
 };
 
 } // namespace GUI

@@ -1,5 +1,7 @@
 #include "gui/platform/TextConversion_PC.h"
 
+#include "Utilities/Limits.h"
+
 #include <gtest/gtest.h>
 
 using GUI::FromPlatformText;
@@ -24,6 +26,15 @@ TEST(TextConversion, ReadsUtf8AndTakesOtherBytesAsWindows1252) {
     };
     for (Row const& row : rows)
         EXPECT_EQ(ToPlatformText(row.bytes).toStdU16String(), std::u16string(row.text)) << row.bytes;
+}
+
+TEST(TextConversion, ShowsAsMuchOfAHugeTextAsCanBeSeen) {
+    std::size_t const most = Utilities::Limits::Get().shownText;
+    std::string const fits(most, 'a');
+    EXPECT_EQ(GUI::ToShownText(fits).size(), static_cast<qsizetype>(most));
+    // A character of three bytes over the end of what fits.
+    std::string const text = std::string(most - 2, 'a') + "\xE2\x82\xAC" + std::string(16'000'000, 'b');
+    EXPECT_EQ(GUI::ToShownText(text), QString(static_cast<qsizetype>(most) - 2, 'a') + QChar(0x2026));
 }
 
 TEST(TextConversion, GivesUtf8Back) {

@@ -1,8 +1,9 @@
-// The language of Colour Desk's open window, switched as a user switches it.
+// Colour Desk's open window: its language, switched as a user switches it, and what it says of failures.
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
 #include "Utilities/ProgramDirectory.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 #include "hosts/colourdesk/ColourDesk.h"
@@ -60,7 +61,11 @@ public:
         }
         QCoreApplication::processEvents();
     }
+    void ReportError(Utilities::String const& text) override { told += text.GetStdString() + "\n"; }
+    std::string told;
 };
+
+constexpr char const* samples = SOURCES "/data/samples/cie_named_34_36band.txt";
 
 } // namespace
 
@@ -71,7 +76,7 @@ TEST(ColourDeskWindow, ShowsEveryTextInTheLanguageThatIsSwitchedTo) {
     auto const preferences = Utilities::ResolveComponent<Utilities::Preferences>("Preferences");
     preferences->SetValue("LanguageService", "Language", "French");
     ColourDesk::Options options;
-    options.file = std::string(SOURCES) + "/data/samples/cie_named_34_36band.txt";
+    options.file = samples;
     options.language = "German";
     Desk desk(options);
     desk.Start();
@@ -112,6 +117,50 @@ TEST(ColourDeskWindow, ShowsEveryTextInTheLanguageThatIsSwitchedTo) {
     for (std::size_t i = 1; i < pictures.size(); ++i) EXPECT_NE(pictures[i], pictures[i - 1]);
     desk.Press(Qt::Key_F7);
     EXPECT_EQ(window.grab().toImage(), pictures.back()) << "no other key does it";
+    desk.Close();
+    desk.ReleaseImplementation();
+}
+
+TEST(ColourDeskWindow, SaysThatALanguageCouldNotBeKept) {
+    Tests::TemporaryDirectory const settings;
+    Tests::WriteFile(settings / "file", "no folder");
+    ::setenv("XDG_CONFIG_HOME", (settings / "file").c_str(), 1);
+    ProgramFiles const files;
+    ColourDesk::Options options;
+    options.file = samples;
+    options.language = "German";
+    Desk desk(options);
+    desk.Start();
+    desk.Press(Qt::Key_F8);
+    EXPECT_NE(desk.told.find("The language can't be kept for the next start. " + (settings / "file")),
+              std::string::npos)
+        << desk.told;
+    desk.Close();
+    desk.ReleaseImplementation();
+}
+
+TEST(ColourDeskWindow, StaysWhereTheNextOneLacksAnElement) {
+    Tests::TemporaryDirectory const settings;
+    ::setenv("XDG_CONFIG_HOME", settings.GetPath().c_str(), 1);
+    ProgramFiles const files;
+    ColourDesk::Options options;
+    options.file = samples;
+    Desk desk(options);
+    desk.Start();
+    auto const* const window = desk.GetMainWindow();
+    std::string description = Tests::ReadFile(SOURCES "/descriptions/ColourDesk.xml");
+    std::string const box = "<VBox>";
+    description.insert(description.find(box) + box.size(),
+                       "<LoopBox CounterVariable='#' Base='1'><HBox MinimalWidth='-#'/></LoopBox>");
+    Tests::WriteFile(settings / "descriptions/ColourDesk.xml", description);
+    GUI::GUIDescriptionReader::SetDirectory((settings / "descriptions").c_str());
+    EXPECT_EQ(desk.OpenFile(samples), 0);
+    EXPECT_NE(desk.told.find("1 of its elements can't be built"), std::string::npos) << desk.told;
+    EXPECT_EQ(desk.GetMainWindow(), window);
+    EXPECT_TRUE(window->IsAttached());
+    GUI::GUIDescriptionReader::SetDirectory("");
+    EXPECT_EQ(desk.OpenFile(samples), 1) << desk.told;
+    EXPECT_NE(desk.GetMainWindow(), nullptr);
     desk.Close();
     desk.ReleaseImplementation();
 }
