@@ -8,6 +8,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/BarChart.cpp
   gui/charts/BarGraph.cpp
   services/Bitmap_PC.cpp
+  gui/controls/Button_PC.cpp
   gui/controls/CheckBox_PC.cpp
   gui/colour/CirclePatch.cpp
   services/ColorLibraryTextAdapter.cpp
@@ -49,8 +50,14 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/ScaleNumbers.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
+  gui/controls/Button.cpp
+  gui/controls/ButtonPictures.cpp
   gui/controls/CheckBox.cpp
+  gui/controls/ClickControl.cpp
+  gui/controls/CNorvelianBitmapButton.cpp
+  gui/controls/CNorvelianButton.cpp
   gui/controls/CNorvelianFixedText.cpp
+  gui/controls/ControlTexts_PC.cpp
   gui/controls/FixedText.cpp
   gui/controls/TextAdaption.cpp
   gui/layout/GUILayoutElementBox.cpp

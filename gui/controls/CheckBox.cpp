@@ -1,13 +1,15 @@
 #include "gui/controls/CheckBox.h"
 
-#include "gui/elements/Application.h"
-#include "gui/elements/Topics.h"
-
 namespace GUI {
 
 namespace {
 
-constexpr Attribute attributes[] = {CheckBox::caption, CheckBox::triState, CheckBox::backgroundColor};
+constexpr Attribute attributes[] = {CheckBox::caption,
+                                    CheckBox::triState,
+                                    ControlAttributes::backgroundColor,
+                                    ControlAttributes::toolTipText,
+                                    ControlAttributes::mnemonics,
+                                    ControlAttributes::accessibleName};
 AttributeTable const table("CheckBox", "GUIElement", attributes);
 
 } // namespace
@@ -16,17 +18,6 @@ void CheckBox::Initialize(PlatformIndependentWindowID const& parent, Description
                           DialogDataSource* dataSource) {
     GUIElement::Initialize(parent, description, dataSource);
     RegisterOnUpdate();
-}
-
-void CheckBox::OnClicked(long state) {
-    CallScope const call(*this);
-    try {
-        TellValue("State", state);
-        Fire(Events::click, GetElementName());
-    } catch (std::exception const& failure) {
-        Application::Instance().ReportError(
-            (std::string("An unexpected error occured. Error text:") + failure.what()).c_str());
-    }
 }
 
 } // namespace GUI

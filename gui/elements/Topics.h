@@ -24,6 +24,7 @@ inline constexpr char const* close = "OnClose";
 namespace Values {
 
 inline constexpr char const* caption = "Caption";
+inline constexpr char const* state = "State";
 inline constexpr char const* visible = "Visible";
 inline constexpr char const* enabled = "Enabled";
 inline constexpr char const* toolTipText = "ToolTipText";

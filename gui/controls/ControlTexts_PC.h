@@ -1,0 +1,26 @@
+#pragma once
+
+#include "core/base/String.h"
+#include "gui/elements/Attributes.h"
+#include "gui/shell/NativeControl_PC.h"
+
+namespace GUI {
+
+/// Tool tip and accessible name of a control, translated.
+class ControlTexts {
+public:
+    void Read(AttributeReader const& reader);
+    /// Translates again.
+    void Show(NativeControl& control) const;
+    /// A text of the data source, which is shown as it is from then on.
+    void SetToolTip(NativeControl& control, Utilities::String const& text);
+
+private:
+    Utilities::String toolTipKey_;
+    Utilities::String nameKey_;
+};
+
+/// A caption as a native control takes it. Without mnemonics an ampersand is one.
+QString ToCaption(Utilities::String const& text, bool mnemonics);
+
+} // namespace GUI
