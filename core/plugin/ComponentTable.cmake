@@ -11,6 +11,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/Button_PC.cpp
   gui/controls/CheckBox_PC.cpp
   gui/colour/CirclePatch.cpp
+  gui/controls/ColorImageButton.cpp
   services/ColorLibraryTextAdapter.cpp
   gui/charts/CrossGraph.cpp
   gui/shell/Dialog_PC.cpp
@@ -18,6 +19,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
   gui/layout/HBox.cpp
+  gui/controls/ImageButton.cpp
   services/ImageService.cpp
   gui/charts/LabChart.cpp
   gui/charts/LabGraph.cpp
@@ -32,6 +34,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
   services/TextAdapter.cpp
+  gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/VBox.cpp
   gui/shell/Window_PC.cpp

@@ -11,7 +11,6 @@ namespace {
 
 Utilities::ComponentCreatorNormal<Button_PC> creator({"Button", "$Revision: 1.42 $", "GUI"});
 
-constexpr char const* enableKey = "Enable";
 constexpr char const* focusKey = "Focus";
 
 } // namespace
@@ -96,7 +95,7 @@ long Button_PC::OnUpdate(Anything const& command) {
         isTranslated_ = true;
         ShowCaption();
     }
-    UpdateControl(enableKey);
+    UpdateControl(Values::enable);
     return Button::OnUpdate(command);
 }
 

@@ -22,7 +22,7 @@ Utilities::ComponentCreatorNormal<FixedText_PC> creator({"FixedText", "$Revision
 QFont FontOf(AttributeReader const& reader, QFont font) {
     long const size = reader.Long(FixedText::fontSize);
     if (reader.Has(FixedText::fontName) || size != 0)
-        font = FindFont(static_cast<short>(size != 0 ? size : 8), 0, reader.Text(FixedText::fontName), false);
+        font = FindFont(static_cast<short>(size != 0 ? size : 8), 0, reader.Text(FixedText::fontName), 0);
     font.setBold(reader.Flag(FixedText::bold));
     font.setItalic(reader.Flag(FixedText::italic));
     font.setUnderline(reader.Flag(FixedText::underline));

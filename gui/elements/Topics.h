@@ -26,6 +26,7 @@ namespace Values {
 inline constexpr char const* caption = "Caption";
 inline constexpr char const* state = "State";
 inline constexpr char const* visible = "Visible";
+inline constexpr char const* enable = "Enable";
 inline constexpr char const* enabled = "Enabled";
 inline constexpr char const* toolTipText = "ToolTipText";
 

@@ -183,7 +183,7 @@ void PlatformIndependentDeviceContext_PC::SetBrush(RGBVector const& color) { bru
 
 void PlatformIndependentDeviceContext_PC::SetFont(short height, short width, short escapement,
                                                   String const& face, short bold) {
-    font_ = &FindFont(height, width, face, bold != 0);
+    font_ = &FindFont(height, width, face, bold);
     escapement_ = escapement / 10.0;
 }
 
