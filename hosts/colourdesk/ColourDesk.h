@@ -2,6 +2,7 @@
 
 #include "gui/elements/Application.h"
 #include "gui/elements/MessageService.h"
+#include "hosts/colourdesk/Gallery.h"
 #include "hosts/colourdesk/SampleWindow.h"
 
 #include <memory>
@@ -19,6 +20,10 @@ struct Options {
     /// Language of the texts; empty for that of the settings.
     std::string language;
     bool exitAfterFirstPaint = false;
+    /// The components of the library in place of samples.
+    bool gallery = false;
+    /// Where the gallery's pictures go; empty for the screen.
+    std::string galleryDirectory;
     bool help = false;
 
     /// Throws `InvalidArgumentException` that names the option.
@@ -50,12 +55,14 @@ private:
     Tintorium::ScreenRGB GetScreen();
     /// The user's way to another language: F8 takes the next one and keeps it in the settings.
     long OnKey(Utilities::Anything const& key);
-    int WritePicture(std::string const& fileName);
+    int ShowGallery();
+    int WritePicture(GUI::GUIElement& window, std::string const& fileName);
     void QuitAfterFirstPaint();
 
     Options options_;
     Utilities::SmartPointer<GUI::MessageService> messages_;
     std::unique_ptr<SampleWindow> handler_;
+    std::unique_ptr<Gallery> gallery_;
     Utilities::SmartPointer<GUI::PlatformIndependentWindowID> noParent_;
     GUI::DescriptionTree description_;
     Utilities::SmartPointer<GUI::GUIElement> window_;
