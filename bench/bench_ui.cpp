@@ -2,11 +2,10 @@
 // hands (floor) or by a component that others use (peer), measured in the same run. Each checks its result.
 
 #include "Utilities/NamingService.h"
-#include "core/creators/ComponentCreator.h"
-#include "gui/elements/Application.h"
-#include "gui/elements/Attributes.h"
-#include "gui/elements/GUIDescriptionReader.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/application/Application.h"
+#include "gui/elements/description/ElementRegistration.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 
 #include <QApplication>
@@ -70,8 +69,8 @@ public:
     }
     static inline int paints = 0;
 };
-Utilities::ComponentCreatorNormal<CountedPane> const creator({"CountedPane", "$Revision: 1 $", "Benchmark"});
-GUI::AttributeTable const table("CountedPane", "Pane", {});
+GUI::ElementRegistration<CountedPane, GUI::Pane> const registration({"CountedPane", "$Revision: 1 $",
+                                                                     "Benchmark"});
 
 /// Counts the paints of all widgets that have nothing in them.
 class PaintCounter : public QObject {

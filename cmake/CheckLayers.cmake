@@ -7,7 +7,8 @@ cmake_minimum_required(VERSION 3.25)
 
 set(floor_1 Diagnostics Utilities Utilities/Tools core/base core/values core/component core/creators)
 set(floor_2 cxf/conditions cxf/colorimetry cxf/samples cxf/files cxf/tolerance cxf/print cxf/verification)
-set(floor_3 gui/elements)
+set(floor_3 gui/elements/colour gui/elements/drawing gui/elements/description gui/elements
+  gui/elements/application)
 set(floor_4 core/plugin gui/layout gui/shell gui/controls gui/charts gui/colour gui/press gui/grid
   gui/platform services inspection)
 

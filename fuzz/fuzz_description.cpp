@@ -1,8 +1,8 @@
 // Descriptions of windows: any text gives a tree or a DescriptionException, and nothing else.
 #include "core/component/ComponentCreatorBase.h"
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/GUIDescriptionReader.h"
 #include "gui/elements/GUIElement.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/elements/Bitmap.h"
+#include "gui/elements/drawing/Bitmap.h"
 #include "gui/platform/Picture_PC.h"
 
 #include <QImage>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Utilities/Tools/Map.h"
-#include "gui/elements/ImageServiceInterface.h"
+#include "gui/elements/drawing/ImageServiceInterface.h"
 #include "services/ImageDirectory.h"
 
 #include <map>

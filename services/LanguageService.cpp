@@ -6,7 +6,7 @@
 #include "Utilities/Preferences.h"
 #include "core/base/Exceptions.h"
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/MessageService.h"
+#include "gui/elements/application/MessageService.h"
 
 #include <algorithm>
 #include <exception>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/component/ComponentCreatorBase.h"
-#include "gui/elements/Bitmap.h"
+#include "gui/elements/drawing/Bitmap.h"
 #include "gui/platform/Picture_PC.h"
 
 #include <QPicture>

@@ -18,7 +18,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
-  gui/layout/HBox.cpp
+  gui/layout/Boxes.cpp
   gui/controls/ImageButton.cpp
   services/ImageService.cpp
   gui/charts/LabChart.cpp
@@ -36,7 +36,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/TextAdapter.cpp
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
-  gui/layout/VBox.cpp
+  gui/layout/VBoxRegistration.cpp
   gui/shell/Window_PC.cpp
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp
@@ -53,7 +53,6 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/ScaleNumbers.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
-  gui/controls/Button.cpp
   gui/controls/ButtonPictures.cpp
   gui/controls/CheckBox.cpp
   gui/controls/ClickControl.cpp

@@ -1,8 +1,8 @@
 #include "gui/charts/BarChart.h"
 
-#include "core/creators/ComponentCreator.h"
 #include "gui/charts/BarGraph.h"
 #include "gui/charts/GraphAttributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,8 +32,8 @@ constexpr Attribute attributeList[] = {baseLineKey,
                                        Keys::thickLineGraduation,
                                        Keys::numbersAtLines};
 
-Utilities::ComponentCreatorNormal<BarChart> const creator({"BarChart", "$Revision: 1.26 $", "GUI"});
-AttributeTable const table("BarChart", "Pane", attributeList);
+ElementRegistration<BarChart, Pane> const registration({"BarChart", "$Revision: 1.26 $", "GUI"},
+                                                       attributeList);
 
 constexpr char const* graphName = "BarGraph";
 /// Of a side without a ruler.

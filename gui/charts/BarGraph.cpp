@@ -1,7 +1,7 @@
 #include "gui/charts/BarGraph.h"
 
-#include "core/creators/ComponentCreator.h"
 #include "gui/charts/GraphAttributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 #include <algorithm>
 #include <array>
@@ -24,8 +24,8 @@ constexpr Attribute attributeList[] = {
     barWidthKey, positivLimitKey, negativLimitKey, showLimitKey, GraphAttributes::thickLineGraduation,
     colorKey};
 
-Utilities::ComponentCreatorNormal<BarGraph> const creator({"BarGraph", "$Revision: 1.24 $", "GUI"});
-AttributeTable const table("BarGraph", "Graph", attributeList);
+ElementRegistration<BarGraph, Graph> const registration({"BarGraph", "$Revision: 1.24 $", "GUI"},
+                                                        attributeList);
 
 RGBVector const shadowColor(128, 128, 128);
 RGBVector const bandColor(192, 192, 192);

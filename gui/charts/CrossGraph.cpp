@@ -1,7 +1,7 @@
 #include "gui/charts/CrossGraph.h"
 
-#include "core/creators/ComponentCreator.h"
 #include "gui/charts/GraphAttributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
 
@@ -12,8 +12,8 @@ namespace {
 
 constexpr Attribute attributeList[] = {GraphAttributes::colorBarType};
 
-Utilities::ComponentCreatorNormal<CrossGraph> const creator({"CrossGraph", "$Revision: 1.11 $", "GUI"});
-AttributeTable const table("CrossGraph", "Graph", attributeList);
+ElementRegistration<CrossGraph, Graph> const registration({"CrossGraph", "$Revision: 1.11 $", "GUI"},
+                                                          attributeList);
 
 /// Of a cross, from its middle to its ends; and around a point that a tool tip tells of.
 constexpr int crossArm = 6;

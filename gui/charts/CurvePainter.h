@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gui/charts/ScaleMap.h"
-#include "gui/elements/PlatformIndependentDeviceContext.h"
+#include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
 
 #include <span>
 

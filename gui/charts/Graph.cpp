@@ -21,8 +21,6 @@ constexpr Attribute attributeList[] = {Keys::lineColor,
                                        Keys::right,
                                        Keys::bottom,
                                        Keys::drawAxis};
-AttributeTable const table("Graph", "Pane", attributeList);
-
 /// A text that holds a number; an empty one leaves the field, no answer gives the default.
 void TakeText(Anything const& value, double defaultValue, double& field) {
     if (!value.IsValid())
@@ -39,6 +37,8 @@ template <class Inside, class Visit> void Walk(double first, double step, Inside
 }
 
 } // namespace
+
+AttributesOf<Graph> const Graph::attributeTable("Graph", &Pane::attributeTable, attributeList);
 
 void Graph::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                        DialogDataSource* dataSource) {

@@ -19,6 +19,8 @@ namespace GUI {
 /// every update with the command "Properties". A graph is updated by its event "OnUpdate".
 class Graph : public Pane {
 public:
+    static AttributesOf<Graph> const attributeTable;
+
     Diagnostics::String GetValueString() override { return "Graph"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                     DialogDataSource* dataSource) override;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 /// Keys that a graph reads and that charts hand on to it.
 namespace GUI::GraphAttributes {

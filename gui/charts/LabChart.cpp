@@ -1,9 +1,8 @@
 #include "gui/charts/LabChart.h"
 
-#include "core/creators/ComponentCreator.h"
 #include "gui/charts/CrossGraph.h"
 #include "gui/charts/UpdateMessage.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 #include <cmath>
 #include <numbers>
@@ -22,8 +21,8 @@ constexpr Attribute zoomFactorKey{"ZoomFactor", AttributeType::Number, "100",
                                   "Enlargement in percent until the first update"};
 constexpr Attribute attributeList[] = {colorSpaceKey, zoomFactorKey};
 
-Utilities::ComponentCreatorNormal<LabChart> const creator({"LabChart", "$Revision: 1.15 $", "GUI"});
-AttributeTable const table("LabChart", "Pane", attributeList);
+ElementRegistration<LabChart, Pane> const registration({"LabChart", "$Revision: 1.15 $", "GUI"},
+                                                       attributeList);
 
 constexpr char const* planeName = "abGraph";
 constexpr char const* barName = "LGraph";

@@ -1,8 +1,7 @@
 #include "gui/charts/LabGraph.h"
 
 #include "Diagnostics/Sink.h"
-#include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 #include <cmath>
 
@@ -16,8 +15,8 @@ namespace {
 constexpr Attribute drawAxisKey{"DrawAxis", AttributeType::Flag, "No", "Whether the axes are drawn"};
 constexpr Attribute attributeList[] = {drawAxisKey};
 
-Utilities::ComponentCreatorNormal<LabGraph> const creator({"LabGraph", "$Revision: 1.15.4.1 $", "GUI"});
-AttributeTable const table("LabGraph", "Graph", attributeList);
+ElementRegistration<LabGraph, Graph> const registration({"LabGraph", "$Revision: 1.15.4.1 $", "GUI"},
+                                                        attributeList);
 
 /// The lightness of a sample that isn't there.
 constexpr double hole = -1000;

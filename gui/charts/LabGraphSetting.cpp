@@ -1,7 +1,6 @@
 #include "gui/charts/LabGraphSetting.h"
 
-#include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
 
@@ -22,9 +21,8 @@ constexpr Attribute attributeList[] = {
     xyZeroPos, lZeroPos, xySize,           lSize,
     xyRange,   lRange,   backgroundRadius, CommonAttributes::backgroundBitmap};
 
-Utilities::ComponentCreatorNormal<LabGraphSetting> const creator({"LabGraphSetting", "$Revision: 1.1 $",
-                                                                  "GUI"});
-AttributeTable const table("LabGraphSetting", "GUIElement", attributeList);
+ElementRegistration<LabGraphSetting, GUIElement> const
+    registration({"LabGraphSetting", "$Revision: 1.1 $", "GUI"}, attributeList);
 
 LabGraphView::Place PlaceOf(String const& text) {
     return {text.GetToken(0, ',').GetShort(), text.GetToken(1, ',').GetShort()};

@@ -1,9 +1,9 @@
 #include "gui/charts/XYChart.h"
 
-#include "core/creators/ComponentCreator.h"
 #include "gui/charts/Graph.h"
 #include "gui/charts/GraphAttributes.h"
 #include "gui/charts/ScaleNumbers.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,8 +22,7 @@ constexpr Attribute attributeList[] = {Keys::lineColor,       Keys::xScaleDrawLi
                                        Keys::yScaleDrawLines, Keys::yScaleGraduation, graphColor,
                                        Keys::numbersAtLines};
 
-Utilities::ComponentCreatorNormal<XYChart> const creator({"XYChart", "$Revision: 1.13 $", "GUI"});
-AttributeTable const table("XYChart", "Pane", attributeList);
+ElementRegistration<XYChart, Pane> const registration({"XYChart", "$Revision: 1.13 $", "GUI"}, attributeList);
 
 constexpr char const* graphName = "XYGraph";
 /// The margins of the graph, which the numbers' places rest on.

@@ -1,11 +1,11 @@
 #include "gui/charts/XYColorChart.h"
 
-#include "core/creators/ComponentCreator.h"
 #include "gui/charts/ScaleMap.h"
 #include "gui/charts/ZeroAxes.h"
 #include "gui/colour/OutsideMark.h"
 #include "gui/colour/PatchAttributes.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 #include <algorithm>
 #include <cmath>
@@ -34,8 +34,8 @@ constexpr Attribute attributeList[] = {
     spotSizeKey,  backgroundBitmapKey,         isotropicKey, zeroAxesKey, lineColorKey,
     gridColorKey, PatchAttributes::markOutside};
 
-Utilities::ComponentCreatorNormal<XYColorChart> const creator({"XYColorChart", "$Revision: 1.9 $", "GUI"});
-AttributeTable const table("XYColorChart", "Pane", attributeList);
+ElementRegistration<XYColorChart, Pane> const registration({"XYColorChart", "$Revision: 1.9 $", "GUI"},
+                                                           attributeList);
 
 /// The source of commands to select a spot, whatever the chart's own name is.
 constexpr char const* selectionElement = "ColorChart";

@@ -1,9 +1,8 @@
 #include "gui/charts/XYGraph.h"
 
 #include "Diagnostics/Sink.h"
-#include "core/creators/ComponentCreator.h"
 #include "gui/charts/CurvePainter.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,8 +14,7 @@ using Utilities::String;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<XYGraph> const creator({"XYGraph", "$Revision: 1.17 $", "GUI"});
-AttributeTable const table("XYGraph", "Graph", {});
+ElementRegistration<XYGraph, Graph> const registration({"XYGraph", "$Revision: 1.17 $", "GUI"});
 
 /// "r;g;b"
 RGBVector CurveColor(String const& text) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/elements/PlatformIndependentDeviceContext.h"
+#include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
 
 #include <optional>
 

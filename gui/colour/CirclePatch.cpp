@@ -1,8 +1,8 @@
 #include "gui/colour/CirclePatch.h"
 
-#include "core/creators/ComponentCreator.h"
 #include "gui/colour/OutsideMark.h"
 #include "gui/colour/PatchAttributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 #include <algorithm>
 
@@ -12,9 +12,9 @@ using Utilities::Anything;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<CirclePatch> const creator({"CirclePatch", "$Revision: 1.16 $", "GUI"});
 constexpr Attribute attributeList[] = {PatchAttributes::markOutside, PatchAttributes::surroundColor};
-AttributeTable const table("CirclePatch", "Pane", attributeList);
+ElementRegistration<CirclePatch, Pane> const registration({"CirclePatch", "$Revision: 1.16 $", "GUI"},
+                                                          attributeList);
 
 /// Of a pane that has no background.
 RGBVector const noBackground(100, 100, 100);

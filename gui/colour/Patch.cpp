@@ -1,10 +1,10 @@
 #include "gui/colour/Patch.h"
 
 #include "Diagnostics/Sink.h"
-#include "core/creators/ComponentCreator.h"
 #include "gui/colour/OutsideMark.h"
 #include "gui/colour/PatchAttributes.h"
 #include "gui/elements/DataAccess.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 #include <algorithm>
 
@@ -15,8 +15,7 @@ using Utilities::String;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<Patch> const creator({"Patch", "$Revision: 1.34 $", "GUI"});
-AttributeTable const table("Patch", "Pane", {});
+ElementRegistration<Patch, Pane> const registration({"Patch", "$Revision: 1.34 $", "GUI"});
 
 constexpr char const* clickEvent = "OnLeftButtonDown";
 constexpr int darkBelow = 300;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 /// Attributes that several patches read.
 namespace GUI::PatchAttributes {

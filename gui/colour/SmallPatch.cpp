@@ -1,16 +1,16 @@
 #include "gui/colour/SmallPatch.h"
 
-#include "core/creators/ComponentCreator.h"
 #include "gui/colour/PatchAttributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
 
 namespace {
 
-Utilities::ComponentCreatorNormal<SmallPatch> const creator({"SmallPatch", "$Revision: 1.2 $", "GUI"});
 constexpr Attribute attributeList[] = {PatchAttributes::updates, PatchAttributes::markOutside,
                                        PatchAttributes::surroundColor};
-AttributeTable const table("SmallPatch", "Pane", attributeList);
+ElementRegistration<SmallPatch, Pane> const registration({"SmallPatch", "$Revision: 1.2 $", "GUI"},
+                                                         attributeList);
 
 } // namespace
 

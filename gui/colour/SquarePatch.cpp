@@ -1,16 +1,16 @@
 #include "gui/colour/SquarePatch.h"
 
-#include "core/creators/ComponentCreator.h"
 #include "gui/colour/PatchAttributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
 
 namespace {
 
-Utilities::ComponentCreatorNormal<SquarePatch> const creator({"SquarePatch", "$Revision: 1.6 $", "GUI"});
 constexpr Attribute attributeList[] = {PatchAttributes::updates, PatchAttributes::markOutside,
                                        PatchAttributes::surroundColor};
-AttributeTable const table("SquarePatch", "Pane", attributeList);
+ElementRegistration<SquarePatch, Pane> const registration({"SquarePatch", "$Revision: 1.6 $", "GUI"},
+                                                          attributeList);
 
 /// Length of a corner's lines.
 constexpr short cornerLength = 5;

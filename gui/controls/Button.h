@@ -35,6 +35,15 @@ public:
                                           "A picture button draws a border"};
     static constexpr Attribute toggle{"Toggle", AttributeType::Flag, "No",
                                       "Each click turns the check state over"};
+    static constexpr Attribute attributes[] = {caption,
+                                               bitmapButton,
+                                               isDefault,
+                                               ControlAttributes::toolTipText,
+                                               flat,
+                                               drawBorder,
+                                               toggle,
+                                               ControlAttributes::mnemonics,
+                                               ControlAttributes::accessibleName};
 
     Diagnostics::String GetValueString() override { return "Button"; }
 };

@@ -1,7 +1,7 @@
 #include "gui/controls/ButtonPictures.h"
 
 #include "Utilities/NamingService.h"
-#include "gui/elements/ImageServiceInterface.h"
+#include "gui/elements/drawing/ImageServiceInterface.h"
 
 namespace GUI {
 

@@ -2,7 +2,7 @@
 
 #include "Utilities/Tools/SmartPointer.h"
 #include "core/base/String.h"
-#include "gui/elements/Bitmap.h"
+#include "gui/elements/drawing/Bitmap.h"
 
 #include <array>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "gui/controls/Button_PC.h"
 
 #include "Utilities/LanguageServiceInterface.h"
-#include "core/creators/ComponentCreator.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
 
@@ -9,7 +9,8 @@ using Utilities::Anything;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<Button_PC> creator({"Button", "$Revision: 1.42 $", "GUI"});
+ElementRegistration<Button_PC, GUIElement> const registration({"Button", "$Revision: 1.42 $", "GUI"},
+                                                              Button::attributes);
 
 constexpr char const* focusKey = "Focus";
 

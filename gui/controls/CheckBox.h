@@ -20,6 +20,12 @@ public:
     static constexpr Attribute caption{"Caption", AttributeType::Text, "No Caption", "Text beside the box"};
     static constexpr Attribute triState{"TriState", AttributeType::Flag, "No",
                                         "Whether there is a state between unchecked and checked"};
+    static constexpr Attribute attributes[] = {caption,
+                                               triState,
+                                               ControlAttributes::backgroundColor,
+                                               ControlAttributes::toolTipText,
+                                               ControlAttributes::mnemonics,
+                                               ControlAttributes::accessibleName};
 
     Diagnostics::String GetValueString() override { return "CheckBox"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,

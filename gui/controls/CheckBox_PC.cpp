@@ -1,7 +1,7 @@
 #include "gui/controls/CheckBox_PC.h"
 
 #include "Utilities/LanguageServiceInterface.h"
-#include "core/creators/ComponentCreator.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
 
@@ -9,7 +9,8 @@ using Utilities::Anything;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<CheckBox_PC> creator({"CheckBox", "$Revision: 1.21 $", "GUI"});
+ElementRegistration<CheckBox_PC, GUIElement> const registration({"CheckBox", "$Revision: 1.21 $", "GUI"},
+                                                                CheckBox::attributes);
 
 constexpr long checkedState = 1;
 constexpr long undecidedState = 2;

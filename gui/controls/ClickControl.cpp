@@ -1,7 +1,7 @@
 #include "gui/controls/ClickControl.h"
 
-#include "gui/elements/Application.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/application/Application.h"
 
 #include <string>
 

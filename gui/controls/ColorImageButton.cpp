@@ -1,6 +1,6 @@
 #include "gui/controls/ColorImageButton.h"
 
-#include "core/creators/ComponentCreator.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
 
@@ -10,11 +10,10 @@ using Utilities::String;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<ColorImageButton> const creator({"ColorImageButton", "$Revision: 1.2 $",
-                                                                   "GUI"});
 constexpr Attribute attributes[] = {ColorImageButton::fieldUp, ColorImageButton::fieldOver,
                                     ColorImageButton::fieldDown, ColorImageButton::fieldDisabled};
-AttributeTable const table("ColorImageButton", "ImageButton", attributes);
+ElementRegistration<ColorImageButton, ImageButton> const
+    registration({"ColorImageButton", "$Revision: 1.2 $", "GUI"}, attributes);
 
 constexpr char const* states[] = {"Up", "Over", "Down", "Disabled"};
 

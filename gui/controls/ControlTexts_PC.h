@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/base/String.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 #include "gui/shell/NativeControl_PC.h"
 
 namespace GUI {

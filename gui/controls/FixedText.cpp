@@ -8,11 +8,6 @@ namespace GUI {
 
 namespace {
 
-constexpr Attribute attributes[] = {FixedText::caption,   FixedText::adaptText, FixedText::fontName,
-                                    FixedText::fontSize,  FixedText::bold,      FixedText::italic,
-                                    FixedText::underline, FixedText::fontColor, FixedText::backgroundColor};
-AttributeTable const table("FixedText", "GUIElement", attributes);
-
 /// None for a language that has no short forms, and where the component can't be had.
 Utilities::SmartPointer<Utilities::TextAdapter> MakeAdapter(Utilities::String const& component) {
     if (component.Length() == 0) return {};

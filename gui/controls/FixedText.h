@@ -1,7 +1,7 @@
 #pragma once
 
-#include "gui/elements/Attributes.h"
 #include "gui/elements/GUIElement.h"
+#include "gui/elements/description/Attributes.h"
 #include "services/TextAdapter.h"
 
 namespace GUI {
@@ -29,6 +29,8 @@ public:
     static constexpr Attribute underline{"Underline", AttributeType::Flag, "No", "Underlined"};
     static constexpr Attribute fontColor{"FontColor", AttributeType::Colour, "", "Text colour"};
     static constexpr Attribute backgroundColor{"BackgroundColor", AttributeType::Colour, "", "Background"};
+    static constexpr Attribute attributes[] = {caption, adaptText, fontName,  fontSize,       bold,
+                                               italic,  underline, fontColor, backgroundColor};
 
     Diagnostics::String GetValueString() override { return "FixedText"; }
     /// Chooses the text adapter again; Japanese has none.

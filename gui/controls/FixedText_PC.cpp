@@ -1,9 +1,9 @@
 #include "gui/controls/FixedText_PC.h"
 
 #include "Utilities/LanguageServiceInterface.h"
-#include "core/creators/ComponentCreator.h"
 #include "gui/controls/TextAdaption.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/description/ElementRegistration.h"
 #include "gui/platform/Fonts_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 
@@ -17,7 +17,8 @@ using Utilities::String;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<FixedText_PC> creator({"FixedText", "$Revision: 1.30 $", "GUI"});
+ElementRegistration<FixedText_PC, GUIElement> const registration({"FixedText", "$Revision: 1.30 $", "GUI"},
+                                                                 FixedText::attributes);
 
 QFont FontOf(AttributeReader const& reader, QFont font) {
     long const size = reader.Long(FixedText::fontSize);

@@ -17,11 +17,12 @@ namespace {
 Utilities::ComponentCreatorNormal<ImageButton> const creator(ImageButton::componentDescription);
 constexpr Attribute attributes[] = {ImageButton::caption, ControlAttributes::toolTipText,
                                     ControlAttributes::accessibleName};
-AttributeTable const table("ImageButton", "Pane", attributes);
 
 constexpr long longestImageName = 30;
 
 } // namespace
+
+AttributesOf<ImageButton> const ImageButton::attributeTable("ImageButton", &Pane::attributeTable, attributes);
 
 void ImageButton::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                              DialogDataSource* dataSource) {

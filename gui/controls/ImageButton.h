@@ -23,6 +23,7 @@ class ImageButton : public Pane {
 public:
     static constexpr Utilities::ComponentDescription componentDescription{"ImageButton",
                                                                           "$Revision: 1.12.4.1 $", "GUI"};
+    static AttributesOf<ImageButton> const attributeTable;
     static constexpr Attribute caption{"Caption", AttributeType::Text, "", "First part of the images' names"};
 
     Diagnostics::String GetValueString() override { return "ImageButton"; }

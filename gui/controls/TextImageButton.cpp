@@ -1,7 +1,7 @@
 #include "gui/controls/TextImageButton.h"
 
 #include "Utilities/LanguageServiceInterface.h"
-#include "core/creators/ComponentCreator.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
 
@@ -10,9 +10,8 @@ using Utilities::String;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<TextImageButton> const creator({"TextImageButton", "$Revision: 1.3 $",
-                                                                  "GUI"});
-AttributeTable const table("TextImageButton", "ImageButton", {});
+ElementRegistration<TextImageButton, ImageButton> const registration({"TextImageButton", "$Revision: 1.3 $",
+                                                                      "GUI"});
 
 constexpr Attribute text{"Text", AttributeType::Text, "", "Text; a key of the language service"};
 constexpr Attribute color{"Color", AttributeType::Colour, "255,255,255", "Text colour"};
@@ -28,10 +27,10 @@ constexpr Attribute yOffset{"YOffset", AttributeType::Number, "0", "Shift from t
 constexpr Attribute styleAttributes[] = {text, color, fontStyle, fontName, fontSize, xOffset, yOffset};
 
 constexpr char const* general = "General";
-AttributeTable const generalTable(general, "", styleAttributes, AttributeTable::Kind::Part);
-AttributeTable const overTable("Over", general, {}, AttributeTable::Kind::Part);
-AttributeTable const downTable("Down", general, {}, AttributeTable::Kind::Part);
-AttributeTable const disabledTable("Disabled", general, {}, AttributeTable::Kind::Part);
+AttributeTable const generalTable(general, nullptr, styleAttributes, AttributeTable::Kind::Part);
+AttributeTable const overTable("Over", &generalTable, {}, AttributeTable::Kind::Part);
+AttributeTable const downTable("Down", &generalTable, {}, AttributeTable::Kind::Part);
+AttributeTable const disabledTable("Disabled", &generalTable, {}, AttributeTable::Kind::Part);
 
 short ToFontStyle(String const& name) {
     using Context = PlatformIndependentDeviceContext;

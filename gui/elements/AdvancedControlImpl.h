@@ -2,10 +2,10 @@
 
 #include "core/base/String.h"
 #include "core/component/Component.h"
-#include "gui/elements/Description.h"
 #include "gui/elements/KeyState.h"
-#include "gui/elements/PlatformIndependentDeviceContext.h"
-#include "gui/elements/PlatformIndependentWindowID.h"
+#include "gui/elements/description/Description.h"
+#include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
+#include "gui/elements/drawing/PlatformIndependentWindowID.h"
 
 #include <utility>
 

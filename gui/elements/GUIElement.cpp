@@ -2,8 +2,8 @@
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
-#include "gui/elements/Attributes.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <exception>
 #include <string>
@@ -31,9 +31,19 @@ void ReportFailedChild(String const& type, DescriptionTree const& description) {
     Diagnostics::DropException(where.c_str());
 }
 
+namespace Common = CommonAttributes;
+
+constexpr Attribute attributes[] = {
+    Common::elementType,  Common::elementName,   Common::registered,    Common::minimalWidth,
+    Common::maximalWidth, Common::minimalHeight, Common::maximalHeight, Common::justificationOnX,
+    Common::helpFile,     Common::helpTopic,     Common::properties,
+};
+
 std::uint32_t Pixels(unsigned long value) { return static_cast<std::uint32_t>(value); }
 
 } // namespace
+
+AttributesOf<GUIElement> const GUIElement::attributeTable("GUIElement", nullptr, attributes);
 
 std::uint64_t GUIElement::layoutRevision = 0;
 std::uint64_t GUIElement::namesRevision = 0;

@@ -5,11 +5,12 @@
 #include "Utilities/Tools/SmartPointer.h"
 #include "core/component/Component.h"
 #include "gui/elements/CallScope.h"
-#include "gui/elements/Description.h"
 #include "gui/elements/DialogDataSource.h"
 #include "gui/elements/OwnedCallback.h"
-#include "gui/elements/PlatformIndependentDeviceContext.h"
-#include "gui/elements/PlatformIndependentWindowID.h"
+#include "gui/elements/description/Attributes.h"
+#include "gui/elements/description/Description.h"
+#include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
+#include "gui/elements/drawing/PlatformIndependentWindowID.h"
 
 #include <cstdint>
 #include <memory>
@@ -28,6 +29,8 @@ namespace GUI {
 class alignas(64) GUIElement : public Utilities::Component {
 public:
     using Children = Utilities::List<Utilities::SmartPointer<GUIElement>>;
+
+    static AttributesOf<GUIElement> const attributeTable;
 
     GUIElement();
     GUIElement(GUIElement const&) = delete;

@@ -2,12 +2,12 @@
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
-#include "gui/elements/Attributes.h"
 #include "gui/elements/DialogHandler.h"
-#include "gui/elements/GUIDescriptionReader.h"
 #include "gui/elements/LayoutScope.h"
 #include "gui/elements/SelectionServiceInterface.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/description/Attributes.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 
 namespace GUI {
 
@@ -16,6 +16,11 @@ using Utilities::SmartPointer;
 using Utilities::String;
 
 namespace {
+
+namespace Common = CommonAttributes;
+
+constexpr Attribute attributes[] = {Common::paneName, Common::frame, Common::backgroundColor,
+                                    Common::backgroundBitmap, Common::selectable};
 
 /// Null in a host or test that has no such service.
 SmartPointer<SelectionServiceInterface> FindSelectionService() {
@@ -30,6 +35,8 @@ DropHandlerBase* FindDropHandler(DialogDataSource* source, String const& element
 }
 
 } // namespace
+
+AttributesOf<Pane> const Pane::attributeTable("Pane", &GUIElement::attributeTable, attributes);
 
 Pane::~Pane() {
     // For a pane that no smart pointer held; one that was released has let go already.

@@ -28,6 +28,7 @@ namespace GUI {
 /// held it before is told and repaints. A pane that dies gives its selections up.
 class Pane : public GUIElement, public SupportsPropertyInspector, public SelectableObject {
 public:
+    static AttributesOf<Pane> const attributeTable;
     static constexpr Utilities::ComponentDescription componentDescription{"Pane", "$Revision: 1.1 $", "GUI"};
     static Utilities::ComponentCreatorBase::Descriptor GetDescriptor() {
         return componentDescription.GetDescriptor();

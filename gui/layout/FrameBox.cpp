@@ -1,8 +1,7 @@
 #include "gui/layout/FrameBox.h"
 
 #include "Diagnostics/Sink.h"
-#include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
 
@@ -14,10 +13,12 @@ constexpr Attribute topKey{"Top", AttributeType::Number, "0", "Upper margin in p
 constexpr Attribute leftKey{"Left", AttributeType::Number, "0", "Left margin in pixels"};
 constexpr Attribute rightKey{"Right", AttributeType::Number, "0", "Right margin in pixels"};
 constexpr Attribute bottomKey{"Bottom", AttributeType::Number, "0", "Lower margin in pixels"};
-constexpr Attribute attributeList[] = {topKey, leftKey, rightKey, bottomKey};
+constexpr char const* notRead = "No effect: a frame has no name and no size range of its own";
+constexpr Attribute margins[] = {topKey, leftKey, rightKey, bottomKey};
+constexpr auto attributeList = CommonAttributes::WithUnusedSizes(margins, notRead);
 
-Utilities::ComponentCreatorNormal<FrameBox> const creator({"FrameBox", "$Revision: 1.12 $", "GUI"});
-AttributeTable const table("FrameBox", "GUIElement", attributeList);
+ElementRegistration<FrameBox, GUIElement> const registration({"FrameBox", "$Revision: 1.12 $", "GUI"},
+                                                             attributeList);
 
 /// Sizes are 32 bits wide and wrap.
 unsigned long Add(unsigned long size, std::uint32_t first, std::uint32_t second = 0) {

@@ -125,8 +125,8 @@ void GUILayoutElementBox::OnPaintWindowDecorators(PlatformIndependentDeviceConte
     PassOnPaintWindowDecorators(context);
 }
 
-void GUILayoutElementBox::InitializeBox(PlatformIndependentWindowID const& parent,
-                                        DescriptionTree const& description, DialogDataSource* dataSource) {
+void GUILayoutElementBox::Initialize(PlatformIndependentWindowID const& parent,
+                                     DescriptionTree const& description, DialogDataSource* dataSource) {
     GUIElement::Initialize(parent, description, dataSource);
     try {
         CreateChildren(parent, description, GetDataSource());

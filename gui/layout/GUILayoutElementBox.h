@@ -20,7 +20,13 @@ namespace GUI {
 /// up stands until that call returns or some size range or list of children changes.
 class GUILayoutElementBox : public GUIElement {
 public:
+    /// Why the attributes of sizes have no effect on a box.
+    static constexpr char const* sizesFollow = "No effect: the size range of a box is that of its children";
+
     Diagnostics::String GetValueString() override { return "GUILayoutElementBox"; }
+    /// `GUIElement`'s attributes, then the children.
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                    DialogDataSource* dataSource) override;
     void SetPosition(unsigned long x, unsigned long y) override;
     void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                  GUIElement const& element) const override;
@@ -28,9 +34,6 @@ public:
 protected:
     enum class Axis : std::uint8_t { Horizontal, Vertical };
 
-    /// `GUIElement`'s attributes, then the children.
-    void InitializeBox(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
-                       DialogDataSource* dataSource);
     /// Along the axis the sums of the children's limits, across it the largest of them.
     template <Axis axis>
     void AddUpSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,

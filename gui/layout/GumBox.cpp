@@ -1,8 +1,7 @@
 #include "gui/layout/GumBox.h"
 
 #include "Diagnostics/Sink.h"
-#include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
 
@@ -14,10 +13,13 @@ constexpr Attribute maximalWidthKey{"MaximalWidth", AttributeType::Number, "0",
                                     "Largest width in pixels, and the weight when width is shared"};
 constexpr Attribute maximalHeightKey{"MaximalHeight", AttributeType::Number, "0",
                                      "Largest height in pixels, and the weight when height is shared"};
-constexpr Attribute attributeList[] = {maximalWidthKey, maximalHeightKey};
+constexpr char const* noMinimum = "No effect: a spacer has no minimal size";
+constexpr Attribute attributeList[] = {maximalWidthKey, maximalHeightKey,
+                                       Unused(CommonAttributes::minimalWidth, noMinimum),
+                                       Unused(CommonAttributes::minimalHeight, noMinimum)};
 
-Utilities::ComponentCreatorNormal<GumBox> const creator({"GumBox", "$Revision: 1.8 $", "GUI"});
-AttributeTable const table("GumBox", "GUIElement", attributeList);
+ElementRegistration<GumBox, GUIElement> const registration({"GumBox", "$Revision: 1.8 $", "GUI"},
+                                                           attributeList);
 
 } // namespace
 

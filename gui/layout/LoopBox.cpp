@@ -1,8 +1,7 @@
 #include "gui/layout/LoopBox.h"
 
 #include "Diagnostics/Sink.h"
-#include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/ElementRegistration.h"
 #include "gui/layout/LoopBoxCalculator.h"
 
 namespace GUI {
@@ -17,10 +16,12 @@ constexpr Attribute repetitionsKey{"Repetitions", AttributeType::Number, "1", "N
 constexpr Attribute counterVariableKey{"CounterVariable", AttributeType::Text, "",
                                        "Text that stands for the counter in the children's attributes"};
 constexpr Attribute baseKey{"Base", AttributeType::Number, "0", "Counter of the first pass"};
-constexpr Attribute attributeList[] = {repetitionsKey, counterVariableKey, baseKey};
+constexpr Attribute ownAttributes[] = {repetitionsKey, counterVariableKey, baseKey};
+constexpr auto attributeList =
+    CommonAttributes::WithUnusedSizes(ownAttributes, "No effect: the loop itself takes no space");
 
-Utilities::ComponentCreatorNormal<LoopBox> const creator({"LoopBox", "$Revision: 1.7 $", "GUI"});
-AttributeTable const table("LoopBox", "GUIElement", attributeList, AttributeTable::Kind::Pattern);
+ElementRegistration<LoopBox, GUIElement> const registration({"LoopBox", "$Revision: 1.7 $", "GUI"},
+                                                            attributeList, AttributeTable::Kind::Pattern);
 
 /// What the passes of one loop have in common.
 struct Loop {

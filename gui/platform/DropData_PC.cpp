@@ -1,6 +1,6 @@
 #include "gui/platform/DropData_PC.h"
 
-#include "gui/elements/RGBVector.h"
+#include "gui/elements/colour/RGBVector.h"
 #include "gui/platform/TextConversion_PC.h"
 
 #include <QColor>

@@ -1,6 +1,6 @@
 #include "gui/platform/Fonts_PC.h"
 
-#include "gui/elements/PlatformIndependentDeviceContext.h"
+#include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
 #include "gui/platform/TextConversion_PC.h"
 
 #include <QFontMetrics>

@@ -1,6 +1,6 @@
 #include "gui/platform/KeyCodes_PC.h"
 
-#include "gui/elements/ApplicationImplementation.h"
+#include "gui/elements/application/ApplicationImplementation.h"
 
 #include <QKeyEvent>
 

@@ -1,7 +1,7 @@
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 
 #include "Utilities/NamingService.h"
-#include "gui/elements/ImageServiceInterface.h"
+#include "gui/elements/drawing/ImageServiceInterface.h"
 #include "gui/platform/EllipseFigure.h"
 #include "gui/platform/Fonts_PC.h"
 #include "gui/platform/Picture_PC.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/elements/PlatformIndependentDeviceContext.h"
+#include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
 #include "gui/platform/DeviceGrid.h"
 #include "gui/platform/PainterSurface_PC.h"
 #include "gui/platform/RasterSurface.h"

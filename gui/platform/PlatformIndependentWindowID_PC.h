@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/elements/PlatformIndependentWindowID.h"
+#include "gui/elements/drawing/PlatformIndependentWindowID.h"
 #include "gui/platform/LightWindow.h"
 
 #include <QPointer>

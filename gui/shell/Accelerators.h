@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/elements/ApplicationImplementation.h"
+#include "gui/elements/application/ApplicationImplementation.h"
 
 #include <vector>
 

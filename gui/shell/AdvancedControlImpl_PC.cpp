@@ -1,9 +1,9 @@
 #include "gui/shell/AdvancedControlImpl_PC.h"
 
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Attributes.h"
 #include "gui/elements/Pane.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/description/Attributes.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 
 #include <QApplication>

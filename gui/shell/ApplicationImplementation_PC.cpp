@@ -5,7 +5,7 @@
 #include "Utilities/TranslationService.h"
 #include "core/base/Exceptions.h"
 #include "core/creators/ComponentCreator.h"
-#include "gui/elements/Application.h"
+#include "gui/elements/application/Application.h"
 #include "gui/platform/DisplayProfile_PC.h"
 #include "gui/platform/KeyCodes_PC.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "gui/elements/ApplicationImplementation.h"
-#include "gui/elements/MessageService.h"
+#include "gui/elements/application/ApplicationImplementation.h"
+#include "gui/elements/application/MessageService.h"
 #include "gui/shell/Accelerators.h"
 
 #include <QObject>

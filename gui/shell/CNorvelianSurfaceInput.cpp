@@ -1,5 +1,5 @@
 // What the user does on a surface: mouse, keyboard focus, tool tips, drags.
-#include "gui/elements/Application.h"
+#include "gui/elements/application/Application.h"
 #include "gui/platform/DropData_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 #include "gui/shell/CNorvelianAdvancedControl.h"

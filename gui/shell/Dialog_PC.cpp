@@ -1,10 +1,10 @@
 #include "gui/shell/Dialog_PC.h"
 
-#include "core/creators/ComponentCreator.h"
-#include "gui/elements/Application.h"
 #include "gui/elements/DialogObserver.h"
 #include "gui/elements/LayoutScope.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/application/Application.h"
+#include "gui/elements/description/ElementRegistration.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 
 #include <QPalette>
@@ -15,21 +15,22 @@ using Utilities::Anything;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<Dialog_PC> creator({"Dialog", "$Revision: 1.34 $", "GUI"});
-
-constexpr Attribute attributes[] = {WindowKeys::name,
-                                    WindowKeys::dialogCaption,
-                                    WindowKeys::dialogX,
-                                    WindowKeys::dialogY,
-                                    WindowKeys::width,
-                                    WindowKeys::height,
-                                    WindowKeys::dialogResizeable,
-                                    WindowKeys::closeable,
-                                    WindowKeys::titleBar,
-                                    WindowKeys::escKeyElementName,
-                                    WindowKeys::backgroundBitmap,
-                                    WindowKeys::backgroundColor};
-AttributeTable const table("Dialog", "GUIElement", attributes);
+constexpr Attribute ownAttributes[] = {WindowKeys::name,
+                                       WindowKeys::dialogCaption,
+                                       WindowKeys::dialogX,
+                                       WindowKeys::dialogY,
+                                       WindowKeys::width,
+                                       WindowKeys::height,
+                                       WindowKeys::dialogResizeable,
+                                       WindowKeys::closeable,
+                                       WindowKeys::titleBar,
+                                       WindowKeys::escKeyElementName,
+                                       WindowKeys::backgroundBitmap,
+                                       WindowKeys::backgroundColor};
+constexpr auto attributes = CommonAttributes::WithUnusedSizes(
+    ownAttributes, "No effect: the size range of a window is that of its first child");
+ElementRegistration<Dialog_PC, GUIElement> const registration({"Dialog", "$Revision: 1.34 $", "GUI"},
+                                                              attributes);
 
 Qt::WindowFlags FlagsFor(AttributeReader const& reader, bool modeless) {
     Qt::WindowFlags flags = (modeless ? Qt::Tool : Qt::Dialog) | Qt::CustomizeWindowHint;

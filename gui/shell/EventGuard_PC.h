@@ -1,7 +1,7 @@
 #pragma once
 
-#include "gui/elements/Application.h"
 #include "gui/elements/CallScope.h"
+#include "gui/elements/application/Application.h"
 
 #include <QThread>
 #include <exception>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Utilities/Mutex.h"
-#include "gui/elements/MessageService.h"
+#include "gui/elements/application/MessageService.h"
 
 #include <atomic>
 #include <cstddef>

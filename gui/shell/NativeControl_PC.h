@@ -2,7 +2,7 @@
 
 #include "core/base/Exceptions.h"
 #include "gui/elements/GUIElement.h"
-#include "gui/elements/RGBVector.h"
+#include "gui/elements/colour/RGBVector.h"
 #include "gui/platform/LightWindow.h"
 #include "gui/shell/CNorvelianSurface.h"
 #include "gui/shell/EventGuard_PC.h"

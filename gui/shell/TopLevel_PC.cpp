@@ -2,8 +2,8 @@
 
 #include "Utilities/LanguageServiceInterface.h"
 #include "Utilities/NamingService.h"
-#include "gui/elements/Application.h"
 #include "gui/elements/LayoutScope.h"
+#include "gui/elements/application/Application.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 #include "gui/shell/EventGuard_PC.h"

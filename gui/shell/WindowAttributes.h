@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <optional>
 

@@ -1,9 +1,9 @@
 #include "gui/shell/Window_PC.h"
 
-#include "core/creators/ComponentCreator.h"
-#include "gui/elements/Application.h"
 #include "gui/elements/LayoutScope.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/application/Application.h"
+#include "gui/elements/description/ElementRegistration.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 
 #include <algorithm>
@@ -14,18 +14,19 @@ using Utilities::Anything;
 
 namespace {
 
-Utilities::ComponentCreatorNormal<Window_PC> creator({"Window", "$Revision: 1.45 $", "GUI"});
-
-constexpr Attribute attributes[] = {WindowKeys::name,
-                                    WindowKeys::windowCaption,
-                                    WindowKeys::x,
-                                    WindowKeys::y,
-                                    WindowKeys::width,
-                                    WindowKeys::height,
-                                    WindowKeys::windowResizeable,
-                                    WindowKeys::closeable,
-                                    WindowKeys::topMost};
-AttributeTable const table("Window", "GUIElement", attributes);
+constexpr Attribute ownAttributes[] = {WindowKeys::name,
+                                       WindowKeys::windowCaption,
+                                       WindowKeys::x,
+                                       WindowKeys::y,
+                                       WindowKeys::width,
+                                       WindowKeys::height,
+                                       WindowKeys::windowResizeable,
+                                       WindowKeys::closeable,
+                                       WindowKeys::topMost};
+constexpr auto attributes = CommonAttributes::WithUnusedSizes(
+    ownAttributes, "No effect: the size range of a window is that of its first child");
+ElementRegistration<Window_PC, GUIElement> const registration({"Window", "$Revision: 1.45 $", "GUI"},
+                                                              attributes);
 
 } // namespace
 

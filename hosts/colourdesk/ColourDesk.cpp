@@ -6,7 +6,7 @@
 #include "Utilities/TranslationService.h"
 #include "core/base/Exceptions.h"
 #include "cxf/conditions/TristimException.h"
-#include "gui/elements/GUIDescriptionReader.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 
 #include <algorithm>
 #include <cstdio>

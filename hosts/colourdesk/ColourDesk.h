@@ -1,7 +1,7 @@
 #pragma once
 
-#include "gui/elements/Application.h"
-#include "gui/elements/MessageService.h"
+#include "gui/elements/application/Application.h"
+#include "gui/elements/application/MessageService.h"
 #include "hosts/colourdesk/Gallery.h"
 #include "hosts/colourdesk/SampleWindow.h"
 

@@ -2,10 +2,10 @@
 
 #include "Utilities/NamingService.h"
 #include "core/base/Exceptions.h"
-#include "gui/elements/ApplicationImplementation.h"
-#include "gui/elements/Attributes.h"
-#include "gui/elements/GUIDescriptionReader.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/application/ApplicationImplementation.h"
+#include "gui/elements/description/Attributes.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 
 #include <algorithm>
 #include <filesystem>

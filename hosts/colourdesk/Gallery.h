@@ -1,8 +1,8 @@
 #pragma once
 
-#include "gui/elements/Application.h"
 #include "gui/elements/DialogHandler.h"
-#include "gui/elements/PlatformIndependentWindowID.h"
+#include "gui/elements/application/Application.h"
+#include "gui/elements/drawing/PlatformIndependentWindowID.h"
 
 #include <string>
 #include <vector>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cxf/files/SampleFile.h"
-#include "gui/elements/RGBVector.h"
-#include "gui/elements/ScreenRGB.h"
+#include "gui/elements/colour/RGBVector.h"
+#include "gui/elements/colour/ScreenRGB.h"
 
 #include <array>
 #include <string>

@@ -7,7 +7,7 @@
 #include "Utilities/Preferences.h"
 #include "core/base/Exceptions.h"
 #include "cxf/files/SampleFile.h"
-#include "gui/elements/GUIDescriptionReader.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 #include "gui/shell/MessageService_PC.h"
 #include "services/LanguageFiles.h"
 #include "services/PictureReader_PC.h"

@@ -1,7 +1,7 @@
 #include "cxf/conditions/TristimException.h"
 #include "cxf/samples/Sample.h"
-#include "gui/elements/ScreenRGB.h"
-#include "gui/elements/SpectrumColor.h"
+#include "gui/elements/colour/ScreenRGB.h"
+#include "gui/elements/colour/SpectrumColor.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>

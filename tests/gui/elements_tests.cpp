@@ -1,8 +1,8 @@
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
-#include "gui/elements/Attributes.h"
-#include "gui/elements/GUIDescriptionReader.h"
 #include "gui/elements/SelectionServiceInterface.h"
+#include "gui/elements/description/Attributes.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 #include "tests/support/ElementNames.h"
 #include "tests/support/FakeDataSource.h"
 #include "tests/support/FakeWindowHost.h"
@@ -75,13 +75,14 @@ TEST(DescriptionReader, TellsWhereAndWhy) {
     auto const former = Diagnostics::SetSink(
         [&reported](auto const&, auto const& what) { reported += what.GetCharPointer(); });
     auto const tree = GUI::GUIDescriptionReader::Parse(
-        "<HBox Mistyped='1' MinimalWith='2'><LoopBox><HBox MinimalWidth='#'/></LoopBox>\n"
+        "<HBox Mistyped='1' MinimalWith='2' MaximalWidth='9'><LoopBox><HBox MinimalWidth='#'/></LoopBox>\n"
         "<Pane ElementName='p'><Properties A='1'><B C='2'/></Properties></Pane>\n"
         "<Pane ElementName='p'/><Pane ElementName='p' Register='No'/></HBox>",
         "f.xml");
     Diagnostics::SetSink(former);
     EXPECT_THAT(reported, HasSubstr("f.xml:1: <HBox> has no attribute \"Mistyped\"f.xml:1: <HBox> has no "
                                     "attribute \"MinimalWith\"; did you mean \"MinimalWidth\"?"));
+    EXPECT_THAT(reported, HasSubstr("f.xml:1: the attribute \"MaximalWidth\" of <HBox>: No effect"));
     EXPECT_THAT(reported, HasSubstr("f.xml:3: a second element is named \"p\"; the first one is in line 2"));
     EXPECT_EQ(reported.find("is in line 3"), std::string::npos) << "an unregistered one can't be mixed up";
     auto const& pane = *(++tree.GetChildren()).Current();

@@ -3,9 +3,9 @@
 // address sanitizer sees, and nothing may stay behind.
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
-#include "gui/elements/Attributes.h"
 #include "gui/elements/CallScope.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/description/Attributes.h"
 #include "tests/support/ElementNames.h"
 #include "tests/support/FakeDataSource.h"
 #include "tests/support/FakeWindowHost.h"

@@ -3,9 +3,9 @@
 #include "Utilities/Plugin.h"
 #include "Utilities/ProgramDirectory.h"
 #include "cxf/colorimetry/TristimService.h"
-#include "gui/elements/Application.h"
 #include "gui/elements/DialogHandler.h"
-#include "gui/elements/GUIDescriptionReader.h"
+#include "gui/elements/application/Application.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 
 #include <cstdio>
 

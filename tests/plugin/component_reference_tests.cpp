@@ -2,7 +2,7 @@
 #include "Utilities/NamingService.h"
 #include "Utilities/Plugin.h"
 #include "Utilities/ProgramDirectory.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -49,7 +49,7 @@ std::string Reference() {
            "too.\n";
     for (auto const& [name, table] : tables) {
         text << "\n## " << name << "\n\n";
-        if (!table->GetBase().empty()) text << "Extends " << table->GetBase() << ".";
+        if (table->GetBase()) text << "Extends " << table->GetBase()->GetComponent() << ".";
         if (table->GetKind() == GUI::AttributeTable::Kind::Part) text << " Read by its parent; no element.";
         if (table->GetAttributes().empty()) {
             text << " No attributes of its own.\n";

@@ -4,9 +4,9 @@
 #include "Utilities/Plugin.h"
 #include "Utilities/ProgramDirectory.h"
 #include "Utilities/Thread.h"
-#include "gui/elements/Application.h"
-#include "gui/elements/Attributes.h"
-#include "gui/elements/GUIDescriptionReader.h"
+#include "gui/elements/application/Application.h"
+#include "gui/elements/description/Attributes.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 #include "tests/support/TemporaryDirectory.h"
 
 #include <atomic>

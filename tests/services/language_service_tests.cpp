@@ -5,7 +5,7 @@
 #include "Utilities/Preferences.h"
 #include "Utilities/ProgramDirectory.h"
 #include "core/base/Exceptions.h"
-#include "gui/elements/MessageService.h"
+#include "gui/elements/application/MessageService.h"
 #include "gui/platform/TextConversion_PC.h"
 #include "services/LanguageService.h"
 #include "tests/support/FunctionCallback.h"

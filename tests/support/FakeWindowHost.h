@@ -1,8 +1,8 @@
 #pragma once
 
-#include "gui/elements/Description.h"
 #include "gui/elements/GUIElement.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/description/Description.h"
 
 #include <initializer_list>
 #include <memory>

@@ -1,10 +1,10 @@
 // Panes in real windows on the offscreen platform: painting, repainting, events, exceptions.
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
-#include "gui/elements/Application.h"
 #include "gui/elements/DialogHandler.h"
 #include "gui/elements/DropDataObject.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/application/Application.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/shell/NativeControl_PC.h"
 #include "tests/support/FakeDataSource.h"

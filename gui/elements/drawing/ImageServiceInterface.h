@@ -3,7 +3,7 @@
 #include "Utilities/Tools/SmartPointer.h"
 #include "core/base/String.h"
 #include "core/component/Component.h"
-#include "gui/elements/Bitmap.h"
+#include "gui/elements/drawing/Bitmap.h"
 
 namespace GUI {
 

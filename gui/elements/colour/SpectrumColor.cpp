@@ -1,4 +1,4 @@
-#include "gui/elements/SpectrumColor.h"
+#include "gui/elements/colour/SpectrumColor.h"
 
 #include "Diagnostics/Sink.h"
 #include "cxf/colorimetry/TristimService.h"

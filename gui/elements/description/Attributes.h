@@ -1,8 +1,10 @@
 #pragma once
 
-#include "gui/elements/Description.h"
-#include "gui/elements/RGBVector.h"
+#include "gui/elements/colour/RGBVector.h"
+#include "gui/elements/description/Description.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -26,19 +28,29 @@ inline constexpr AttributeRange shortRange{0, 65535.0};
 
 /// One attribute of an element's description: its key beside its default, as data that can be listed.
 struct Attribute {
-    char const* key;
-    AttributeType type;
+    char const* key = "";
+    AttributeType type = AttributeType::Text;
     /// The text that stands when the attribute is absent.
-    char const* defaultValue;
-    char const* meaning;
+    char const* defaultValue = "";
+    char const* meaning = "";
     /// Its absence is an error.
     bool mandatory = false;
     AttributeRange range = {};
+    /// False for what a base class reads and elements of this component make no use of; see `Unused`.
+    bool hasEffect = true;
 };
 
-/// Says which attributes the elements of one component read beyond those of another one. Instances
-/// are static objects beside the component's creator, and live as long as the module does; checks of
-/// descriptions and the schema for editors are made from them.
+/// An attribute of a base class that a component makes no use of, and why. A description that gives it all
+/// the same is reported.
+constexpr Attribute Unused(Attribute attribute, char const* why) {
+    attribute.meaning = why;
+    attribute.hasEffect = false;
+    return attribute;
+}
+
+/// Says which attributes the elements of one component, or of a class that components derive from, read
+/// beyond those of a base class. Instances are static objects and live as long as their module does; checks
+/// of descriptions and the reference of components are made from them. See `ElementRegistration`.
 class AttributeTable {
 public:
     /// What a node of that name in a description is.
@@ -51,15 +63,16 @@ public:
         Pattern,
     };
 
-    /// `component` is the name in descriptions; `base` is the table that it extends, empty for none.
-    AttributeTable(char const* component, char const* base, std::span<Attribute const> attributes,
+    /// `component` is the name in descriptions; `base` is the table that it extends, null for none. The base
+    /// may be constructed later.
+    AttributeTable(char const* component, AttributeTable const* base, std::span<Attribute const> attributes,
                    Kind kind = Kind::Element);
     AttributeTable(AttributeTable const&) = delete;
     AttributeTable& operator=(AttributeTable const&) = delete;
     ~AttributeTable();
 
     std::string_view GetComponent() const { return component_; }
-    std::string_view GetBase() const { return base_; }
+    AttributeTable const* GetBase() const { return base_; }
     std::span<Attribute const> GetAttributes() const { return attributes_; }
     Kind GetKind() const { return kind_; }
 
@@ -74,9 +87,15 @@ public:
 
 private:
     char const* component_;
-    char const* base_;
+    AttributeTable const* base_;
     std::span<Attribute const> attributes_;
     Kind kind_;
+};
+
+/// The table of a class that others derive from: its static member `attributeTable`.
+template <class Element> class AttributesOf final : public AttributeTable {
+public:
+    using AttributeTable::AttributeTable;
 };
 
 /// Reads typed attributes of one node. An absent attribute gives its default, or throws
@@ -144,6 +163,20 @@ inline constexpr Attribute backgroundBitmap{"BackgroundBitmap", AttributeType::I
                                             "Image under what the pane draws"};
 inline constexpr Attribute selectable{"Selectable", AttributeType::Flag, "No",
                                       "Whether Tab reaches the pane"};
+
+/// For components whose size range follows from what is in them.
+constexpr std::array<Attribute, 4> UnusedSizes(char const* why) {
+    return {Unused(minimalWidth, why), Unused(maximalWidth, why), Unused(minimalHeight, why),
+            Unused(maximalHeight, why)};
+}
+template <std::size_t count>
+constexpr std::array<Attribute, count + 4> WithUnusedSizes(Attribute const (&attributes)[count],
+                                                           char const* why) {
+    std::array<Attribute, count + 4> all = {};
+    std::copy(attributes, attributes + count, all.begin());
+    std::ranges::copy(UnusedSizes(why), all.begin() + count);
+    return all;
+}
 
 } // namespace CommonAttributes
 

@@ -3,7 +3,7 @@
 #include "Utilities/Tools/Pair.h"
 #include "Utilities/Tools/Vector.h"
 #include "core/base/String.h"
-#include "gui/elements/RGBVector.h"
+#include "gui/elements/colour/RGBVector.h"
 
 namespace GUI {
 

@@ -6,8 +6,8 @@
 #include "Utilities/Tools/Pair.h"
 #include "Utilities/Tools/Vector.h"
 #include "core/component/Component.h"
-#include "gui/elements/PlatformIndependentDeviceContext.h"
-#include "gui/elements/RGBVector.h"
+#include "gui/elements/colour/RGBVector.h"
+#include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
 
 namespace GUI {
 

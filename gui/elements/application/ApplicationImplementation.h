@@ -3,7 +3,7 @@
 #include "Diagnostics/String.h"
 #include "core/base/String.h"
 #include "core/component/Component.h"
-#include "gui/elements/Menu.h"
+#include "gui/elements/application/Menu.h"
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include "gui/elements/Menu.h"
+#include "gui/elements/application/Menu.h"
 
 namespace GUI {
 

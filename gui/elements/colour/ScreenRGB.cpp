@@ -1,4 +1,4 @@
-#include "gui/elements/ScreenRGB.h"
+#include "gui/elements/colour/ScreenRGB.h"
 
 namespace Tintorium {
 

@@ -1,4 +1,4 @@
-#include "gui/elements/RGBVector.h"
+#include "gui/elements/colour/RGBVector.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "gui/elements/MessageService.h"
+#include "gui/elements/application/MessageService.h"
 
 namespace GUI {
 

@@ -1,8 +1,8 @@
-#include "gui/elements/Application.h"
+#include "gui/elements/application/Application.h"
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
-#include "gui/elements/ImageServiceInterface.h"
+#include "gui/elements/drawing/ImageServiceInterface.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,9 +1,9 @@
-#include "gui/elements/GUIDescriptionReader.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/ProgramDirectory.h"
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <algorithm>
 #include <cctype>
@@ -257,6 +257,9 @@ private:
                              Suggestion(attribute.name(), names));
             return;
         }
+        if (!found->hasEffect)
+            Report(node, std::string("the attribute \"") + attribute.name() + "\" of <" + node.name() +
+                             ">: " + found->meaning);
         if (inLoop || found->readable == attribute.value()) return;
         if (!IsReadable(*found, attribute.value()))
             Fail(node.offset_debug(), std::string("the attribute \"") + attribute.name() + "\" of <" +

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gui/elements/GUIElement.h"
-#include "gui/elements/MenuItem.h"
+#include "gui/elements/application/MenuItem.h"
 
 namespace GUI {
 

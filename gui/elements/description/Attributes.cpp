@@ -1,4 +1,4 @@
-#include "gui/elements/Attributes.h"
+#include "gui/elements/description/Attributes.h"
 
 #include <algorithm>
 
@@ -16,23 +16,10 @@ std::vector<AttributeTable const*>& Tables() {
 /// Tables of nodes that are no elements: asked about for each child that is created.
 int partCount = 0;
 
-namespace Common = CommonAttributes;
-
-constexpr Attribute elementAttributes[] = {
-    Common::elementType,  Common::elementName,   Common::registered,    Common::minimalWidth,
-    Common::maximalWidth, Common::minimalHeight, Common::maximalHeight, Common::justificationOnX,
-    Common::helpFile,     Common::helpTopic,     Common::properties,
-};
-AttributeTable const elementTable("GUIElement", "", elementAttributes);
-
-constexpr Attribute paneAttributes[] = {Common::paneName, Common::frame, Common::backgroundColor,
-                                        Common::backgroundBitmap, Common::selectable};
-AttributeTable const paneTable("Pane", "GUIElement", paneAttributes);
-
 } // namespace
 
-AttributeTable::AttributeTable(char const* component, char const* base, std::span<Attribute const> attributes,
-                               Kind kind)
+AttributeTable::AttributeTable(char const* component, AttributeTable const* base,
+                               std::span<Attribute const> attributes, Kind kind)
     : component_(component), base_(base), attributes_(attributes), kind_(kind) {
     if (kind == Kind::Part) ++partCount;
     Tables().push_back(this);
@@ -61,7 +48,7 @@ std::vector<AttributeTable const*> const& AttributeTable::GetAll() { return Tabl
 
 std::vector<Attribute> AttributeTable::Collect(std::string_view component) {
     std::vector<Attribute> collected;
-    for (AttributeTable const* table = Find(component); table; table = Find(table->base_)) {
+    for (AttributeTable const* table = Find(component); table; table = table->base_) {
         // A key that a derived element restates keeps its meaning there.
         std::vector<Attribute> level(table->attributes_.begin(), table->attributes_.end());
         std::erase_if(level, [&collected](Attribute const& candidate) {

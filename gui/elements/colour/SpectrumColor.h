@@ -5,7 +5,7 @@
 #include "core/base/String.h"
 #include "core/values/Anything.h"
 #include "cxf/conditions/NVSpectrum.h"
-#include "gui/elements/RGBVector.h"
+#include "gui/elements/colour/RGBVector.h"
 
 namespace GUI {
 

@@ -2,7 +2,7 @@
 
 #include "core/base/Exceptions.h"
 #include "core/base/String.h"
-#include "gui/elements/Description.h"
+#include "gui/elements/description/Description.h"
 
 #include <string>
 #include <string_view>

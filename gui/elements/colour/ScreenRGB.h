@@ -5,7 +5,7 @@
 #include "core/component/Component.h"
 #include "core/values/Anything.h"
 #include "cxf/samples/ScreenTransform.h"
-#include "gui/elements/RGBVector.h"
+#include "gui/elements/colour/RGBVector.h"
 
 #include <memory>
 #include <string_view>

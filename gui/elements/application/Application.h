@@ -2,8 +2,8 @@
 
 #include "Utilities/Tools/List.h"
 #include "Utilities/Tools/Map.h"
-#include "gui/elements/ApplicationImplementation.h"
-#include "gui/elements/PlatformIndependentWindowID.h"
+#include "gui/elements/application/ApplicationImplementation.h"
+#include "gui/elements/drawing/PlatformIndependentWindowID.h"
 
 #include <exception>
 #include <string>
