@@ -15,6 +15,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/ColorLibraryTextAdapter.cpp
   gui/charts/CrossGraph.cpp
   gui/shell/Dialog_PC.cpp
+  gui/controls/DropDown_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
@@ -24,12 +25,14 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/LabChart.cpp
   gui/charts/LabGraph.cpp
   services/LanguageService.cpp
+  gui/controls/ListBox_PC.cpp
   gui/layout/LoopBox.cpp
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
   gui/colour/Patch.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
+  gui/controls/ScrollBar_PC.cpp
   services/SelectionService.cpp
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
@@ -55,12 +58,18 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/ZeroAxes.cpp
   gui/controls/ButtonPictures.cpp
   gui/controls/CheckBox.cpp
+  gui/controls/ChoiceControl.cpp
+  gui/controls/ChoiceEntries.cpp
   gui/controls/ClickControl.cpp
   gui/controls/CNorvelianBitmapButton.cpp
   gui/controls/CNorvelianButton.cpp
   gui/controls/CNorvelianFixedText.cpp
+  gui/controls/CNorvelianComboBox.cpp
+  gui/controls/CNorvelianScrollBar.cpp
   gui/controls/ControlTexts_PC.cpp
+  gui/controls/DropDown.cpp
   gui/controls/FixedText.cpp
+  gui/controls/ScrollBar.cpp
   gui/controls/TextAdaption.cpp
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp

@@ -38,6 +38,13 @@ void Collect(DescriptionTree const& node, std::vector<SmartPointer<DescriptionTr
     }
 }
 
+Anything Illuminants() {
+    constexpr char const* names[] = {"A", "C", "D50", "D55", "D65", "D75", "F2", "F7", "F11"};
+    Anything::VectorOfAnythings texts(static_cast<std::uint32_t>(std::size(names)));
+    std::copy(std::begin(names), std::end(names), texts.begin());
+    return texts;
+}
+
 /// Pictures of states that only the mouse brings about.
 void PutMouseOver(GUI::GUIElement const& root, std::string const& name) {
     if (StateOf(name) != "Over") return;
@@ -109,6 +116,12 @@ Anything Gallery::GetValue(String const& element, String const& name) {
     if (name == "Enable" || name == "Enabled") return !state.ends_with("Disabled");
     if (name == "Focus") return state.ends_with("Focus");
     if (name == "State" && state.ends_with("Down")) return true;
+    if (name == "State" && state == "Undecided") return 2L;
+    if (name == "EntryTexts") return Illuminants();
+    if (name == "SelectedEntry") return "D65";
+    if (name == "NumberOfValues") return 100L;
+    if (name == "NumberOfShowValues") return 25L;
+    if (name == "Position") return 30L;
     if (name == "ButtonColor") return "229,112,68";
     return {};
 }
