@@ -16,6 +16,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/CrossGraph.cpp
   gui/shell/Dialog_PC.cpp
   gui/controls/DropDown_PC.cpp
+  gui/controls/Edit_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
@@ -63,12 +64,16 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/controls/ClickControl.cpp
   gui/controls/CNorvelianBitmapButton.cpp
   gui/controls/CNorvelianButton.cpp
+  gui/controls/CNorvelianEdit.cpp
   gui/controls/CNorvelianFixedText.cpp
   gui/controls/CNorvelianComboBox.cpp
   gui/controls/CNorvelianScrollBar.cpp
+  gui/controls/ControlFont_PC.cpp
   gui/controls/ControlTexts_PC.cpp
   gui/controls/DropDown.cpp
+  gui/controls/Edit.cpp
   gui/controls/FixedText.cpp
+  gui/controls/NumberRule.cpp
   gui/controls/ScrollBar.cpp
   gui/controls/TextAdaption.cpp
   gui/layout/GUILayoutElementBox.cpp

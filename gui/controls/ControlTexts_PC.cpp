@@ -15,13 +15,13 @@ void ControlTexts::Read(AttributeReader const& reader) {
 }
 
 void ControlTexts::Show(NativeControl& control) const {
-    if (toolTipKey_.Length() != 0) control.SetToolTip(LanguageServiceInterface::GetTranslation(toolTipKey_));
+    control.SetToolTip(toolTip_ ? *toolTip_ : LanguageServiceInterface::GetTranslation(toolTipKey_));
     if (QWidget* const widget = control.GetWidget(); widget && nameKey_.Length() != 0)
         widget->setAccessibleName(ToPlatformText(LanguageServiceInterface::GetTranslation(nameKey_)));
 }
 
 void ControlTexts::SetToolTip(NativeControl& control, String const& text) {
-    toolTipKey_ = {};
+    toolTip_ = text;
     control.SetToolTip(text);
 }
 

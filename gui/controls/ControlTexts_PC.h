@@ -4,6 +4,8 @@
 #include "gui/elements/description/Attributes.h"
 #include "gui/shell/NativeControl_PC.h"
 
+#include <optional>
+
 namespace GUI {
 
 /// Tool tip and accessible name of a control, translated.
@@ -17,6 +19,8 @@ public:
 
 private:
     Utilities::String toolTipKey_;
+    /// What the data source said in its place.
+    std::optional<Utilities::String> toolTip_;
     Utilities::String nameKey_;
 };
 

@@ -39,6 +39,8 @@ protected:
         texts_.Read(reader);
         texts_.Show(control_);
     }
+    /// The element's own tool tip and accessible name.
+    void ShowTexts() { texts_.Show(control_); }
     /// Asks for "ToolTipText" and "Visible", and for "Enabled" or what the element calls it.
     void UpdateControl(char const* enabledKey = Values::enabled) {
         using Utilities::Anything;
