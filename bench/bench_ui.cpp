@@ -1,5 +1,5 @@
-// Windows from descriptions, repaints, records and the start of Colour Desk, against the same job by bare
-// hands (floor) or by a component that others use (peer), measured in the same run. Each checks its result.
+// Windows from descriptions, repaints and records, against the same job by bare hands (floor) or by a
+// component that others use (peer), measured in the same run. Each checks its result.
 
 #include "Utilities/NamingService.h"
 #include "gui/elements/Pane.h"
@@ -16,8 +16,8 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
+#include <malloc.h>
 #include <string>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -173,10 +173,28 @@ struct OpenWindow {
     Utilities::SmartPointer<GUI::GUIElement> window;
 };
 
+/// What an open window of so many panes has allocated, in 10^6 bytes.
+double MegabytesOf(std::string const& description) {
+    auto const allocated = [] {
+        auto const info = ::mallinfo2();
+        return static_cast<double>(info.uordblks + info.hblkhd) / 1e6;
+    };
+    double const before = allocated();
+    OpenWindow const open(description);
+    QApplication::processEvents();
+    return allocated() - before;
+}
+
+/// At most 60 MB more than a window of one pane.
 void ManyPanes(benchmark::State& state) {
+    constexpr double mostMegabytes = 60;
     std::string const text = GridDescription(manyColumns);
     FirstPaint(
         state, [&text] { return std::make_unique<OpenWindow>(text); }, manyPanes);
+    double const megabytes = MegabytesOf(text) - MegabytesOf(GridDescription(1));
+    state.counters["MB"] = megabytes;
+    if (megabytes > mostMegabytes)
+        state.SkipWithError(("it took " + std::to_string(megabytes) + " MB").c_str());
 }
 
 /// The same pane alone in a window and among 10 000.
@@ -323,33 +341,6 @@ void CopyPeer(benchmark::State& state) {
     }
 }
 
-// ------------------------------------------------------------------ start
-
-/// From the fork to the first byte that the program writes, which it does once it has painted.
-void Start(benchmark::State& state, char const* program, char const* argument) {
-    for (auto _ : state) {
-        int ends[2] = {};
-        if (::pipe(ends) != 0) return state.SkipWithError("no pipe");
-        auto const start = Clock::now();
-        pid_t const child = ::fork();
-        if (child == 0) {
-            ::dup2(ends[1], STDOUT_FILENO);
-            ::close(ends[0]);
-            ::close(ends[1]);
-            ::execl(program, program, argument, nullptr);
-            ::_exit(127);
-        }
-        ::close(ends[1]);
-        char mark = 0;
-        bool const painted = ::read(ends[0], &mark, 1) == 1;
-        state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
-        ::close(ends[0]);
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        if (!painted || status != 0) return state.SkipWithError("the program painted nothing or failed");
-    }
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -372,13 +363,5 @@ int main(int argc, char** argv) {
     RegisterBenchmark("map.lookup-12/peer:QVariantMap", LookUpPeer);
     RegisterBenchmark("anything.copy-1000/ours", CopyOurs);
     RegisterBenchmark("anything.copy-1000/peer:QVariantMap", CopyPeer);
-    RegisterBenchmark("start.first-paint/ours", Start, COLOURDESK, "--exit-after-first-paint")
-        ->UseManualTime()
-        ->Iterations(20)
-        ->Unit(ms);
-    RegisterBenchmark("start.first-paint/floor:smallest-widget", Start, SMALLEST_WIDGET, "")
-        ->UseManualTime()
-        ->Iterations(20)
-        ->Unit(ms);
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -90,6 +90,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/Accelerators.cpp
   gui/platform/DropData_PC.cpp
   gui/platform/LightWindow.cpp
+  gui/shell/CNorvelianAccessible.cpp
   gui/shell/CNorvelianAdvancedControl.cpp
   gui/shell/CNorvelianDialog.cpp
   gui/shell/CNorvelianSurface.cpp

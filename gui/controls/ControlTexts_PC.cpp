@@ -25,6 +25,11 @@ void ControlTexts::SetToolTip(NativeControl& control, String const& text) {
     control.SetToolTip(text);
 }
 
+void ControlTexts::SetName(NativeControl& control, String const& text) {
+    nameKey_ = {};
+    if (control.GetWidget()) control.GetWidget()->setAccessibleName(ToPlatformText(text));
+}
+
 QString ToCaption(String const& text, bool mnemonics) {
     QString caption = ToPlatformText(text);
     return mnemonics ? caption : caption.replace('&', "&&");

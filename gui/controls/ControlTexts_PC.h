@@ -14,7 +14,8 @@ public:
     void Read(AttributeReader const& reader);
     /// Translates again.
     void Show(NativeControl& control) const;
-    /// A text of the data source, which is shown as it is from then on.
+    /// Texts of the data source, which are shown as they are from then on.
+    void SetName(NativeControl& control, Utilities::String const& text);
     void SetToolTip(NativeControl& control, Utilities::String const& text);
 
 private:

@@ -61,7 +61,31 @@ long ImageButton::OnUpdate(Anything const& command) {
         toolTip_ = value.GetString();
         toolTipKey_ = {};
     }
+    TellAccessibleChange();
     return Pane::OnUpdate(command);
+}
+
+void ImageButton::ShowState() {
+    if (!IsAttached()) return;
+    TellAccessibleChange();
+    Repaint();
+}
+
+Accessible ImageButton::GetAccessible() {
+    CallScope const call(*this);
+    Accessible told;
+    told.role = Accessible::Role::Button;
+    Anything const said = GetValue(Values::accessibleName);
+    if (said.IsOfTypeString())
+        told.name = said.GetString();
+    else if (nameKey_.Length() != 0)
+        told.name = LanguageServiceInterface::GetTranslation(nameKey_);
+    else
+        told.name = toolTip_.Length() != 0 ? toolTip_ : caption_;
+    told.isPressable = !IsDisabled();
+    told.isEnabled = !IsDisabled();
+    told.isPressed = state_ == down;
+    return told;
 }
 
 bool ImageButton::OnLeftButtonDown(KeyState /*keyState*/, long x, long y) {
@@ -69,7 +93,7 @@ bool ImageButton::OnLeftButtonDown(KeyState /*keyState*/, long x, long y) {
     mousePosition_ = {x, y};
     mouseDown_ = true;
     state_ = down;
-    Repaint();
+    ShowState();
     SetMouseCapture(true);
     return true;
 }
@@ -84,10 +108,10 @@ bool ImageButton::OnLeftButtonUp(long x, long y) {
     try {
         if (IsInside() && !SuppressClick()) Fire(Events::click, GetElementName());
     } catch (...) {
-        if (IsAttached()) Repaint();
+        ShowState();
         throw;
     }
-    if (IsAttached()) Repaint();
+    ShowState();
     return true;
 }
 
@@ -99,7 +123,7 @@ bool ImageButton::OnMouseMove(long x, long y) {
         AskState();
     else if (!IsDisabled())
         state_ = mouseDown_ || state_ == down ? down : over;
-    if (!(state_ == former) && IsAttached()) Repaint();
+    if (!(state_ == former) && IsAttached()) ShowState();
     return !IsDisabled();
 }
 

@@ -37,6 +37,8 @@ public:
     bool OnMouseLeave() override;
     Utilities::String GetToolTipText(unsigned short x, unsigned short y) override;
     void OnLanguageChanged() override;
+    /// A button, named by "AccessibleName", else the tool tip, else the caption.
+    Accessible GetAccessible() override;
 
     /// Whether the mouse was last seen in the pane.
     virtual bool IsInside();
@@ -54,6 +56,7 @@ private:
     bool IsDisabled() const { return state_ == disabled; }
     /// "Disabled", "Down" or "Up", as the data source says.
     void AskState();
+    void ShowState();
 
     Utilities::String caption_;
     Utilities::String state_ = up;

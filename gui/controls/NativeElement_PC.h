@@ -41,13 +41,16 @@ protected:
     }
     /// The element's own tool tip and accessible name.
     void ShowTexts() { texts_.Show(control_); }
-    /// Asks for "ToolTipText" and "Visible", and for "Enabled" or what the element calls it.
+    /// Asks for "ToolTipText", "AccessibleName" and "Visible", and for "Enabled" or what the element calls
+    /// it.
     void UpdateControl(char const* enabledKey = Values::enabled) {
         using Utilities::Anything;
         if (Anything const value = Base::GetValue(enabledKey); value.IsValid())
             control_.Enable(value.GetBool());
         if (Anything const value = Base::GetValue(Values::toolTipText); value.IsOfTypeString())
             texts_.SetToolTip(control_, value.GetString());
+        if (Anything const value = Base::GetValue(Values::accessibleName); value.IsOfTypeString())
+            texts_.SetName(control_, value.GetString());
         if (Anything const value = Base::GetValue(Values::visible); value.IsValid())
             control_.Show(value.GetBool());
     }

@@ -61,15 +61,26 @@ void TextImageButton::Initialize(PlatformIndependentWindowID const& parent,
         String const type = AttributeReader(*node.Current()).Text(CommonAttributes::elementType);
         styles_[type.GetStdString()] = ReadStyle(*node.Current());
     }
+    hasName_ = AttributeReader(description).Has(ControlAttributes::accessibleName);
     ImageButton::Initialize(parent, description, dataSource);
+}
+
+TextImageButton::Style const* TextImageButton::GetStyle() {
+    auto found = styles_.find(GetState().GetStdString());
+    if (found == styles_.end()) found = styles_.find(general);
+    return found == styles_.end() ? nullptr : &found->second;
+}
+
+Accessible TextImageButton::GetAccessible() {
+    Accessible told = ImageButton::GetAccessible();
+    if (Style const* const style = GetStyle(); style && !hasName_) told.name = style->text;
+    return told;
 }
 
 void TextImageButton::OnPaint(PlatformIndependentDeviceContext& context) {
     ImageButton::OnPaint(context);
-    auto found = styles_.find(GetState().GetStdString());
-    if (found == styles_.end()) found = styles_.find(general);
-    if (found == styles_.end()) return;
-    Style const& style = found->second;
+    if (!GetStyle()) return;
+    Style const& style = *GetStyle();
     context.SetFont(style.fontSize, 0, 0, style.fontName, style.fontStyle);
     context.SetTextColor(style.color);
     unsigned long width = 0;

@@ -21,6 +21,8 @@ public:
                     DialogDataSource* dataSource) override;
     void OnPaint(PlatformIndependentDeviceContext& context) override;
     void OnLanguageChanged() override;
+    /// Named by its text, unless "AccessibleName" says otherwise.
+    Accessible GetAccessible() override;
 
 private:
     struct Style {
@@ -34,10 +36,13 @@ private:
         short xOffset = 0;
         short yOffset = 0;
     };
+    /// Of the present state; null for none.
+    Style const* GetStyle();
     static Style ReadStyle(DescriptionTree const& description);
 
     /// By state, and "General".
     std::map<std::string, Style> styles_;
+    bool hasName_ = false;
 };
 
 } // namespace GUI

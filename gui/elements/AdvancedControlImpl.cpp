@@ -18,6 +18,10 @@ template <class Call> auto Enter(Pane* pane, Call call) -> decltype(call(*pane))
 
 } // namespace
 
+Accessible AdvancedControlImpl::GetAccessible() {
+    return Enter(pane_, [](Pane& pane) { return pane.GetAccessible(); });
+}
+
 String AdvancedControlImpl::GetToolTipText(unsigned short x, unsigned short y) {
     return Enter(pane_, [=](Pane& pane) { return pane.GetToolTipText(x, y); });
 }

@@ -2,6 +2,7 @@
 
 #include "core/base/String.h"
 #include "core/component/Component.h"
+#include "gui/elements/Accessible.h"
 #include "gui/elements/KeyState.h"
 #include "gui/elements/description/Description.h"
 #include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
@@ -24,7 +25,8 @@ public:
     virtual void SetSize(long width, long height) = 0;
     virtual void SetPosition(long x, long y) = 0;
     /// Paints before it returns. While the window or one that holds it is being painted, it paints at
-    /// the end of that paint instead.
+    /// the end of that paint instead. Where a paint of its own is slow (Wayland), only a few panes are
+    /// painted at once in one turn of the event loop, and the others together at its end.
     virtual void Repaint() = 0;
     virtual void SetFocus() = 0;
     virtual void SetID(unsigned short id) = 0;
@@ -34,6 +36,8 @@ public:
     /// A pane gets the system's dialog colour as its background.
     virtual void SetPane(Pane* pane);
     virtual void Show(bool visible) = 0;
+    /// What the pane tells assistive technology has changed.
+    virtual void TellAccessibleChange() {}
 
     void OnPaint(PlatformIndependentDeviceContext& context);
     /// Whether the pane may leave pixels alone, which are the window's then.
@@ -45,6 +49,8 @@ public:
     void OnGetDeviceContext(PlatformIndependentDeviceContext& context);
     void OnSelectionChanged(Utilities::String const& name, bool selected);
     bool IsDragable(std::pair<long, long> const& point);
+    /// What assistive technology is told.
+    Accessible GetAccessible();
     /// Something is dragged over the window, leaves it, or is dropped on it.
     DropEffect OnDragOver(DropDataObject const& data, bool controlKey, long x, long y);
     void OnDragLeave();

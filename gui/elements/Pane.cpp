@@ -159,6 +159,22 @@ String Pane::GetToolTipText(unsigned short /*x*/, unsigned short /*y*/) {
     Anything const text = GetValue(Values::toolTipText);
     return text.IsOfTypeString() ? text.GetString() : String();
 }
+
+Accessible Pane::GetAccessible() {
+    Accessible told;
+    unsigned long width = 0;
+    unsigned long height = 0;
+    GetSize(width, height);
+    String const toolTip =
+        GetToolTipText(static_cast<unsigned short>(width / 2), static_cast<unsigned short>(height / 2));
+    std::string const& text = toolTip.GetStdString();
+    std::size_t const end = text.find('\n');
+    Anything const name = GetValue(Values::accessibleName);
+    told.name = name.IsOfTypeString() ? name.GetString() : String(text.substr(0, end));
+    if (end != std::string::npos) told.description = String(text.substr(end + 1));
+    return told;
+}
+
 long Pane::Select(Anything const& /*argument*/) {
     OnSelectionChanged(Topics::propertyInspector, true);
     return 0;
@@ -211,6 +227,10 @@ Anything Pane::GetProperties() { return GetValue("PropertyContent"); }
 
 void Pane::Repaint() {
     if (!control_.IsNull()) control_->Repaint();
+}
+
+void Pane::TellAccessibleChange() {
+    if (!control_.IsNull()) control_->TellAccessibleChange();
 }
 
 void Pane::SetMouseCapture(bool capture) {

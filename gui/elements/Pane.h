@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/component/ComponentCreatorBase.h"
+#include "gui/elements/Accessible.h"
 #include "gui/elements/AdvancedControlImpl.h"
 #include "gui/elements/GUIElement.h"
 #include "gui/elements/KeyState.h"
@@ -74,6 +75,14 @@ public:
     virtual void OnDragLeave();
     /// True if what was dropped was taken.
     virtual bool OnDrop(DropDataObject const& data, DropEffect effect, long x, long y);
+
+    /// What assistive technology is told. A group that Tab reaches is shown to it as a button. The name is
+    /// what the data source gives under "AccessibleName", else the first line of the tool tip in the pane's
+    /// middle; the description is the rest of the tool tip.
+    virtual Accessible GetAccessible();
+
+    /// Assistive technology is told that what `GetAccessible` gives is another now.
+    void TellAccessibleChange();
 
     /// What the data source gives under "PropertyContent".
     Utilities::Anything GetProperties() override;

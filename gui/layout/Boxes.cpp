@@ -6,7 +6,9 @@ namespace GUI {
 
 namespace {
 
-constexpr auto attributes = CommonAttributes::UnusedSizes(GUILayoutElementBox::sizesFollow);
+constexpr Attribute ownAttributes[] = {GUILayoutElementBox::seamless};
+constexpr auto attributes =
+    CommonAttributes::WithUnusedSizes(ownAttributes, GUILayoutElementBox::sizesFollow);
 ElementRegistration<HBox, GUIElement> const registration({"HBox", "$Revision: 1.15 $", "GUI"}, attributes);
 
 } // namespace

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <optional>
 
 namespace GUI {
@@ -61,57 +60,6 @@ std::uint64_t Pack(unsigned long minimum, unsigned long maximum) {
 std::uint32_t Minimum(std::uint64_t packed) { return static_cast<std::uint32_t>(packed); }
 std::uint32_t Maximum(std::uint64_t packed) { return static_cast<std::uint32_t>(packed >> 32U); }
 
-/// Where a child begins along the axis, and how long it is. One word, since it is read as one: two
-/// stores that one load spans would have to reach the cache first.
-class Stretch {
-public:
-    Stretch() = default;
-    Stretch(std::uint32_t begin, std::uint32_t length) : word_(Pack(begin, length)) {}
-    std::uint32_t GetBegin() const { return Minimum(word_); }
-    std::uint32_t GetLength() const { return Maximum(word_); }
-
-private:
-    std::uint64_t word_;
-};
-
-/// Cuts both to whole pixels, each on its own, so that positions carry no error from child to child.
-void CutToPixels(float origin, std::span<float const> sizes, std::span<Stretch> stretches) {
-    float offset = 0;
-    // Neighbours mostly have one size.
-    std::uint32_t bits = 0;
-    std::uint32_t length = 0;
-    for (std::size_t i = 0; i < sizes.size(); ++i) {
-        auto const ownBits = std::bit_cast<std::uint32_t>(sizes[i]);
-        if (ownBits != bits) {
-            bits = ownBits;
-            length = TruncateToPixels(sizes[i]);
-        }
-        stretches[i] = {TruncateToPixels(origin + offset), length};
-        offset += sizes[i];
-    }
-    // The counter of children is 16 bits wide by contract: it begins again.
-    for (std::size_t i = counterRange; i < stretches.size(); ++i) stretches[i] = stretches[i - counterRange];
-}
-
-/// The same for children of one size.
-void CutEvenly(float origin, float size, std::span<Stretch> stretches) {
-    std::uint32_t const length = TruncateToPixels(size);
-    float offset = 0;
-    // As a rule all fits into 31 bits with room for what the additions round, and needs no test each.
-    constexpr float farEnd = 2e9F;
-    if (size >= 0 && origin + size * static_cast<float>(stretches.size()) < farEnd) {
-        for (Stretch& stretch : stretches) {
-            stretch = {static_cast<std::uint32_t>(static_cast<std::int32_t>(origin + offset)), length};
-            offset += size;
-        }
-        return;
-    }
-    for (Stretch& stretch : stretches) {
-        stretch = {TruncateToPixels(origin + offset), length};
-        offset += size;
-    }
-}
-
 } // namespace
 
 void GUILayoutElementBox::SetPosition(unsigned long x, unsigned long y) {
@@ -128,6 +76,7 @@ void GUILayoutElementBox::OnPaintWindowDecorators(PlatformIndependentDeviceConte
 void GUILayoutElementBox::Initialize(PlatformIndependentWindowID const& parent,
                                      DescriptionTree const& description, DialogDataSource* dataSource) {
     GUIElement::Initialize(parent, description, dataSource);
+    seamless_ = AttributeReader(description).Flag(seamless);
     try {
         CreateChildren(parent, description, GetDataSource());
     } catch (...) {
@@ -214,38 +163,61 @@ void GUILayoutElementBox::LayOutChildren(std::uint32_t width, std::uint32_t heig
     constexpr bool horizontal = axis == Axis::Horizontal;
     Pass const pass;
     if (askedAt_ != GetLayoutRevision()) AskChildren<axis>();
-    Scratch<Stretch> scratch(limits_.size());
-    auto const stretches = scratch.Get();
     auto const available = static_cast<float>(horizontal ? width : height);
     auto const origin = static_cast<float>(horizontal ? positionX_ : positionY_);
-    float evenSize = 0;
-    if (ShareEvenly(available, summary_, evenSize)) {
-        CutEvenly(origin, evenSize, stretches);
-    } else {
-        Scratch<float> sizes(limits_.size());
-        ShareSpace(available, limits_, summary_.weightSum, sizes.Get());
-        CutToPixels(origin, sizes.Get(), stretches);
-    }
-
-    GUIElement* const* elements = elements_.data();
-    std::size_t count = std::min(elements_.size(), stretches.size());
-    for (std::size_t i = 0; i < count; ++i) {
-        GUIElement* const element = elements[i];
-        Stretch const stretch = stretches[i];
-        if constexpr (horizontal) {
-            element->SetPosition(stretch.GetBegin(), positionY_);
-            element->SetSize(stretch.GetLength(), height);
-        } else {
-            element->SetPosition(positionX_, stretch.GetBegin());
-            element->SetSize(width, stretch.GetLength());
-        }
-        // A child may change the list of its siblings while it is laid out.
-        if (collectedAt_ != GetChildrenRevision()) {
+    // Places the children one by one; `at` gives where the i-th begins and how long it is.
+    auto const place = [&](auto at) {
+        GUIElement* const* elements = elements_.data();
+        std::size_t count = std::min(elements_.size(), limits_.size());
+        for (std::size_t i = 0; i < count; ++i) {
+            auto const [begin, length] = at(i);
+            GUIElement& element = *elements[i];
+            if constexpr (horizontal) {
+                element.SetPosition(begin, positionY_);
+                element.SetSize(length, height);
+            } else {
+                element.SetPosition(positionX_, begin);
+                element.SetSize(width, length);
+            }
+            // A child may change the list of its siblings while it is laid out.
+            if (collectedAt_ == GetChildrenRevision()) continue;
             CollectChildren();
             elements = elements_.data();
-            count = std::min(elements_.size(), stretches.size());
+            count = std::min(elements_.size(), limits_.size());
         }
+    };
+
+    // As a rule all fits into 31 bits with room for what the additions round.
+    float evenSize = 0;
+    constexpr float farEnd = 2e9F;
+    if (!seamless_ && ShareEvenly(available, summary_, evenSize) && evenSize >= 0 &&
+        origin + evenSize * static_cast<float>(limits_.size()) < farEnd) {
+        std::uint32_t const length = TruncateToPixels(evenSize);
+        float offset = 0;
+        place([&](std::size_t) {
+            auto const begin = static_cast<std::uint32_t>(static_cast<std::int32_t>(origin + offset));
+            offset += evenSize;
+            return std::pair(begin, length);
+        });
+        return;
     }
+    Scratch<float> sizes(limits_.size());
+    Scratch<float> begins(limits_.size());
+    ShareSpace(available, limits_, summary_.weightSum, sizes.Get());
+    float offset = 0;
+    for (std::size_t i = 0; i < limits_.size(); ++i) {
+        begins.Get()[i] = origin + offset;
+        offset += sizes.Get()[i];
+    }
+    // The counter of children is 16 bits wide by contract: it begins again. Both ends are cut to whole
+    // pixels, each on its own, so that positions carry no error from child to child.
+    place([&](std::size_t i) {
+        std::size_t const child = i % counterRange;
+        float const begin = begins.Get()[child];
+        float const size = sizes.Get()[child];
+        std::uint32_t const first = TruncateToPixels(begin);
+        return std::pair(first, seamless_ ? TruncateToPixels(begin + size) - first : TruncateToPixels(size));
+    });
 }
 
 template void GUILayoutElementBox::AddUpSizeInformation<GUILayoutElementBox::Axis::Horizontal>(

@@ -23,9 +23,7 @@ struct ChildLimits {
 ///
 /// A negative offer counts as one near 4294967296, so that an over-full box gives its elastic children
 /// their full maxima: boxes are laid out around that, it isn't to be corrected.
-///
-/// No copies are made for each child that is fixed: the children still open are kept as indices. The sum
-/// over all children is the caller's, who may know it already.
+/// The sum of the weights of all children is the caller's, who may know it already.
 void ShareSpace(float available, std::span<ChildLimits const> limits, float weightSum,
                 std::span<float> sizes);
 
@@ -37,21 +35,8 @@ inline constexpr std::uint32_t largestWeight = 1000000;
 /// Sums of whole numbers up to this one are exact in single precision, in any order.
 inline constexpr std::uint64_t exactSum = std::uint64_t{1} << 24U;
 
-/// What is known of all children of a box together.
-struct LimitsSummary {
-    float weightSum = 0;
-    /// Whether all have the same maximum; the rest counts only then.
-    bool areEven = false;
-    float maximum = 0;
-    float largestMinimum = 0;
-    /// What each gets of a pixel.
-    double fraction = 0;
-};
-
-LimitsSummary Summarise(std::span<ChildLimits const> limits, float weightSum);
-
-/// True if all children get one and the same size; says which. It is what `ShareSpace` would give each.
-bool ShareEvenly(float available, LimitsSummary const& summary, float& size);
+/// What a child of that maximum is offered of each pixel.
+double ShareOfAPixel(float maximum, float weightSum);
 
 /// A floating number of pixels as a 32-bit one: cut towards zero, reduced to its low 32 bits; 0 for
 /// what no 64-bit integer holds.

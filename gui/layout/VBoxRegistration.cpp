@@ -6,7 +6,9 @@ namespace GUI {
 
 namespace {
 
-constexpr auto attributes = CommonAttributes::UnusedSizes(GUILayoutElementBox::sizesFollow);
+constexpr Attribute ownAttributes[] = {GUILayoutElementBox::seamless};
+constexpr auto attributes =
+    CommonAttributes::WithUnusedSizes(ownAttributes, GUILayoutElementBox::sizesFollow);
 ElementRegistration<VBox, GUIElement> const registration({"VBox", "$Revision: 1.17 $", "GUI"}, attributes);
 
 } // namespace

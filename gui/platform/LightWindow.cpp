@@ -83,6 +83,7 @@ std::shared_ptr<LightWindow> LightWindowTree::Add(LightWindow& parent, LightWind
     (parent.lastChild_ ? parent.lastChild_->next_ : parent.firstChild_) = window.get();
     parent.lastChild_ = window.get();
     ++count_;
+    ++revision_;
     ordered_ = false;
     return window;
 }
@@ -99,6 +100,7 @@ void LightWindowTree::ClearMoved(LightWindow& window) {
 }
 
 void LightWindowTree::Left(LightWindow& top) {
+    ++revision_;
     std::vector<LightWindow*> leaving;
     for (LightWindow* window = &top; window; window = NextBelow(*window, top)) leaving.push_back(window);
     for (LightWindow* const window : leaving) {
@@ -115,6 +117,12 @@ void LightWindowTree::Left(LightWindow& top) {
     for (LightWindow* const window : leaving)
         if (window->kind_ == LightWindow::Kind::Native && window->owner_)
             window->owner_->OnPlaced(window->box_, {});
+}
+
+std::vector<LightWindow*> LightWindowTree::GetChildren(LightWindow const& window) const {
+    std::vector<LightWindow*> children;
+    for (LightWindow* child = window.firstChild_; child; child = child->next_) children.push_back(child);
+    return children;
 }
 
 void LightWindowTree::Settle() {

@@ -113,6 +113,10 @@ public:
     LightWindow* FindTabStop(LightWindow const* from, bool forward) const;
     /// All windows that show, in the order of the tree.
     std::vector<LightWindow*> GetShown();
+    /// The windows directly in one, from the lowest to the topmost.
+    std::vector<LightWindow*> GetChildren(LightWindow const& window) const;
+    /// Another one after windows came or went; never 0.
+    std::uint32_t GetRevision() const { return revision_; }
     /// Works out all places and tells the owners of native windows theirs.
     void Settle();
     std::uint32_t GetCount() const { return count_; }
@@ -151,6 +155,7 @@ private:
     int rows_ = 0;
     std::uint32_t count_ = 0;
     std::uint32_t search_ = 0;
+    std::uint32_t revision_ = 1;
     bool ordered_ = true;
     bool settling_ = false;
 };

@@ -5,7 +5,9 @@
 #include "gui/elements/Topics.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/platform/TextConversion_PC.h"
+#include "gui/shell/CNorvelianAccessible.h"
 
+#include <QAccessible>
 #include <QImage>
 #include <cstdint>
 
@@ -25,12 +27,16 @@ CNorvelianAdvancedControl::CNorvelianAdvancedControl(AdvancedControlImpl& impl, 
     window_->SetTabStop(tabStop);
 }
 
-CNorvelianAdvancedControl::~CNorvelianAdvancedControl() { Detach(); }
+CNorvelianAdvancedControl::~CNorvelianAdvancedControl() {
+    Detach();
+    if (accessibleId_ != 0) QAccessible::deleteAccessibleInterface(accessibleId_);
+}
 
 void CNorvelianAdvancedControl::Detach() {
     impl_ = nullptr;
     window_->ClearOwner();
     if (!window_->GetTree()) return;
+    TellAssistiveTechnology(QAccessible::ObjectDestroyed);
     if (surface_) surface_->Forget(*this);
     window_->Leave();
     // What was behind shows at the next turn of the event loop.
@@ -49,6 +55,32 @@ auto CNorvelianAdvancedControl::Guarded(char const* where, Handler handler) -> d
         Diagnostics::DropException(where);
         return Result();
     }
+}
+
+void CNorvelianAdvancedControl::TellAssistiveTechnology(int event) {
+    if (accessibleId_ == 0 && event == QAccessible::ObjectDestroyed) return;
+    QAccessibleEvent told(CNorvelianAccessiblePane::Of(*this), static_cast<QAccessible::Event>(event));
+    QAccessible::updateAccessibility(&told);
+}
+
+void CNorvelianAdvancedControl::TellAccessibleChange() {
+    // Nobody has asked for the state before.
+    if (accessibleId_ == 0) return;
+    QAccessible::State changed;
+    changed.pressed = changed.checked = changed.disabled = true;
+    QAccessibleStateChangeEvent told(CNorvelianAccessiblePane::Of(*this), changed);
+    QAccessible::updateAccessibility(&told);
+}
+
+Accessible CNorvelianAdvancedControl::GetAccessible() {
+    Accessible told =
+        Guarded("CNorvelianAdvancedControl: accessible", [&] { return impl_->GetAccessible(); });
+    // Space clicks it.
+    if (told.role == Accessible::Role::Group && window_->IsTabStop()) {
+        told.role = Accessible::Role::Button;
+        told.isPressable = true;
+    }
+    return told;
 }
 
 void CNorvelianAdvancedControl::RepaintNow() {
@@ -132,6 +164,7 @@ bool CNorvelianAdvancedControl::OnMouseLeave() {
 }
 
 void CNorvelianAdvancedControl::OnFocus(bool focused) {
+    if (focused) TellAssistiveTechnology(QAccessible::Focus);
     Guarded("CNorvelianAdvancedControl: focus", [&] { impl_->OnSelectionChanged(Topics::focus, focused); });
 }
 
@@ -139,6 +172,8 @@ void CNorvelianAdvancedControl::OnClickKey(bool controlKey) {
     QPoint const middle(window_->GetWidth() / 2, window_->GetHeight() / 2);
     OnLeftButtonDown(controlKey, middle);
     OnLeftButtonUp(middle);
+    // The mouse wasn't in it.
+    if (surface_ && !surface_->IsUnderMouse(*this)) OnMouseLeave();
 }
 
 QString CNorvelianAdvancedControl::GetToolTipText(QPoint const& place) {

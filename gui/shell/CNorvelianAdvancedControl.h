@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/elements/Accessible.h"
 #include "gui/elements/KeyState.h"
 #include "gui/platform/LightWindow.h"
 #include "gui/shell/CNorvelianSurface.h"
@@ -40,6 +41,11 @@ public:
     void SetFocus();
     void SetMouseCapture(bool capture);
     void UpdateDeviceContext();
+    Accessible GetAccessible();
+    /// Qt's number for the pane's accessible interface; 0 if nobody has asked for one.
+    unsigned GetAccessibleId() const { return accessibleId_; }
+    void SetAccessibleId(unsigned id) { accessibleId_ = id; }
+    void TellAccessibleChange();
     /// A place of the surface in the pane's coordinates.
     QPoint FromSurface(QPoint const& place) const;
 
@@ -62,12 +68,15 @@ public:
     /// @}
 
 private:
+    /// An event of `QAccessible`, for screen readers.
+    void TellAssistiveTechnology(int event);
     /// Runs a handler; its default answer if it threw or the pane is gone.
     template <class Handler> auto Guarded(char const* where, Handler handler) -> decltype(handler());
 
     AdvancedControlImpl* impl_;
     QPointer<CNorvelianSurface> surface_;
     std::shared_ptr<LightWindow> window_;
+    unsigned accessibleId_ = 0;
     bool painting_ = false;
 };
 

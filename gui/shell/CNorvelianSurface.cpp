@@ -1,14 +1,17 @@
 #include "gui/shell/CNorvelianSurface.h"
 
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
+#include "gui/shell/CNorvelianAccessible.h"
 #include "gui/shell/CNorvelianAdvancedControl.h"
 #include "gui/shell/EventGuard_PC.h"
 #include "gui/shell/PaintScope_PC.h"
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace GUI {
@@ -17,6 +20,14 @@ namespace {
 
 /// Thickness of the mark around the pane with the keyboard focus: a dark line, and a light one outside it.
 constexpr int focusMarkWidth = 2;
+
+constexpr int unlimited = std::numeric_limits<int>::max();
+
+/// Enough for what follows a click on the spot.
+int PaintsATurn() {
+    constexpr int onWayland = 8;
+    return QGuiApplication::platformName().startsWith("wayland") ? onWayland : unlimited;
+}
 
 QRect ToRect(PixelBox const& box) { return {box.left, box.top, box.GetWidth(), box.GetHeight()}; }
 PixelBox ToBox(QRect const& rect) {
@@ -54,7 +65,8 @@ CNorvelianSurface& CNorvelianSurface::Of(QWidget& window) {
     return *surface;
 }
 
-CNorvelianSurface::CNorvelianSurface(QWidget& window) : QWidget(&window) {
+CNorvelianSurface::CNorvelianSurface(QWidget& window) : QWidget(&window), paintsATurn_(PaintsATurn()) {
+    CNorvelianAccessibleSurface::Install();
     // Every pixel is painted, by a pane or by the background.
     setAttribute(Qt::WA_OpaquePaintEvent);
     // What a pane doesn't consume is not its window's.
@@ -106,6 +118,11 @@ void CNorvelianSurface::RepaintNow(PixelBox const& box) {
         later_.push_back(ToRect(box));
         return;
     }
+    if (IsToBatch()) {
+        later_.push_back(ToRect(box));
+        QueuePaintLater();
+        return;
+    }
     QPointer<CNorvelianSurface> const self(this);
     bool const outermost = !std::exchange(repainting_, true);
     repaint(ToRect(box));
@@ -120,8 +137,30 @@ void CNorvelianSurface::RepaintNow(PixelBox const& box) {
     if (self && outermost) repainting_ = false;
 }
 
+bool CNorvelianSurface::IsToBatch() {
+    if (paintsInTurn_ >= paintsATurn_) return true;
+    if (paintsATurn_ != unlimited && paintsInTurn_++ == 0)
+        QMetaObject::invokeMethod(
+            this, [this] { paintsInTurn_ = 0; }, Qt::QueuedConnection);
+    return false;
+}
+
+void CNorvelianSurface::QueuePaintLater() {
+    if (std::exchange(paintsLater_, true)) return;
+    QMetaObject::invokeMethod(this, &CNorvelianSurface::PaintLater, Qt::QueuedConnection);
+}
+
 void CNorvelianSurface::PaintLater() {
-    for (QRect const& rect : std::exchange(later_, {})) update(rect);
+    paintsLater_ = false;
+    auto const rects = std::exchange(later_, {});
+    // Qt's time for scattered rectangles grows with their square.
+    constexpr std::size_t many = 100;
+    QRect all;
+    for (QRect const& rect : rects) {
+        if (rects.size() <= many) update(rect);
+        all |= rect;
+    }
+    if (rects.size() > many) update(all);
 }
 
 void CNorvelianSurface::paintEvent(QPaintEvent* event) {
@@ -135,8 +174,7 @@ void CNorvelianSurface::paintEvent(QPaintEvent* event) {
     PaintPanes(region);
     PaintDecorators(region.boundingRect());
     PaintFocusMark(region.boundingRect());
-    if (!repainting_ && !later_.empty())
-        QMetaObject::invokeMethod(this, &CNorvelianSurface::PaintLater, Qt::QueuedConnection);
+    if (!repainting_ && !later_.empty()) QueuePaintLater();
 }
 
 void CNorvelianSurface::PaintPanes(QRegion const& region) {

@@ -45,6 +45,10 @@ public:
     /// of this paint, unless its turn in it is still to come.
     void RepaintNow(LightWindow& window);
     void RepaintNow(PixelBox const& box);
+    /// So many repaints of one turn of the event loop are painted before they return, the rest together at
+    /// the turn's end. Only on Wayland is there such a bound at first: a paint of its own costs 450 us there,
+    /// 8 us on X11.
+    void SetPaintsATurn(int count) { paintsATurn_ = count; }
     /// Some windows have moved: they are placed and the surface is painted at the next turn of the event
     /// loop, or by `Settle`.
     void SettleLater();
@@ -58,6 +62,16 @@ public:
     /// Hears of a pane that is going away, or was hidden.
     void Forget(CNorvelianAdvancedControl& control);
     /// @}
+    /// The pane that has the keyboard focus, while this window has it.
+    std::shared_ptr<CNorvelianAdvancedControl> GetFocusControl() const {
+        return focused_ ? focus_.lock() : nullptr;
+    }
+    bool HasFocus(CNorvelianAdvancedControl const& control) const {
+        return GetFocusControl().get() == &control;
+    }
+    bool IsUnderMouse(CNorvelianAdvancedControl const& control) const {
+        return hover_.lock().get() == &control;
+    }
     /// The mouse has gone over to a native control.
     void LeavePane();
 
@@ -94,6 +108,9 @@ private:
     void PaintDecorators(QRect const& rect);
     void PaintFocusMark(QRect const& rect);
     void RepaintFocusMark();
+    /// Whether this turn of the event loop has had its share of paints.
+    bool IsToBatch();
+    void QueuePaintLater();
     void PaintLater();
     PixelBox GetFocusMark() const;
     /// The pane under a place, or the one that holds the mouse.
@@ -114,6 +131,9 @@ private:
     std::vector<QRect> later_;
     /// What the decorators drew at the last whole paint decides whether a partial one asks them.
     bool decorated_ = true;
+    int paintsATurn_;
+    int paintsInTurn_ = 0;
+    bool paintsLater_ = false;
     bool settlesLater_ = false;
     /// A paint that was asked for by `RepaintNow`, which sees to what is asked for in it.
     bool repainting_ = false;

@@ -25,6 +25,10 @@ constexpr char const* bundledFile = "cie_named_34_36band.txt";
 /// What the platform sends when a key is released: the key's code, Shift, Ctrl.
 constexpr char const* keyMessage = "Key";
 constexpr char const* nextLanguageKey = "119;0;0"; // F8
+constexpr char const* pageUpKey = "33;0;0";
+constexpr char const* pageDownKey = "34;0;0";
+constexpr char const* firstKey = "36;0;1"; // Ctrl+Home
+constexpr char const* lastKey = "35;0;1";  // Ctrl+End
 
 std::string BundledFile() { return Utilities::GetProgramDirectory() + "/data/samples/" + bundledFile; }
 
@@ -183,7 +187,23 @@ void Application::LoadLanguages() {
 }
 
 long Application::OnKey(Utilities::Anything const& key) {
-    if (!(key.GetString() == nextLanguageKey)) return 0;
+    String const& pressed = key.GetString();
+    if (pressed == nextLanguageKey) return TakeNextLanguage();
+    if (!handler_) return 0;
+    if (pressed == pageUpKey)
+        handler_->TurnPages(-1);
+    else if (pressed == pageDownKey)
+        handler_->TurnPages(1);
+    else if (pressed == firstKey)
+        handler_->SelectFirst();
+    else if (pressed == lastKey)
+        handler_->SelectLast();
+    else
+        return 0;
+    return 1;
+}
+
+long Application::TakeNextLanguage() {
     auto const service = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");
     auto const languages = service->GetLanguages();
     if (languages.GetSize() == 0) return 0;

@@ -53,8 +53,10 @@ private:
     void LoadLanguages();
     /// The screen by the profile that the desktop names, else sRGB.
     Tintorium::ScreenRGB GetScreen();
-    /// The user's way to another language: F8 takes the next one and keeps it in the settings.
+    /// F8 takes the next language. Page Up, Page Down, Ctrl+Home and Ctrl+End go through the samples.
     long OnKey(Utilities::Anything const& key);
+    /// And keeps it in the settings.
+    long TakeNextLanguage();
     int ShowGallery();
     int WritePicture(GUI::GUIElement& window, std::string const& fileName);
     void QuitAfterFirstPaint();

@@ -50,16 +50,24 @@ double ReflectanceEnd(SampleDocument const& document) {
 } // namespace
 
 SampleWindow::SampleWindow(SampleDocument document)
-    : document_(std::move(document)), columns_(ColumnsFor(Count())),
-      rows_((Count() + columns_ - 1) / columns_), labRange_(RangeOf(document_)),
+    : document_(std::move(document)), pages_(Count()), columns_(ColumnsFor(pages_.GetPlaces())),
+      rows_((pages_.GetPlaces() + columns_ - 1) / columns_), labRange_(RangeOf(document_)),
       reflectanceEnd_(ReflectanceEnd(document_)) {}
 
 void SampleWindow::Start() {
-    // All bands of the columns from the first sample to the last.
-    ExecuteCallback("Spectra", "OnUpdate",
-                    ("1;1-" + std::to_string(bands) + ";" + std::to_string(Count())).c_str());
-    ExecuteCallback(labChart, "OnUpdate", {});
+    UpdateCharts();
     Select(0);
+}
+
+void SampleWindow::UpdateCharts() {
+    // All bands of the columns from the page's first sample to its last.
+    ExecuteCallback("Spectra", "OnUpdate",
+                    ("1;1-" + std::to_string(bands) + ";" + std::to_string(pages_.GetSize())).c_str());
+    ExecuteCallback(labChart, "OnUpdate", {});
+}
+
+void SampleWindow::TurnPages(long pages) {
+    if (pages_.AreMany()) Select(std::clamp(selected_ + pages * SamplePages::capacity, 0L, Count() - 1));
 }
 
 Anything SampleWindow::GetValue(String const& element, String const& key) {
@@ -70,7 +78,8 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
     }
     if (element == "PatchRows") return key == "Repetitions" ? Anything(rows_) : Anything();
     if (StartsWith(element, patchRow)) return key == "Repetitions" ? Anything(columns_) : Anything();
-    if (StartsWith(element, patch) && key == "Data") return GetSpot(NumberBehind(element, patch));
+    if (StartsWith(element, patch) && key == "Data")
+        return GetSpot(pages_.GetFirst() + NumberBehind(element, patch));
     if (StartsWith(element, patch)) return GetPatchValue(element, key);
     return GetDetail(element, key);
 }
@@ -81,8 +90,7 @@ Anything SampleWindow::GetPatchValue(String const& element, String const& key) c
     // Places behind the last sample stay empty.
     if (key == "BitmapOnly") return sample < 0;
     if (sample < 0) return {};
-    if (key == "ColorValue")
-        return document_.GetSamples()[static_cast<std::size_t>(sample)].color.GetAnything();
+    if (key == "ColorValue") return At(sample).color.GetAnything();
     if (key == "IsActive") return sample == selected_;
     if (key == "ToolTipText") return ToolTip(sample).c_str();
     return {};
@@ -95,20 +103,24 @@ Anything SampleWindow::GetCurveValue(String const& key) const {
     if (key == "YScaleEnd") return reflectanceEnd_;
     if (key == "XValueBegin" || key == "ValueBegin") return "380";
     if (key == "DeltaXValue" || key == "ValueStep") return "10";
-    if (key == "ActiveCurve") return static_cast<short>(selected_);
+    if (key == "ActiveCurve")
+        return static_cast<short>(pages_.IsShown(selected_) ? selected_ - pages_.GetFirst() : -1);
     if (key == "") {
-        Anything::VectorOfAnythings names(static_cast<std::uint32_t>(Count()));
-        for (std::uint32_t i = 0; i < names.GetSize(); ++i) names[i] = document_.GetSamples()[i].name.c_str();
+        Anything::VectorOfAnythings names(static_cast<std::uint32_t>(pages_.GetSize()));
+        for (std::uint32_t i = 0; i < names.GetSize(); ++i)
+            names[i] = At(pages_.GetFirst() + static_cast<long>(i)).name.c_str();
         return {names};
     }
     if (StartsWith(key, "CurveColor ")) {
-        auto const& color =
-            document_.GetSamples().at(static_cast<std::size_t>(NumberBehind(key, "CurveColor "))).color;
+        long const sample = pages_.GetFirst() + NumberBehind(key, "CurveColor ");
+        if (!pages_.IsShown(sample)) return {};
+        auto const& color = At(sample).color;
         return (std::to_string(color.GetRed()) + ";" + std::to_string(color.GetGreen()) + ";" +
                 std::to_string(color.GetBlue()))
             .c_str();
     }
-    if (StartsWith(key, "LineWidth ")) return NumberBehind(key, "LineWidth ") == selected_ ? 3L : 1L;
+    if (StartsWith(key, "LineWidth "))
+        return pages_.GetFirst() + NumberBehind(key, "LineWidth ") == selected_ ? 3L : 1L;
     if (StartsWith(key, "ToolTipText ")) {
         long const band = NumberBehind(key, "ToolTipText ");
         String const name = key.Mid(key.FindSubstring(" Curve ", 0) + 7, key.Length());
@@ -116,13 +128,13 @@ Anything SampleWindow::GetCurveValue(String const& key) const {
         return name + ", " + wavelength + " nm";
     }
     if (key.Length() != 0 && key.GetStdString().find_first_not_of("0123456789") == std::string::npos)
-        return GetCurve(key.GetLong() - 1);
+        return GetCurve(pages_.GetFirst() + key.GetLong() - 1);
     return {};
 }
 
 Anything SampleWindow::GetCurve(long sample) const {
     if (sample < 0 || sample >= Count()) return {};
-    ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
+    ShownSample const& shown = At(sample);
     Anything::VectorOfAnythings column(1 + bands);
     column[0] = shown.name.c_str();
     for (std::uint32_t i = 0; i < bands; ++i)
@@ -131,9 +143,10 @@ Anything SampleWindow::GetCurve(long sample) const {
 }
 
 Anything SampleWindow::GetLabChartValue(String const& key) const {
-    if (key == "NrOfPatches") return Count();
-    if (key == "SelectedSample") return selected_;
-    if (StartsWith(key, "ToolTipText ")) return ToolTip(NumberBehind(key, "ToolTipText ")).c_str();
+    if (key == "NrOfPatches") return pages_.GetSize();
+    if (key == "SelectedSample") return pages_.IsShown(selected_) ? selected_ - pages_.GetFirst() : -1L;
+    if (StartsWith(key, "ToolTipText "))
+        return ToolTip(pages_.GetFirst() + NumberBehind(key, "ToolTipText ")).c_str();
     if (key == "XValueBegin" || key == "YValueBegin") return static_cast<short>(-labRange_);
     if (key == "XValueEnd" || key == "YValueEnd") return labRange_;
     return {};
@@ -148,7 +161,7 @@ short SampleWindow::RangeOf(SampleDocument const& document) {
 
 Anything SampleWindow::GetSpot(long sample) const {
     if (sample < 0 || sample >= Count()) return {};
-    ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
+    ShownSample const& shown = At(sample);
     Anything::MapOfAnythings spot;
     spot["Color"] = shown.color.GetAnything();
     spot["XValue"] = shown.lab[1];
@@ -159,8 +172,12 @@ Anything SampleWindow::GetSpot(long sample) const {
 Anything SampleWindow::GetDetail(String const& element, String const& key) const {
     if (element == "ColourDesk" && key == "Caption")
         return LanguageServiceInterface::GetTranslation("Colour Desk") + " \u2013 " + document_.GetFileName();
+    if (element == "SamplePage")
+        return key == "Caption"   ? Anything(PageText().c_str())
+               : key == "Visible" ? Anything(pages_.AreMany())
+                                  : Anything();
     if (selected_ < 0) return {};
-    ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(selected_)];
+    ShownSample const& shown = At(selected_);
     if (element == "SelectedColour") return key == "ColorValue" ? shown.color.GetAnything() : Anything();
     if (element == "SampleCondition" && key == "ToolTipText") return document_.GetReport().GetText().c_str();
     if (!(key == "Caption")) return {};
@@ -194,8 +211,8 @@ void SampleWindow::SelectNearest(double a, double b) {
     constexpr double reach = 5;
     long nearest = -1;
     double smallest = reach;
-    for (long i = 0; i < Count(); ++i) {
-        auto const& lab = document_.GetSamples()[static_cast<std::size_t>(i)].lab;
+    for (long i = pages_.GetFirst(); pages_.IsShown(i); ++i) {
+        auto const& lab = At(i).lab;
         // Later spots lie on top, so they win a tie.
         if (double const distance = std::hypot(lab[1] - a, lab[2] - b); distance <= smallest) {
             smallest = distance;
@@ -208,10 +225,16 @@ void SampleWindow::SelectNearest(double a, double b) {
 void SampleWindow::Select(long sample) {
     long const former = std::exchange(selected_, sample);
     if (former == sample) return;
-    for (long const changed : {former, sample})
-        if (changed >= 0) ExecuteCallback(PatchName(changed).c_str(), "OnUpdate", {});
+    if (pages_.Show(sample)) {
+        for (long place = 0; place < pages_.GetPlaces(); ++place)
+            ExecuteCallback(PatchName(pages_.GetFirst() + place).c_str(), "OnUpdate", {});
+        UpdateCharts();
+    } else {
+        for (long const changed : {former, sample})
+            if (pages_.IsShown(changed)) ExecuteCallback(PatchName(changed).c_str(), "OnUpdate", {});
+    }
     for (char const* const element :
-         {"SampleName", "SampleLab", "SampleCondition", "SampleGamut", "SelectedColour"})
+         {"SamplePage", "SampleName", "SampleLab", "SampleCondition", "SampleGamut", "SelectedColour"})
         ExecuteCallback(element, "OnUpdate", {});
     ExecuteCallback("Spectra", "OnUpdate", "Properties");
     ExecuteCallback("ColorChart", "SelectSample", {});
@@ -222,20 +245,31 @@ long SampleWindow::SampleOfPatch(String const& element) const {
     String const place = element.Mid(String(patch).Length(), element.Length());
     try {
         long const column = place.GetToken(1, '_').GetLong();
-        long const sample = place.GetToken(0, '_').GetLong() * columns_ + column;
-        return column < columns_ && sample < Count() ? sample : -1;
+        long const sample = pages_.GetFirst() + place.GetToken(0, '_').GetLong() * columns_ + column;
+        return column < columns_ && pages_.IsShown(sample) ? sample : -1;
     } catch (Norvelian::Utilities::Exceptions::OutOfRangeException const&) {
         return -1;
     }
 }
 
 std::string SampleWindow::PatchName(long sample) const {
-    return patch + std::to_string(sample / columns_) + "_" + std::to_string(sample % columns_);
+    long const place = sample - pages_.GetFirst();
+    return patch + std::to_string(place / columns_) + "_" + std::to_string(place % columns_);
+}
+
+std::string SampleWindow::PageText() const {
+    if (!pages_.AreMany()) return {};
+    String text = LanguageServiceInterface::GetTranslation("Samples %1 to %2 of %3. Page Up, Page Down");
+    long const first = pages_.GetFirst() + 1;
+    text.Replace("%1", String(first));
+    text.Replace("%2", String(first + pages_.GetSize() - 1));
+    text.Replace("%3", String(Count()));
+    return text.GetStdString();
 }
 
 std::string SampleWindow::ToolTip(long sample) const {
     if (sample < 0 || sample >= Count()) return {};
-    ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
+    ShownSample const& shown = At(sample);
     std::string text = shown.name + "\n" + SampleDocument::FormatLab(shown.lab) + "\n" + shown.condition;
     if (!shown.color.IsInGamut())
         text += "\n" + LanguageServiceInterface::GetTranslation("outside the screen's gamut").GetStdString();
@@ -247,7 +281,7 @@ SampleWindow::GetSample(Anything const& sampleKey) {
     String const name = sampleKey.GetMapOfAnythings()["ElementName"].GetString();
     long const sample = name == "SelectedColour" ? selected_ : SampleOfPatch(name);
     if (sample < 0) return {};
-    return document_.GetSamples()[static_cast<std::size_t>(sample)].sample;
+    return At(sample).sample;
 }
 
 void SampleWindow::DataChanged(Anything const& /*sampleKey*/, Anything const& /*what*/) {}

@@ -3,6 +3,7 @@
 #include "gui/elements/DataAccess.h"
 #include "gui/elements/DialogHandler.h"
 #include "hosts/colourdesk/SampleDocument.h"
+#include "hosts/colourdesk/SamplePages.h"
 
 #include <functional>
 
@@ -11,7 +12,9 @@ namespace ColourDesk {
 /// The logic behind the window: answers what the elements of `descriptions/ColourDesk.xml` ask, and
 /// keeps one sample selected in all of them.
 ///
-/// Patches stand in rows and are named "Patch<row>_<column>"; the loops that make them ask how often.
+/// Patches stand in rows and are named "Patch<row>_<column>"; the loops that make them ask how often. Charts
+/// and patches show one page of the samples (see `SamplePages`); their elements count from the page's first
+/// sample, everything here counts from the document's.
 class SampleWindow : public GUI::DialogHandler, public GUI::CXFAccess {
 public:
     explicit SampleWindow(SampleDocument document);
@@ -30,8 +33,12 @@ public:
 
     /// To be called once the elements exist: gives the charts their data.
     void Start();
-    /// -1 for none.
+    /// -1 for none. Shows the page that the sample is on.
     void Select(long sample);
+    /// Selects the sample so many pages further or back, at most the last or the first one.
+    void TurnPages(long pages);
+    void SelectFirst() { Select(0); }
+    void SelectLast() { Select(Count() - 1); }
     long GetSelected() const { return selected_; }
     SampleDocument const& GetDocument() const { return document_; }
 
@@ -51,12 +58,19 @@ private:
     /// Index of a patch's sample, -1 for a name of another form or beyond the samples.
     long SampleOfPatch(Utilities::String const& element) const;
     std::string PatchName(long sample) const;
+    /// "1 to 2800 of 100000", empty if all samples are shown.
+    std::string PageText() const;
+    void UpdateCharts();
     std::string ToolTip(long sample) const;
     /// How far out the a*b* plane is shown.
     static short RangeOf(SampleDocument const& document);
+    ShownSample const& At(long sample) const {
+        return document_.GetSamples()[static_cast<std::size_t>(sample)];
+    }
     long Count() const { return static_cast<long>(document_.GetSamples().size()); }
 
     SampleDocument document_;
+    SamplePages pages_;
     long columns_;
     long rows_;
     short labRange_;

@@ -129,13 +129,14 @@ struct LayoutRow {
     unsigned long space;
     /// "position+size" for each child, from an origin of 5.
     char const* expected;
+    char const* seamless = "No";
 };
 
 class BoxLayout : public testing::TestWithParam<LayoutRow> {};
 
 void ExpectLayout(LayoutRow const& row, bool horizontal) {
     FakeWindowHost host;
-    auto const box = Node({{"GUIElementType", horizontal ? "HBox" : "VBox"}});
+    auto const box = Node({{"GUIElementType", horizontal ? "HBox" : "VBox"}, {"Seamless", row.seamless}});
     std::istringstream children(row.children);
     for (std::string range; children >> range;) {
         auto const dots = range.find("..");
@@ -179,7 +180,9 @@ INSTANTIATE_TEST_SUITE_P(
                     LayoutRow{"0..4000000 0..1000000", 100, "5+200 205+50"},
                     LayoutRow{"0..50 0..50", 100, "5+50 55+50"},
                     LayoutRow{"60..40 0..1000", 200, "5+60 65+140"}, LayoutRow{"60..40", 200, "5+40"},
-                    LayoutRow{"0..3000 0..1000", 200, "5+150 155+50"}));
+                    LayoutRow{"0..3000 0..1000", 200, "5+150 155+50"},
+                    LayoutRow{"0..9 0..9 0..9 0..9", 30, "5+7 12+7 20+7 27+7"},
+                    LayoutRow{"0..9 0..9 0..9 0..9", 30, "5+7 12+8 20+7 27+8", "Yes"}));
 
 TEST(BoxLayout, AddsUpSizeRanges) {
     FakeWindowHost host;

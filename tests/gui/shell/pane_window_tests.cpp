@@ -153,6 +153,16 @@ TEST_F(PaneWindow, RepaintPaintsBeforeItReturns) {
     EXPECT_EQ(inner_.paints, 2);
 }
 
+TEST_F(PaneWindow, WhatIsBeyondATurnsShareIsPaintedTogetherAtItsEnd) {
+    Surface().SetPaintsATurn(2);
+    for (int i = 0; i < 200; ++i) inner_.Repaint();
+    EXPECT_EQ(inner_.paints, 2);
+    for (int turn = 0; turn < 2; ++turn) QApplication::processEvents();
+    EXPECT_EQ(inner_.paints, 3);
+    inner_.Repaint();
+    EXPECT_EQ(inner_.paints, 4) << "the next turn has its own share";
+}
+
 TEST_F(PaneWindow, RepaintOfAChildWhileItsParentPaintsComesOnceAndIsNotLost) {
     outer_.inPaint = [this] { inner_.Repaint(); };
     outer_.Repaint();

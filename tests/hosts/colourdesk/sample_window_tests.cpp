@@ -2,6 +2,7 @@
 #include "hosts/colourdesk/ColourDesk.h"
 #include "hosts/colourdesk/SampleWindow.h"
 #include "tests/support/FunctionCallback.h"
+#include "tests/support/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
 
@@ -64,6 +65,56 @@ TEST(SampleWindow, ClicksSelectAndTellWhatChanged) {
     auto const& lab = window.GetDocument().GetSamples()[9].lab;
     EXPECT_EQ(click(lab[1] + 0.3, lab[2] - 0.3), 9);
     EXPECT_EQ(click(500, 500), 9) << "a click far from every spot changes nothing";
+}
+
+TEST(SampleWindow, ManySamplesAreShownPageByPage) {
+    constexpr long count = 3000;
+    Tests::TemporaryDirectory const directory;
+    std::string text = "CGATS.17\nNUMBER_OF_FIELDS 37\nBEGIN_DATA_FORMAT\nSAMPLE_NAME";
+    for (int nm = 380; nm <= 730; nm += 10) text += " SPECTRAL_NM" + std::to_string(nm);
+    text += "\nEND_DATA_FORMAT\nNUMBER_OF_SETS " + std::to_string(count) + "\nBEGIN_DATA\n";
+    for (long i = 0; i < count; ++i) {
+        text += "S" + std::to_string(i);
+        for (int band = 0; band < 36; ++band) text += " 0." + std::to_string(1000 + i);
+        text += '\n';
+    }
+    Tests::WriteFile(directory / "many.txt", text + "END_DATA\n");
+    SampleWindow window(SampleDocument::Open(directory / "many.txt"));
+    long updates = 0;
+    std::string message;
+    window.SetCallback("Patch0_0", "OnUpdate",
+                       Tests::MakeCallback([&](Anything const&) { return ++updates; }));
+    window.SetCallback("Spectra", "OnUpdate", Tests::MakeCallback([&](Anything const& command) {
+                           if (command.GetString() == "Properties") return 0L;
+                           message = command.GetString().GetStdString();
+                           return 0L;
+                       }));
+    window.Start();
+    auto const name = [&] { return window.GetValue("SampleName", "Caption").GetString().GetStdString(); };
+    EXPECT_EQ(message, "1;1-36;2800");
+    EXPECT_EQ(window.GetValue("SamplePage", "Caption").GetString(),
+              "Samples 1 to 2800 of 3000. Page Up, Page Down");
+    updates = 0;
+    window.TurnPages(1);
+    EXPECT_EQ(name(), "S2800");
+    EXPECT_EQ(message, "1;1-36;200");
+    EXPECT_EQ(updates, 1) << "the places show the next samples";
+    EXPECT_EQ(window.GetValue("Patch0_0", "ColorValue"), window.GetValue("SelectedColour", "ColorValue"));
+    EXPECT_EQ(window.GetValue("Patch0", "Data").GetMapOfAnythings()["Color"],
+              window.GetValue("Patch0_0", "ColorValue"));
+    EXPECT_EQ(window.GetValue("XYGraph", "1").GetVectorOfAnythings()[0].GetString(), "S2800");
+    EXPECT_EQ(window.GetValue("XYGraph", "ActiveCurve").GetShort(), 0);
+    EXPECT_EQ(window.GetValue("LabChart", "NrOfPatches").GetLong(), 200);
+    window.GetCallback("Patch0_5", "OnLeftButtonDown").Execute("Patch0_5");
+    EXPECT_EQ(name(), "S2805");
+    window.TurnPages(1);
+    EXPECT_EQ(name(), "S2999") << "not past the last one";
+    window.TurnPages(-1);
+    EXPECT_EQ(name(), "S199");
+    EXPECT_EQ(message, "1;1-36;2800");
+    window.SelectLast();
+    window.SelectFirst();
+    EXPECT_EQ(name(), "S0");
 }
 
 TEST(SampleWindow, PlacesBehindTheLastSampleAreEmpty) {
