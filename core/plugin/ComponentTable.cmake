@@ -67,6 +67,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/controls/CNorvelianEdit.cpp
   gui/controls/CNorvelianFixedText.cpp
   gui/controls/CNorvelianComboBox.cpp
+  gui/controls/CNorvelianListBox.cpp
   gui/controls/CNorvelianScrollBar.cpp
   gui/controls/ControlFont_PC.cpp
   gui/controls/ControlTexts_PC.cpp
