@@ -14,7 +14,7 @@ install(EXPORT NorvelianTargets NAMESPACE Norvelian:: FILE NorvelianTargets.cmak
 
 # The headers of the floors that hosts stand on, and the plug-in's abstract ones; none of the platform's,
 # and none of what the colour library keeps to itself: its parsers, tables and kernels.
-set(private_headers "cxf/(verification/Checks|files/(Cgats|ConditionWords|Utf8|Xml)|colorimetry/(Illuminants|Kernels|Lagrange|Resolved|Tables))[^/]*[.]h$")
+set(private_headers "cxf/(verification/Checks|files/(AttributeNotes|Cgats|ConditionWords|Utf8|Xml)|colorimetry/(Illuminants|Kernels|Lagrange|Resolved|Tables))[^/]*[.]h$")
 foreach(folder Diagnostics Utilities core cxf gui services inspection)
   install(DIRECTORY "${CMAKE_SOURCE_DIR}/${folder}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/norvelian"
     FILES_MATCHING PATTERN "*.h" PATTERN "*_PC.h" EXCLUDE PATTERN "CNorvelian*.h" EXCLUDE

@@ -59,8 +59,8 @@ std::string ColourDifference::GetFormulaText() const {
     bool const plain = weights.first == 0 && weights.second == 0 && weights.third == 0;
     if (formula == "CMC") return "CMC(" + weight(weights.first, 2) + ":" + weight(weights.second, 1) + ")";
     std::string const three = plain ? ""
-                                    : " (" + weight(weights.first, 1) + ":" + weight(weights.second, 1) +
-                                          ":" + weight(weights.third, 1) + ")";
+                                    : " (" + weight(weights.first, formula == "94 textile" ? 2 : 1) + ":" +
+                                          weight(weights.second, 1) + ":" + weight(weights.third, 1) + ")";
     if (formula == "2000") return "CIEDE2000" + three;
     if (formula == "94") return "CIE94" + three;
     if (formula == "94 textile") return "CIE94 textile" + three;

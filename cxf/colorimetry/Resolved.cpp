@@ -137,8 +137,7 @@ Resolved Resolve(NVMeasureConditions const& asked, NVMeasureConditions const& me
     Resolved resolved = Resolve(conditions);
     if (!resolved.paper)
         throw TristimException("white base Paper needs the condition " + std::string(Key::PaperSpectrum));
-    resolved.conditions.SetMeasureCondition(Key::Method,
-                                            resolved.viewing.correctBandpass ? kCorrectedMethod : kMethod);
+    resolved.conditions.SetMeasureCondition(Key::Method, MethodOf(BandpassOf(resolved.viewing)));
     return resolved;
 }
 
@@ -190,9 +189,23 @@ Resolved Resolve(NVMeasureConditions const& given) {
     return resolved;
 }
 
+namespace {
+
+/// A result knows a condition no better than the less certain of its two colours.
+void Weaken(NVMeasureConditions& one, NVMeasureConditions const& other, Text key) {
+    if (one.GetState(key) == ConditionState::Stated && other.GetState(key) == ConditionState::Assumed)
+        one.Assume(key, one.GetMeasureCondition(key), other.GetAssumption(key));
+}
+
+} // namespace
+
 void Reconcile(NVMeasureConditions& first, NVMeasureConditions& second, std::string_view accepted) {
     for (Text const key : kCompared) {
-        if (Compared(first, key) == Compared(second, key)) continue;
+        if (Compared(first, key) == Compared(second, key)) {
+            Weaken(first, second, key);
+            Weaken(second, first, key);
+            continue;
+        }
         bool const bothStated = IsStated(first, key) && IsStated(second, key);
         if (bothStated || !Accepts(accepted, key))
             throw TristimException("conditions can't be mixed: " + std::string(key) + " is " +

@@ -49,6 +49,7 @@ extern NumberTable const IsoDensity;
 extern std::string_view const Ciede2000Pairs;
 extern std::string_view const WhitePoints;
 extern std::string_view const DerivedWeights;
+extern std::string_view const CorrectedWeights;
 extern std::string_view const IlluminantChromaticities;
 
 } // namespace Norvelian::Tristim::Tables

@@ -59,17 +59,18 @@ DeltaEWeights WeightsOf(float first, float second, float third) {
     return {static_cast<double>(first), static_cast<double>(second), static_cast<double>(third)};
 }
 
-/// The result of two colours says of both how they were resampled.
-void NoteResampling(NVMeasureConditions& result, NVMeasureConditions const& reference,
-                    NVMeasureConditions const& sample) {
-    std::string const one = reference.GetMeasureCondition(Key::Resampling);
-    std::string const other = sample.GetMeasureCondition(Key::Resampling);
-    if (one == other) {
-        if (!one.empty()) result.SetMeasureCondition(Key::Resampling, one);
-        return;
+/// The result of two colours says of both how they were resampled and computed.
+void NoteOrigin(NVMeasureConditions& result, NVMeasureConditions const& reference,
+                NVMeasureConditions const& sample) {
+    for (Text const key : {Key::Resampling, Key::Method}) {
+        std::string const one = reference.GetMeasureCondition(key);
+        std::string const other = sample.GetMeasureCondition(key);
+        auto const named = [](std::string const& text) { return text.empty() ? std::string("none") : text; };
+        if (one != other)
+            result.SetMeasureCondition(key, "reference: " + named(one) + "; sample: " + named(other));
+        else if (!one.empty())
+            result.SetMeasureCondition(key, one);
     }
-    auto const named = [](std::string const& text) { return text.empty() ? std::string("none") : text; };
-    result.SetMeasureCondition(Key::Resampling, "reference: " + named(one) + "; sample: " + named(other));
 }
 
 /// Two spectra under the same conditions.
@@ -79,7 +80,7 @@ ResolvedPair ReducePair(NVSpectrum const& reference, NVSpectrum const& sample,
     NVMeasureConditions other = sample.GetMeasureConditions();
     Reconcile(one, other, conditions.GetMeasureCondition(Key::AcceptUnstated));
     Resolved resolved = Resolve(conditions, one);
-    NoteResampling(resolved.conditions, one, other);
+    NoteOrigin(resolved.conditions, one, other);
     XYZ const first = resolved.Reduce(reference);
     XYZ const second = resolved.Reduce(sample);
     return {std::move(resolved), first, second, std::nullopt};
@@ -96,7 +97,7 @@ ResolvedPair ReducePair(NVColorVector const& reference, NVColorVector const& sam
     Adopt(other, conditions);
     Colour first = ColourOf(reference, one);
     Colour const second = ColourOf(sample, other);
-    NoteResampling(first.resolved.conditions, one, other);
+    NoteOrigin(first.resolved.conditions, one, other);
     ResolvedPair pair{std::move(first.resolved), first.xyz, second.xyz, std::nullopt};
     // Formulas that change branch at a hue or lightness must not see what a way through X, Y, Z rounds.
     auto const labOf = [](NVColorVector const& vector) {

@@ -76,8 +76,11 @@ std::optional<NVMeasureConditions> FindIlluminant(std::string_view name) {
     for (Text const simple : {"A", "B", "C"})
         if (key == simple) return Illuminant(simple);
     for (Text const fluorescent : Value::FluorescentType) {
-        std::string const long3 = Normalised(fluorescent);
-        if (key != long3 && key != "FL" + long3.substr(1)) continue;
+        std::string const plain = Normalised(fluorescent);
+        // Some programs write two digits: F02.
+        if (key != plain && key != "FL" + plain.substr(1) && key != "F0" + plain.substr(1) &&
+            key != "FL0" + plain.substr(1))
+            continue;
         NVMeasureConditions conditions = Illuminant("F");
         conditions.SetMeasureCondition(Key::FluorescentType, fluorescent);
         return conditions;

@@ -16,6 +16,16 @@ inline bool Parse(std::string_view text, double& value) {
     return error == std::errc() && end == text.data() + text.size() && std::isfinite(value);
 }
 
+/// "0,5" and "-12,75": a number as it is written where the comma is the decimal sign.
+inline bool HasDecimalComma(std::string_view text) {
+    auto const comma = text.find(',');
+    if (comma == std::string_view::npos || text.find(',', comma + 1) != std::string_view::npos) return false;
+    std::string point(text);
+    point[comma] = '.';
+    double number = 0;
+    return Parse(point, number);
+}
+
 /// The shortest text that reads back as the same number.
 template <class Number> std::string Shortest(Number value) {
     char buffer[32];

@@ -67,7 +67,7 @@ struct Spelling {
     char const* space;
     std::array<char const*, 4> fields;
 };
-constexpr std::array<Spelling, 20> kSpellings{{
+constexpr std::array<Spelling, 23> kSpellings{{
     {"CIEXYZ", {"XYZX", "XYZY", "XYZZ", nullptr}},
     {"CIEXYZ", {"CIEX", "CIEY", "CIEZ", nullptr}},
     {"CIEXYZ", {"CIEXYZX", "CIEXYZY", "CIEXYZZ", nullptr}},
@@ -81,6 +81,9 @@ constexpr std::array<Spelling, 20> kSpellings{{
     {"CIELCh", {"LCHL", "LCHC", "LCHH", nullptr}},
     {"CIELCh", {"LABL", "LABC", "LABH", nullptr}},
     {"CIELCh", {"L", "C", "h", nullptr}},
+    {"CIELCh", {"L", "C", "H", nullptr}},
+    {"CIELCh", {"L", "CAB", "HAB", nullptr}},
+    {"CIELCh", {"CIEL", "CIEC", "CIEH", nullptr}},
     {"CIExyY", {"XYYX", "XYYY", "XYYCAPY", nullptr}},
     {"CIExyY", {"x", "y", "Y", nullptr}},
     {"CIELuv", {"LUVL", "LUVU", "LUVV", nullptr}},
@@ -128,6 +131,16 @@ ColourField ColourFieldOf(std::string_view field) {
         begin = end + 1;
     }
     kept.erase(std::remove(kept.begin(), kept.end(), '*'), kept.end());
+    // The degree sign of a hue angle, in UTF-8 or not.
+    for (std::string_view const degree : {"\xC2\xB0", "\xB0"})
+        if (kept.ends_with(degree)) kept.resize(kept.size() - degree.size());
+    // X10, Y10, Z10 and so on are of the 10 degree observer.
+    if (kept.size() == 3 && kept.ends_with("10") &&
+        std::string_view("XYZxyLab").find(kept.front()) != std::string_view::npos) {
+        result.viewing.SetAttribute(Key::Observer, "TenDegree");
+        result.view += "10 ";
+        kept.resize(1);
+    }
     result.name = kept.size() > 1 ? Upper(kept) : kept;
     return result;
 }
@@ -149,6 +162,21 @@ bool LooksMeant(std::string_view field, std::string const& name) {
         if (digits >= "340" && digits <= "830" && digits.back() == '0') return true;
     }
     return false;
+}
+
+/// Fields R1 to R36 may be bands whose wavelengths only their writer knows: at least as many numbered fields
+/// with one beginning as a spectrum has bands, at its fewest.
+std::set<std::string> NumberedSeries(std::vector<std::string> const& names) {
+    constexpr int fewest = 16;
+    std::map<std::string, int> counts;
+    std::set<std::string> series;
+    for (std::string const& name : names) {
+        auto const end = name.find_last_not_of("0123456789");
+        if (end == std::string::npos || end + 1 == name.size()) continue;
+        std::string const beginning = name.substr(0, end + 1);
+        if (++counts[beginning] == fewest) series.insert(beginning);
+    }
+    return series;
 }
 
 /// Finds the colours among the fields, those of one illuminant after the other.
@@ -208,13 +236,27 @@ std::vector<CgatsColour> const& CgatsColours() {
     return colours;
 }
 
+bool HasLightness(std::string_view space) {
+    return space == "CIELab" || space == "CIELCh" || space == "CIELuv";
+}
+
+std::string WhyNoSurface(std::string_view space, std::span<double const> values) {
+    // With room for noise below black and for fluorescence.
+    constexpr double lowest = -20;
+    constexpr double highest = 200;
+    if (!HasLightness(space)) return {};
+    if (values[0] < lowest || values[0] > highest)
+        return "no surface has the lightness " + Tristim::Numbers::Shortest(values[0]);
+    return space == "CIELCh" && values[1] < 0 ? "the chroma is negative" : "";
+}
+
 std::optional<CgatsBand> CgatsBandOf(std::string_view field) {
     struct Prefix {
         std::string_view name;
         double scale;
         bool transmission;
     };
-    static constexpr std::array<Prefix, 26> prefixes{{
+    static constexpr std::array<Prefix, 33> prefixes{{
         {"", 0, false},
         {"SPECTRAL", 0, false},
         {"SPECTRALNM", 0, false},
@@ -234,6 +276,13 @@ std::optional<CgatsBand> CgatsBandOf(std::string_view field) {
         {"REFL", 0, false},
         {"REFLECTANCE", 0, false},
         {"REFLPCT", 100, false},
+        {"REF", 0, false},
+        {"REFLECT", 0, false},
+        {"REFLECTIVITY", 0, false},
+        {"SPC", 0, false},
+        {"SPECTR", 0, false},
+        {"SPECTRALVAL", 0, false},
+        {"SPECTRALVALUE", 0, false},
         {"RHO", 0, false},
         {"LAMBDA", 0, false},
         {"WL", 0, false},
@@ -249,11 +298,11 @@ std::optional<CgatsBand> CgatsBandOf(std::string_view field) {
     auto const plain = [](std::string_view text) {
         std::string result;
         for (char const c : text)
-            if (c != '_' && c != ' ' && c != '(' && c != ')' && c != '[' && c != ']') result += c;
+            if (std::string_view("_ ()[]{}-:@%").find(c) == std::string_view::npos) result += c;
         return result;
     };
     std::string const suffix = plain(std::string_view(upper).substr(after));
-    if (!suffix.empty() && suffix != "NM") return std::nullopt;
+    if (!suffix.empty() && suffix != "NM" && suffix != "R" && suffix != "NMR") return std::nullopt;
     std::string const name = plain(std::string_view(upper).substr(0, digits));
     auto const prefix = std::find_if(prefixes.begin(), prefixes.end(),
                                      [&name](Prefix const& one) { return one.name == name; });
@@ -266,6 +315,7 @@ std::optional<CgatsBand> CgatsBandOf(std::string_view field) {
                                : band.wavelength >= 300 && band.wavelength <= 1200;
     if (!plausible) return std::nullopt;
     if (prefix->scale > 0) band.scale = prefix->scale;
+    if (upper.find('%') != std::string::npos) band.scale = 100;
     band.transmission = prefix->transmission;
     return band;
 }
@@ -309,10 +359,15 @@ CgatsLayout MakeCgatsLayout(CgatsScanner const& scanner, std::vector<CgatsToken>
     for (std::size_t i = 0; i < fields.size(); ++i)
         colourFields.push_back(used[i] ? ColourField() : ColourFieldOf(layout.names[i]));
     FindColours(layout, fields, used, colourFields, scanner);
+    std::set<std::string> const series = NumberedSeries(layout.names);
+    auto const numbered = [&series](std::string const& name) {
+        return series.contains(name.substr(0, name.find_last_not_of("0123456789") + 1));
+    };
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (used[i]) continue;
         layout.others.push_back(i);
-        if (LooksMeant(layout.names[i], colourFields[i].name)) layout.suspicious.push_back(i);
+        if (numbered(layout.names[i]) || LooksMeant(layout.names[i], colourFields[i].name))
+            layout.suspicious.push_back(i);
     }
     return layout;
 }

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,6 +63,12 @@ std::optional<CgatsBand> CgatsBandOf(std::string_view field);
 /// at bands that disagree on their scale, and at wavelengths that aren't evenly spaced.
 CgatsLayout MakeCgatsLayout(CgatsScanner const& scanner, std::vector<CgatsToken> const& fields,
                             std::optional<double> start, std::optional<double> end);
+
+/// Whether the first component of a space is L*.
+bool HasLightness(std::string_view space);
+/// Why no surface has a colour of such a space, by its first two components: a shifted column, or another
+/// scale. Empty for one that may be.
+std::string WhyNoSurface(std::string_view space, std::span<double const> values);
 
 /// Wavelengths in nm that a field's name can tell.
 inline constexpr double kLowestWavelength = 100;

@@ -31,7 +31,7 @@ struct Keyword {
 };
 using W = ConditionWords;
 constexpr unsigned kViewing = W::Illuminant | W::Observer;
-constexpr std::array<Keyword, 37> kKeywords{{
+constexpr std::array<Keyword, 51> kKeywords{{
     {"ILLUMINANT", 2, kViewing, W::Illuminant},
     {"ILLUMINATION", 2, kViewing, W::Illuminant},
     {"ILLUM", 2, kViewing, W::Illuminant},
@@ -41,12 +41,12 @@ constexpr std::array<Keyword, 37> kKeywords{{
     {"ILLUMINANTTYPE", 2, kViewing, W::Illuminant},
     {"ILLUMINANTNAME", 2, kViewing, W::Illuminant},
     {"ILLUMINANTOBSERVER", 2, kViewing, W::Illuminant},
-    {"OBSERVER", 2, W::Observer, W::Observer},
-    {"OBSERVERANGLE", 2, W::Observer, W::Observer},
-    {"OBSERVERTYPE", 2, W::Observer, W::Observer},
-    {"STANDARDOBSERVER", 2, W::Observer, W::Observer},
-    {"CIEOBSERVER", 2, W::Observer, W::Observer},
-    {"OBS", 2, W::Observer, W::Observer},
+    {"OBSERVER", 2, kViewing, W::Observer},
+    {"OBSERVERANGLE", 2, kViewing, W::Observer},
+    {"OBSERVERTYPE", 2, kViewing, W::Observer},
+    {"STANDARDOBSERVER", 2, kViewing, W::Observer},
+    {"CIEOBSERVER", 2, kViewing, W::Observer},
+    {"OBS", 2, kViewing, W::Observer},
     {"WEIGHTINGFUNCTION", 3, kViewing, 0},
     {"COMPUTATIONALPARAMETER", 3, kViewing, 0},
     {"ILLUMINATIONNAME", 4, kViewing, W::Illuminant},
@@ -69,6 +69,20 @@ constexpr std::array<Keyword, 37> kKeywords{{
     {"MEASUREMENTTYPE", 6, W::SpectrumType, 0},
     {"SPECTRUMTYPE", 6, W::SpectrumType, 0},
     {"DEVICECLASS", 6, W::SpectrumType, 0},
+    {"ILLOBS", 2, kViewing, W::Illuminant},
+    {"ILLUMOBS", 2, kViewing, W::Illuminant},
+    {"VIEWINGCONDITION", 2, kViewing, 0},
+    {"VIEWINGCONDITIONS", 2, kViewing, 0},
+    {"COLORIMETRICILLUMINANT", 2, kViewing, W::Illuminant},
+    {"OBSERVERDEGREE", 2, kViewing, W::Observer},
+    {"OBSERVERDEGREES", 2, kViewing, W::Observer},
+    {"CIESTANDARDOBSERVER", 2, kViewing, W::Observer},
+    {"MEASUREMENTMODE", 5, W::Filter | W::Geometry | W::Backing, 0},
+    {"POLFILTER", 6, W::Filter | W::Polarisation, 0},
+    {"POLARIZATIONFILTER", 6, W::Filter | W::Polarisation, 0},
+    {"POLARISATIONFILTER", 6, W::Filter | W::Polarisation, 0},
+    {"POLARISER", 6, W::Filter | W::Polarisation, 0},
+    {"BACKINGMATERIAL", 6, W::Backing, 0},
 }};
 constexpr std::array<std::string_view, 2> kFreeKeywords{"MEASUREMENTSOURCE", "INSTRUMENTATION"};
 constexpr unsigned kEverything = kViewing | W::Filter | W::Geometry | W::Backing | W::SpectrumType;
@@ -77,6 +91,26 @@ Keyword const* FindKeyword(std::string const& plain) {
     auto const found = std::find_if(kKeywords.begin(), kKeywords.end(),
                                     [&plain](Keyword const& one) { return one.name == plain; });
     return found == kKeywords.end() ? nullptr : &*found;
+}
+
+/// Keywords that nobody here knows, but that seem to speak of conditions.
+bool MaySpeakOfConditions(std::string_view plain) {
+    for (std::string_view const part : {"ILLUM", "OBSERV", "WEIGHTINGF", "FILTER", "POLARI", "GEOMETR",
+                                        "BACKING", "MEASUREMENTCOND", "VIEWING", "LIGHTSOURCE"})
+        if (plain.find(part) != std::string_view::npos) return true;
+    return false;
+}
+
+/// A keyword and its value without what some writers put between them: "ILLUMINANT: D65", "ILLUMINANT=D65".
+SampleSet::Property Parted(SampleSet::Property const& property) {
+    auto [key, value] = property;
+    constexpr std::string_view signs = ":=,;";
+    if (auto const sign = key.find_first_of(":="); value.empty() && sign != std::string::npos) {
+        value = key.substr(sign + 1);
+        key.erase(sign);
+    }
+    while (!key.empty() && signs.find(key.back()) != std::string_view::npos) key.pop_back();
+    return {key, value};
 }
 
 bool IsFilterKeyword(std::string const& name) { return PlainName(name).find("FILTER") != std::string::npos; }
@@ -124,7 +158,9 @@ std::vector<std::pair<std::string, std::string>> TakePairs(std::string& text) {
 CgatsHeader::CgatsHeader(std::span<SampleSet::Property const> properties) : properties_(properties) {
     TakeOwn(properties);
     for (std::size_t place = 0; place < properties.size(); ++place) {
-        auto const& [key, value] = properties[place];
+        if (properties[place].first.starts_with(kConditionKeyword) || properties[place].first == "#")
+            continue;
+        auto const [key, value] = Parted(properties[place]);
         std::string const plain = PlainName(key);
         if (std::find(kFreeKeywords.begin(), kFreeKeywords.end(), plain) != kFreeKeywords.end())
             TakeFree(place, key, value);
@@ -237,7 +273,12 @@ void CgatsHeader::TakeOne(std::size_t place, std::string const& keyword, char co
 }
 
 void CgatsHeader::TakeKeyword(std::size_t place, std::string const& key, std::string const& value) {
-    Keyword const* const keyword = FindKeyword(PlainName(key));
+    std::string const plain = PlainName(key);
+    Keyword const* const keyword = FindKeyword(plain);
+    bool const empty = value.find_first_not_of(" \t") == std::string::npos;
+    if (!keyword && MaySpeakOfConditions(plain))
+        AddNote(Kind::Skipped, place, Joined({"the keyword ", key, " isn't known"}));
+    if (keyword && empty) AddNote(Kind::Skipped, place, key + " has no value");
     if (!keyword || SaysNothing(value)) return;
     try {
         ConditionWords const words = ConditionWords::Parse(value, keyword->about, false);

@@ -10,6 +10,7 @@
 
 namespace Norvelian::ColorExchangeFormat {
 
+using Tristim::Numbers::HasDecimalComma;
 using Tristim::Numbers::Parse;
 using ::Utilities::MakeSmart;
 
@@ -57,8 +58,6 @@ private:
 
     CgatsScanner scanner_;
     ReadOptions options_;
-    std::optional<double> start_;
-    std::optional<double> end_;
     CgatsTable table_;
 };
 
@@ -83,8 +82,9 @@ void Reader::TakeKeyword(CgatsToken const& keyword, SampleSet& set, Stated& stat
         stated.setsAt = keyword;
         return;
     }
-    if (plain == "SPECTRALSTARTNM") start_ = HeaderNumber(keyword, value);
-    if (plain == "SPECTRALENDNM") end_ = HeaderNumber(keyword, value);
+    if (plain == "SPECTRALBANDS") table_.stated.count = HeaderNumber(keyword, value);
+    if (plain == "SPECTRALSTARTNM") table_.stated.first = HeaderNumber(keyword, value);
+    if (plain == "SPECTRALENDNM") table_.stated.last = HeaderNumber(keyword, value);
     if (plain == "SPECTRALNORM" || plain == "SPECTRALNORMALIZATION" || plain == "SPECTRALUNITS" ||
         plain == "SPECTRALUNIT")
         table_.norm = ScaleOf(keyword, value);
@@ -95,9 +95,14 @@ void Reader::TakeKeyword(CgatsToken const& keyword, SampleSet& set, Stated& stat
 
 double Reader::ScaleOf(CgatsToken const& keyword, std::string const& value) const {
     std::string const plain = PlainName(value);
-    if (plain == "PERCENT" || plain == "%" || plain == "PCT") return 100;
-    if (plain == "FRACTION" || plain == "FACTOR" || plain == "DECIMAL") return 1;
-    double const norm = *HeaderNumber(keyword, value);
+    if (plain == "%" || plain.starts_with("PERCENT") || plain.starts_with("PCT")) return 100;
+    if (plain.starts_with("FRACTION") || plain == "FACTOR" || plain == "DECIMAL") return 1;
+    bool const sign = value.size() > 1 && value.ends_with('%');
+    double norm = 0;
+    if (!Parse(std::string_view(value).substr(0, value.size() - sign), norm))
+        scanner_.Fail(keyword, keyword.Unquoted() + " is \"" + value +
+                                   "\"; expected percent, fraction or a number" +
+                                   (HasDecimalComma(value) ? " with a decimal point, not a comma" : ""));
     if (!(norm > 0))
         scanner_.Fail(keyword, keyword.Unquoted() + " is " + value + "; expected a positive number");
     return norm;
@@ -132,10 +137,12 @@ void Reader::ReadFormat() {
     for (; !token.Is("END_DATA_FORMAT"); token = scanner_.Next()) {
         if (token.atEnd || token.Is("BEGIN_DATA"))
             scanner_.Fail(token, "the data format doesn't end; expected END_DATA_FORMAT");
+        if (!token.quoted && CgatsTable::IsJoined(token.text))
+            scanner_.Fail(token, "the fields are parted by commas or semicolons; expected blanks or tabs");
         table_.format.push_back(token);
     }
     if (table_.format.empty()) scanner_.Fail(token, "the data format has no fields");
-    table_.layout = MakeCgatsLayout(scanner_, table_.format, start_, end_);
+    table_.layout = MakeCgatsLayout(scanner_, table_.format, table_.stated.first, table_.stated.last);
 }
 
 void Reader::ReadData(SampleSet& set, Stated const& stated) {
@@ -202,8 +209,7 @@ void Reader::CheckCoverage() const {
 SampleSetPointer Reader::ReadTable() {
     auto set = MakeSmart<SampleSet>();
     Stated stated;
-    start_.reset();
-    end_.reset();
+    table_.stated = {};
     table_.norm.reset();
     table_.xyzNorm.reset();
     table_.properties.clear();

@@ -5,23 +5,20 @@
 #include "cxf/conditions/Numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <span>
 #include <utility>
 
 namespace Norvelian::ColorExchangeFormat {
 
+using Tristim::Numbers::HasDecimalComma;
 using Tristim::Numbers::Parse;
 using ::Utilities::MakeSmart;
 using Kind = ReadNote::Kind;
 
-bool HasDecimalComma(std::string_view text) {
-    auto const comma = text.find(',');
-    if (comma == std::string_view::npos || text.find(',', comma + 1) != std::string_view::npos) return false;
-    std::string point(text);
-    point[comma] = '.';
-    double number = 0;
-    return Parse(point, number);
+bool CgatsTable::IsJoined(std::string_view text) {
+    return text.find(';') != std::string_view::npos || std::count(text.begin(), text.end(), ',') > 1;
 }
 
 void CgatsTable::FailInData(CgatsToken const& where, std::string const& reason) const {
@@ -33,10 +30,11 @@ void CgatsTable::FailInData(CgatsToken const& where, std::string const& reason) 
 
 void CgatsTable::FailUneven() const {
     bool const few = unevenCount < format.size();
-    scanner.Fail(*uneven,
-                 "the line has " + std::to_string(unevenCount) + " values; expected " +
-                     std::to_string(format.size()) +
-                     (few ? " (an empty cell is written \"\")" : " (a text with blanks needs quotes)"));
+    scanner.Fail(*uneven, "the line has " + std::to_string(unevenCount) + " values; expected " +
+                              std::to_string(format.size()) +
+                              (IsJoined(uneven->text) ? " (values are parted by blanks or tabs)"
+                               : few                  ? " (an empty cell is written \"\")"
+                                                      : " (a text with blanks needs quotes)"));
 }
 
 double CgatsTable::Number(CgatsToken const& token, std::size_t field) const {
@@ -129,9 +127,9 @@ double CgatsTable::FindXyzScale(CgatsLayout::Colour const& colour, Conditions co
     // A lightness in the same row tells for certain.
     for (auto const& other : layout.colours) {
         if (std::string_view(other.kind->space) != "CIELab") continue;
-        double const stated = Number(data[brightest * width + other.fields[0]], other.fields[0]);
-        bool const fraction = std::abs(Tristim::Lightness(highestY) - stated) <
-                              std::abs(Tristim::Lightness(highestY / 100) - stated);
+        double const lightness = Number(data[brightest * width + other.fields[0]], other.fields[0]);
+        bool const fraction = std::abs(Tristim::Lightness(highestY) - lightness) <
+                              std::abs(Tristim::Lightness(highestY / 100) - lightness);
         if (fraction)
             Note(Kind::Converted, at, std::string(space) + " on a scale of 1, as L* of the same row says");
         return fraction ? 100 : 1;
@@ -148,6 +146,8 @@ std::vector<CgatsTable::ReadColour> CgatsTable::PrepareColours(CgatsHeader const
         read.colour = &colour;
         if (colour.kind->device) {
             read.conditions.SetAttribute(Key::ColorSpaceType, colour.kind->space);
+            Note(Kind::Taken, format[colour.fields.front()],
+                 std::string(colour.kind->space) + ", what a device was sent");
         } else {
             read.conditions = header.GetColourConditions(colour.kind->space);
             if (!colour.viewing.GetAttribute(Key::Illumination, "").empty())
@@ -156,11 +156,31 @@ std::vector<CgatsTable::ReadColour> CgatsTable::PrepareColours(CgatsHeader const
                     read.conditions.Forget(key);
             for (auto const& [key, value] : colour.viewing.GetAll()) read.conditions.SetAttribute(key, value);
             read.scale = FindXyzScale(colour, read.conditions);
+            CheckRange(colour, read.conditions);
             NoteColour(colour, read.conditions);
         }
         colours.push_back(std::move(read));
     }
     return colours;
+}
+
+void CgatsTable::CheckRange(CgatsLayout::Colour const& colour, Conditions const& conditions) {
+    std::string_view const space = colour.kind->space;
+    std::string const type = conditions.GetAttribute(Tristim::Vocabulary::Key::SpectrumType, "Remission");
+    if (!HasLightness(space) || (type != "Remission" && type != "Transmission")) return;
+    std::size_t const width = format.size();
+    double highest = 0;
+    for (std::size_t row = 0; row * width < data.size(); ++row) {
+        CgatsToken const& at = data[row * width + colour.fields[0]];
+        std::array<double, 2> values{};
+        for (std::size_t i = 0; i < values.size(); ++i)
+            values[i] = Number(data[row * width + colour.fields[i]], colour.fields[i]);
+        if (std::string const reason = WhyNoSurface(space, values); !reason.empty()) FailInData(at, reason);
+        highest = std::max(highest, values[0]);
+    }
+    if (highest > 0 && highest <= 1)
+        Note(Kind::Assumed, format[colour.fields.front()],
+             std::string(space) + " on a scale of 100, though no L* is above 1");
 }
 
 void CgatsTable::NoteColour(CgatsLayout::Colour const& colour, Conditions const& conditions) {
@@ -241,6 +261,7 @@ CgatsHeader CgatsTable::TakeHeader(SampleSet const& set) {
 
 void CgatsTable::NoteSpectra(Conditions const& conditions) {
     if (!Notes()) return;
+    NoteBands();
     CgatsToken const& at = format[layout.bands.front()];
     double const last = layout.first + layout.step * static_cast<double>(layout.bands.size() - 1);
     using Tristim::Numbers::Shortest;
@@ -255,6 +276,20 @@ void CgatsTable::NoteSpectra(Conditions const& conditions) {
         Tristim::Vocabulary::Key::Resampling);
     bool const extended = layout.first > kFirstBand || last < kLastBand;
     if (!done.empty()) Note(extended ? Kind::Assumed : Kind::Converted, at, done);
+}
+
+void CgatsTable::NoteBands() {
+    double const last = layout.first + layout.step * static_cast<double>(layout.bands.size() - 1);
+    auto const compare = [this](char const* keyword, std::optional<double> said, double found) {
+        if (!said || std::abs(*said - found) < 1e-6) return;
+        std::string const held = Tristim::Numbers::Shortest(found);
+        Note(Kind::Contradiction, format[layout.bands.front()],
+             std::string(keyword) + " is " + Tristim::Numbers::Shortest(*said) +
+                 ", but the names of the bands say " + held + "; " + held + " is assumed");
+    };
+    compare("SPECTRAL_BANDS", stated.count, static_cast<double>(layout.bands.size()));
+    compare("SPECTRAL_START_NM", stated.first, layout.first);
+    compare("SPECTRAL_END_NM", stated.last, last);
 }
 
 void CgatsTable::NoteFields() {

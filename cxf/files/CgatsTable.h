@@ -24,6 +24,14 @@ public:
     std::vector<CgatsToken> properties;
     std::optional<double> norm;    ///< what the header says of the spectra's scale
     std::optional<double> xyzNorm; ///< and of that of XYZ
+    /// What the header says of the bands. Wavelengths tell more than the fields' names where these are
+    /// rounded.
+    struct Bands {
+        std::optional<double> first;
+        std::optional<double> last;
+        std::optional<double> count;
+    };
+    Bands stated;
     std::vector<CgatsToken> format;
     CgatsLayout layout;
     /// All words of the data, one set behind the other; numbers are read when the table is whole.
@@ -36,6 +44,8 @@ public:
     void AddSamples(SampleSet& set);
     [[noreturn]] void FailInData(CgatsToken const& where, std::string const& reason) const;
     [[noreturn]] void FailUneven() const;
+    /// "50;10;-10" and "50,10,-10": what should have been several words.
+    static bool IsJoined(std::string_view text);
 
 private:
     /// A colour of the table with what is the same in all rows.
@@ -51,19 +61,19 @@ private:
     double FindSpectralScale(SampleSet& set, std::string const& type, double highest);
     /// What the tristimulus values must be multiplied by to have 100 for white.
     double FindXyzScale(CgatsLayout::Colour const& colour, Conditions const& conditions);
+    /// Fails at a lightness or chroma that no surface has: a shifted column, or another scale.
+    void CheckRange(CgatsLayout::Colour const& colour, Conditions const& conditions);
     std::vector<ReadColour> PrepareColours(CgatsHeader const& header);
     double Number(CgatsToken const& token, std::size_t field) const;
     bool Notes() const { return options.report || options.strict; }
     void Note(ReadNote::Kind kind, CgatsToken const& where, std::string const& text);
     void NoteSpectra(Conditions const& conditions);
+    void NoteBands();
     void NoteColour(CgatsLayout::Colour const& colour, Conditions const& conditions);
     void NoteFields();
 
     std::vector<double> spectra_;
 };
-
-/// "0,5" and "-12,75": a number as it is written where the comma is the decimal sign.
-bool HasDecimalComma(std::string_view text);
 
 /// Wavelengths that a spectrum of 36 bands needs, with room for rounding.
 inline constexpr double kFirstBand = 380.01;

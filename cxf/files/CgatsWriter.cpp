@@ -266,6 +266,12 @@ void Table::WriteAttribute(SampleAttribute const& attribute, SampleAttribute con
                                    "reader of CGATS would take for one");
     } else if (auto const* const colour = dynamic_cast<ColorVector const*>(&attribute); colour && same) {
         values = &colour->GetVector().GetExactValues();
+        std::string const type = colour->GetConditions().GetAttribute(Key::SpectrumType, "Remission");
+        std::string const space = colour->GetConditions().GetAttribute(Key::ColorSpaceType, "CIELab");
+        std::string const reason = WhyNoSurface(space, *values);
+        if ((type == "Remission" || type == "Transmission") && !reason.empty())
+            throw TristimException("sample \"" + name + "\": " + reason +
+                                   ", which no reader of CGATS would take");
     } else if (auto const* const unknown = dynamic_cast<UnknownSampleAttribute const*>(&attribute);
                unknown && same) {
         same = unknown->GetName() == static_cast<UnknownSampleAttribute const&>(model).GetName() &&

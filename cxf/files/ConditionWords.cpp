@@ -31,7 +31,7 @@ constexpr std::array<Meaning, 13> kObservers{{{"2", "TwoDegree"},
                                               {"TENDEGREE", "TenDegree"},
                                               {"1964", "TenDegree"},
                                               {"CIE1964", "TenDegree"}}};
-constexpr std::array<Meaning, 26> kFilters{{{"M0", "No"},
+constexpr std::array<Meaning, 28> kFilters{{{"M0", "No"},
                                             {"M1", "D65"},
                                             {"M2", "UVCut"},
                                             {"M3", "Polarizer"},
@@ -49,6 +49,8 @@ constexpr std::array<Meaning, 26> kFilters{{{"M0", "No"},
                                             {"UVFILTER", "UVCut"},
                                             {"UVEXCLUDED", "UVCut"},
                                             {"UVEX", "UVCut"},
+                                            {"UVEXCL", "UVCut"},
+                                            {"UVBLOCK", "UVCut"},
                                             {"UNPOLARIZED", "No"},
                                             {"UNPOLARISED", "No"},
                                             {"NOFILTER", "No"},
@@ -65,24 +67,34 @@ constexpr std::array<Meaning, 7> kBareFilters{{{"NO", "No"},
                                                {"UV", "UVCut"},
                                                {"UVC", "UVCut"},
                                                {"CROSS", "Polarizer"}}};
-constexpr std::array<Meaning, 9> kGeometries{{{"45/0", "45:0"},
-                                              {"45:0", "45:0"},
-                                              {"45A/0", "45:0"},
-                                              {"0/45", "0:45"},
-                                              {"0:45", "0:45"},
-                                              {"0/45A", "0:45"},
-                                              {"D/0", "d:0"},
-                                              {"D:0", "d:0"},
-                                              {"0/D", "d:0"}}};
-constexpr std::array<Meaning, 8> kSpheres{{{"SCI", "d:8i"},
-                                           {"SPIN", "d:8i"},
-                                           {"DI:8", "d:8i"},
-                                           {"D:8I", "d:8i"},
-                                           {"SCE", "d:8e"},
-                                           {"SPEX", "d:8e"},
-                                           {"DE:8", "d:8e"},
-                                           {"D:8E", "d:8e"}}};
-constexpr std::array<Meaning, 6> kBackings{{{"BLACK", "Black"},
+/// With "/" for ":"; light at 45 degrees comes from all around (a, c) or from one side (x).
+constexpr std::array<Meaning, 10> kGeometries{{{"45/0", "45:0"},
+                                               {"45A/0", "45:0"},
+                                               {"45C/0", "45:0"},
+                                               {"45X/0", "45:0"},
+                                               {"0/45", "0:45"},
+                                               {"0/45A", "0:45"},
+                                               {"0/45C", "0:45"},
+                                               {"0/45X", "0:45"},
+                                               {"D/0", "d:0"},
+                                               {"0/D", "d:0"}}};
+constexpr std::array<Meaning, 14> kSpheres{{{"SCI", "d:8i"},
+                                            {"SPIN", "d:8i"},
+                                            {"RSIN", "d:8i"},
+                                            {"DI/8", "d:8i"},
+                                            {"8/DI", "d:8i"},
+                                            {"D/8I", "d:8i"},
+                                            {"SPECULARINCLUDED", "d:8i"},
+                                            {"SCE", "d:8e"},
+                                            {"SPEX", "d:8e"},
+                                            {"RSEX", "d:8e"},
+                                            {"DE/8", "d:8e"},
+                                            {"8/DE", "d:8e"},
+                                            {"D/8E", "d:8e"},
+                                            {"SPECULAREXCLUDED", "d:8e"}}};
+constexpr std::array<Meaning, 8> kBackings{{{"BLACK", "Black"},
+                                            {"BB", "Black"},
+                                            {"WB", "White"},
                                             {"BLK", "Black"},
                                             {"WHITE", "White"},
                                             {"WHT", "White"},
@@ -110,12 +122,26 @@ constexpr std::array<Meaning, 14> kTypes{{{"REFLECTANCE", "Remission"},
                                           {"AMBIENTLIGHT", "AmbientLight"},
                                           {"FLASH", "Flash"}}};
 /// Words around a statement that say nothing by themselves.
-constexpr std::array<std::string_view, 34> kFillers{
-    "CIE",      "ILLUMINANT", "ILLUMINATION", "ILLUM",   "STANDARD",  "STD",         "OBSERVER",
-    "OBS",      "ANGLE",      "DEG",          "DEGREE",  "DEGREES",   "FIELD",       "FILTER",
-    "BACKING",  "GEOMETRY",   "DAYLIGHT",     "LIGHT",   "SOURCE",    "MEASUREMENT", "CONDITION",
-    "AND",      "OF",         "WITH",         "BASE",    "ISO",       "13655",       "SUPPLEMENTARY",
-    "MATERIAL", "MODE",       "COLORIMETRIC", "WEIGHTS", "GEOMETRIC", "MODEL"};
+constexpr std::array<std::string_view, 40> kFillers{"CIE",          "ILLUMINANT",
+                                                    "ILLUMINATION", "ILLUM",
+                                                    "STANDARD",     "STD",
+                                                    "OBSERVER",     "OBS",
+                                                    "ANGLE",        "DEG",
+                                                    "DEGREE",       "DEGREES",
+                                                    "FIELD",        "FILTER",
+                                                    "BACKING",      "GEOMETRY",
+                                                    "DAYLIGHT",     "LIGHT",
+                                                    "SOURCE",       "MEASUREMENT",
+                                                    "CONDITION",    "AND",
+                                                    "OF",           "WITH",
+                                                    "BASE",         "ISO",
+                                                    "13655",        "SUPPLEMENTARY",
+                                                    "MATERIAL",     "MODE",
+                                                    "COLORIMETRIC", "WEIGHTS",
+                                                    "GEOMETRIC",    "MODEL",
+                                                    "NORMLICHT",    "NORMLICHTART",
+                                                    "LICHTART",     "NORMALBEOBACHTER",
+                                                    "BEOBACHTER",   "GRAD"};
 
 bool IsIn(std::span<std::string_view const> words, std::string_view word) {
     return std::find(words.begin(), words.end(), word) != words.end();
@@ -129,7 +155,21 @@ Text MeaningOf(std::span<Meaning const> meanings, std::string_view word) {
 char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Cuts a value into words; a degree sign becomes the word DEG, and digits part from letters behind them.
+/// Whether a text ends in the second half of a geometry ("45/0", "d:8").
+bool EndsInGeometry(std::string_view text) {
+    for (std::string_view const end : {"/0", "/8", "/45", ":0", ":8", ":45"})
+        if (text.ends_with(end)) return true;
+    return false;
+}
+/// Whether a geometry goes on behind a degree sign: "45°/0°", "45°a:0°".
+bool GeometryGoesOn(std::string_view rest) {
+    if (!rest.empty() && std::string_view("aAcCxX").find(rest.front()) != std::string_view::npos)
+        rest.remove_prefix(1);
+    return !rest.empty() && (rest.front() == '/' || rest.front() == ':');
+}
+
+/// Cuts a value into words. A degree sign becomes the word DEG, but nothing within a geometry; ":" of a
+/// geometry becomes "/"; digits part from letters behind them.
 std::vector<std::string> WordsOf(std::string_view value) {
     std::string text;
     for (std::size_t i = 0; i < value.size(); ++i) {
@@ -138,8 +178,8 @@ std::vector<std::string> WordsOf(std::string_view value) {
                           (static_cast<unsigned char>(value[i + 1]) == 0xB0 ||
                            static_cast<unsigned char>(value[i + 1]) == 0xBA);
         if (utf8 || byte == 0xB0 || byte == 0xBA) {
-            text += " DEG ";
             i += utf8 ? 1 : 0;
+            if (!EndsInGeometry(text) && !GeometryGoesOn(value.substr(i + 1))) text += " DEG ";
         } else {
             text += Upper(value[i]);
         }
@@ -155,10 +195,10 @@ std::vector<std::string> WordsOf(std::string_view value) {
             end();
         } else if ((c == '/' || c == ':')) {
             // "45/0" and "d/8" are one word, "D65/10" two.
-            bool const geometry =
-                word == "45" || word == "0" || word == "D" || word == "45A" || word == "DI" || word == "DE";
-            if (geometry)
-                word += c;
+            static constexpr std::array<std::string_view, 9> geometry{"45", "45A", "45C", "45X", "0",
+                                                                      "8",  "D",   "DI",  "DE"};
+            if (IsIn(geometry, word))
+                word += '/';
             else
                 end();
         } else {
@@ -178,13 +218,14 @@ std::vector<std::string> WordsOf(std::string_view value) {
                           words[i] == "FL" || words[i] == "ID" || words[i] == "HP";
         bool const filter =
             words[i] == "UV" || words[i] == "CROSS" || (words[i] == "NO" && words[i + 1] == "FILTER");
+        bool const gloss = words[i] == "SPECULAR";
         bool const observer = (words[i] == "TWO" || words[i] == "TEN") && words[i + 1] == "DEGREE";
-        bool const sphere = words[i] == "D/8" || words[i] == "D:8";
+        bool const sphere = words[i] == "D/8" || words[i] == "8/D";
         if (sphere && (words[i + 1] == "SCI" || words[i + 1] == "SCE" || words[i + 1] == "SPIN" ||
-                       words[i + 1] == "SPEX"))
-            words.erase(words.begin() + static_cast<std::ptrdiff_t>(i));
+                       words[i + 1] == "SPEX" || words[i + 1] == "SPECULAR"))
+            words.erase(words.begin() + static_cast<std::ptrdiff_t>(i--));
         else if (observer || (lamp && Tristim::FindIlluminant(joined)) ||
-                 (filter && MeaningOf(kFilters, joined))) {
+                 (filter && MeaningOf(kFilters, joined)) || (gloss && MeaningOf(kSpheres, joined))) {
             words[i] = joined;
             words.erase(words.begin() + static_cast<std::ptrdiff_t>(i) + 1);
         }
@@ -260,17 +301,20 @@ bool Parser::Take(std::string const& word) {
          Behind("ANGLE") || Behind("OBSERVERANGLE")))
         if (TakeFrom(ConditionWords::Observer, Key::Observer, kObservers, word)) return true;
     if (about_ & ConditionWords::Polarisation) {
-        static constexpr std::array<std::string_view, 4> yes{"YES", "ON", "TRUE", "CROSS"};
+        static constexpr std::array<std::string_view, 6> yes{"YES", "ON", "TRUE", "CROSS", "IN", "1"};
         // Without a polariser the filter may still be any of the others.
-        static constexpr std::array<std::string_view, 7> no{"NO",          "NONE",        "OFF",     "FALSE",
-                                                            "UNPOLARIZED", "UNPOLARISED", "NOFILTER"};
+        static constexpr std::array<std::string_view, 9> no{
+            "NO", "NONE", "OFF", "FALSE", "OUT", "0", "UNPOLARIZED", "UNPOLARISED", "NOFILTER"};
         if (IsIn(no, word)) return true;
         if (IsIn(yes, word)) {
             Set(Key::Filter, "Polarizer");
             return true;
         }
     }
-    if (!loose_ && about_ == ConditionWords::Filter &&
+    // "UV included" isn't a cut, and "no UV" may be one.
+    bool const bare = std::count_if(words_.begin(), words_.end(),
+                                    [](std::string const& one) { return !IsIn(kFillers, one); }) == 1;
+    if (!loose_ && about_ == ConditionWords::Filter && bare &&
         TakeFrom(ConditionWords::Filter, Key::Filter, kBareFilters, word))
         return true;
     if (TakeFrom(ConditionWords::Filter, Key::Filter, kFilters, word)) return true;

@@ -21,7 +21,8 @@ struct ReadNote {
     bool operator==(ReadNote const&) const = default;
 };
 
-/// What a reader made of a file, in the file's order: the ground on which to trust a foreign file.
+/// What a reader made of a file, table by table, header before data: the ground on which to trust a foreign
+/// file.
 class ReadReport {
 public:
     void Add(ReadNote::Kind kind, unsigned long line, std::string text) {

@@ -1,9 +1,10 @@
 #include "cxf/files/XmlReader.h"
 
-#include "cxf/conditions/ConditionText.h"
 #include "cxf/conditions/Numbers.h"
 #include "cxf/conditions/TristimException.h"
+#include "cxf/files/AttributeNotes.h"
 #include "cxf/files/ConditionWords.h"
+#include "cxf/files/Utf8.h"
 #include "cxf/files/XmlNames.h"
 
 #include <algorithm>
@@ -19,6 +20,14 @@ using ::Utilities::MakeSmart;
 using namespace Tristim::Vocabulary;
 
 namespace {
+
+/// The elements of a name; pugixml finds processing instructions by that name as well.
+std::vector<pugi::xml_node> Elements(pugi::xml_node node, char const* name) {
+    std::vector<pugi::xml_node> found;
+    for (pugi::xml_node const child : node.children(name))
+        if (child.type() == pugi::node_element) found.push_back(child);
+    return found;
+}
 
 class Reader {
 public:
@@ -41,6 +50,12 @@ private:
     /// Adds the comments and processing instructions of a known child to the foreign parts.
     void KeepRemarks(pugi::xml_node list, ForeignParts& parts) const;
     void CheckCondition(pugi::xml_node node, std::string const& key, std::string const& value) const;
+    /// The one element of a name, or none.
+    pugi::xml_node OnlyElement(pugi::xml_node node, char const* name) const {
+        auto const found = Elements(node, name);
+        if (found.size() > 1) Fail(found[0], std::string("<") + node.name() + "> has " + name + " twice");
+        return found.empty() ? pugi::xml_node() : found[0];
+    }
     unsigned long LineOf(pugi::xml_node node) const;
     void Note(ReadNote::Kind kind, pugi::xml_node node, std::string const& text) const;
     double Number(pugi::xml_node node, char const* attribute) const;
@@ -132,7 +147,7 @@ std::vector<SampleSetPointer> Reader::Run() {
     if (std::string const version = Text(root, Xml::Version); version != Xml::VersionValue)
         Fail(root, "the format's version is \"" + version + "\"; expected \"1\"");
     std::vector<SampleSetPointer> sets;
-    for (pugi::xml_node const child : root.children(Format::SampleSet)) sets.push_back(ReadSet(child));
+    for (pugi::xml_node const child : Elements(root, Format::SampleSet)) sets.push_back(ReadSet(child));
     if (!sets.empty()) sets.front()->SetFileForeign(Foreign(root, {Xml::Version}, {Format::SampleSet}));
     std::erase_if(sets, [](SampleSetPointer const& set) { return set->GetSamples().empty(); });
     return sets;
@@ -141,10 +156,10 @@ std::vector<SampleSetPointer> Reader::Run() {
 double Reader::FindScale(pugi::xml_node set) const {
     double highest = 0;
     pugi::xml_node found;
-    for (pugi::xml_node const sample : set.children(Format::Sample))
-        for (pugi::xml_node const spectrum : sample.children(Format::Spectrum)) {
+    for (pugi::xml_node const sample : Elements(set, Format::Sample))
+        for (pugi::xml_node const spectrum : Elements(sample, Format::Spectrum)) {
             std::string const type = ReadConditions(spectrum).GetAttribute(Key::SpectrumType, "Remission");
-            if (!spectrum.child(Xml::Values)) continue;
+            if (!OnlyElement(spectrum, Xml::Values)) continue;
             if (spectrum.attribute(Xml::Scale) || (type != "Remission" && type != "Transmission")) continue;
             if (!found) found = spectrum;
             for (double const value : ReadValues(spectrum)) highest = std::max(highest, value);
@@ -159,27 +174,20 @@ void Reader::NoteSet(pugi::xml_node node, SampleSet const& set) const {
     if (!options_.report && !options_.strict) return;
     Note(ReadNote::Kind::Taken, node,
          "set \"" + set.GetName() + "\" of " + std::to_string(set.GetSamples().size()) + " samples");
-    // One note for each kind of attribute and its conditions, not one for each sample.
-    std::vector<std::string> said;
-    for (pugi::xml_node const sample : node.children(Format::Sample))
-        for (pugi::xml_node const child : sample.children()) {
-            bool const spectrum = Is(child, Format::Spectrum);
-            if (!spectrum && !Is(child, Format::ColorVector)) continue;
-            auto const conditions = ReadConditions(child).GetMeasureConditions();
-            std::string const text = spectrum ? "spectra, " + Tristim::MeasurementText(conditions)
-                                              : conditions.GetMeasureCondition(Key::ColorSpaceType) +
-                                                    " under " + ConditionText(conditions);
-            if (std::find(said.begin(), said.end(), text) != said.end()) continue;
-            said.push_back(text);
-            Note(ReadNote::Kind::Taken, child, text);
-            for (auto const& [key, by] : conditions.GetAssumptions())
-                Note(ReadNote::Kind::Assumed, child,
-                     std::string(key)
-                         .append(" is ")
-                         .append(conditions.GetMeasureCondition(key))
-                         .append(", by ")
-                         .append(by));
+    // One note for each kind of attribute, not one for each sample.
+    std::set<std::pair<ReadNote::Kind, std::string>> said;
+    auto sample = set.GetSamples().begin();
+    for (pugi::xml_node const child : Elements(node, Format::Sample)) {
+        // Each element of a sample has become one attribute.
+        auto attribute = (*sample++)->GetSampleAttributes().begin();
+        for (pugi::xml_node const part : child.children()) {
+            if (part.type() != pugi::node_element) continue;
+            bool const stated = std::string_view(part.attribute(Xml::Extrapolate).value()) == Xml::Yes;
+            for (auto const& note : NotesOf(**attribute, !stated))
+                if (said.insert(note).second) Note(note.first, part, note.second);
+            ++attribute;
         }
+    }
 }
 
 SampleSetPointer Reader::ReadSet(pugi::xml_node node) {
@@ -188,9 +196,9 @@ SampleSetPointer Reader::ReadSet(pugi::xml_node node) {
     set->SetName(node.attribute(Xml::Name).value());
     set->SetDescription(node.attribute(Xml::Description).value());
     set->SetForeign(Foreign(node, {Xml::Name, Xml::Description}, {Xml::Property, Format::Sample}));
-    for (pugi::xml_node const child : node.children(Xml::Property))
+    for (pugi::xml_node const child : Elements(node, Xml::Property))
         set->AddProperty(Text(child, Xml::Name), Text(child, Xml::Value));
-    for (pugi::xml_node const child : node.children(Format::Sample)) set->AddSample(ReadSample(child));
+    for (pugi::xml_node const child : Elements(node, Format::Sample)) set->AddSample(ReadSample(child));
     NoteSet(node, *set);
     return set;
 }
@@ -222,8 +230,8 @@ Sample::AttributePointer Reader::ReadAttribute(pugi::xml_node node) const {
     if (Is(node, Format::ColorVector)) {
         auto colour = MakeSmart<ColorVector>(ReadValues(node), ReadConditions(node));
         ForeignParts foreign = Foreign(node, {}, {Xml::Conditions, Xml::Values});
-        KeepRemarks(node.child(Xml::Conditions), foreign);
-        KeepRemarks(node.child(Xml::Values), foreign);
+        KeepRemarks(OnlyElement(node, Xml::Conditions), foreign);
+        KeepRemarks(OnlyElement(node, Xml::Values), foreign);
         colour->SetForeign(std::move(foreign));
         return colour;
     }
@@ -255,8 +263,8 @@ Sample::AttributePointer Reader::ReadSpectrum(pugi::xml_node node) const {
     auto spectrum = MakeSmart<Spectrum>(first, step, std::move(values), conditions, may);
     ForeignParts foreign =
         Foreign(node, {Xml::First, Xml::Step, Xml::Extrapolate, Xml::Scale}, {Xml::Conditions, Xml::Values});
-    KeepRemarks(node.child(Xml::Conditions), foreign);
-    KeepRemarks(node.child(Xml::Values), foreign);
+    KeepRemarks(OnlyElement(node, Xml::Conditions), foreign);
+    KeepRemarks(OnlyElement(node, Xml::Values), foreign);
     spectrum->SetForeign(std::move(foreign));
     // Missing bands and unknown conditions must show now, and not when the spectrum is drawn.
     static_cast<void>(Extensions::Cxf2NV(*spectrum));
@@ -265,7 +273,7 @@ Sample::AttributePointer Reader::ReadSpectrum(pugi::xml_node node) const {
 
 Sample::AttributePointer Reader::ReadRecipe(pugi::xml_node node) const {
     std::vector<Recipe::Ingredient> ingredients;
-    for (pugi::xml_node const child : node.children(Xml::Ingredient)) {
+    for (pugi::xml_node const child : Elements(node, Xml::Ingredient)) {
         ingredients.push_back(
             {Text(child, Xml::Name), Number(child, Xml::Amount), child.attribute(Xml::Unit).value()});
         if (!Foreign(child, {Xml::Name, Xml::Amount, Xml::Unit}, {}).IsEmpty())
@@ -274,20 +282,20 @@ Sample::AttributePointer Reader::ReadRecipe(pugi::xml_node node) const {
     auto recipe = MakeSmart<Recipe>(std::move(ingredients));
     recipe->SetConditions(ReadConditions(node));
     ForeignParts foreign = Foreign(node, {}, {Xml::Conditions, Xml::Ingredient});
-    KeepRemarks(node.child(Xml::Conditions), foreign);
+    KeepRemarks(OnlyElement(node, Xml::Conditions), foreign);
     recipe->SetForeign(std::move(foreign));
     return recipe;
 }
 
 Conditions Reader::ReadConditions(pugi::xml_node node) const {
     Conditions conditions;
-    pugi::xml_node const list = node.child(Xml::Conditions);
-    if (list.next_sibling(Xml::Conditions))
-        Fail(list, std::string("<") + node.name() + "> has Conditions twice");
+    pugi::xml_node const list = OnlyElement(node, Xml::Conditions);
     for (pugi::xml_node const child : list.children()) {
         if (child.type() == pugi::node_comment || child.type() == pugi::node_pi) continue;
         if (!Is(child, Xml::Condition)) Fail(child, "a foreign part in <Conditions>; expected <Condition>");
-        std::string const key = Text(child, Xml::Name);
+        // Conditions are kept and written in the order of their keys, which are valid text when they are
+        // written.
+        std::string const key = ToValidUtf8(Text(child, Xml::Name));
         if (conditions.GetAll().contains(key)) Fail(child, "the condition " + key + " stands twice");
         std::string const value = Text(child, Xml::Value);
         CheckCondition(child, key, value);
@@ -324,9 +332,8 @@ void Reader::KeepRemarks(pugi::xml_node list, ForeignParts& parts) const {
 }
 
 std::vector<double> Reader::ReadValues(pugi::xml_node node) const {
-    pugi::xml_node const list = node.child(Xml::Values);
+    pugi::xml_node const list = OnlyElement(node, Xml::Values);
     if (!list) Fail(node, std::string("<") + node.name() + "> lacks <Values>");
-    if (list.next_sibling(Xml::Values)) Fail(list, std::string("<") + node.name() + "> has Values twice");
     std::vector<double> values;
     // Remarks between the numbers cut the text into pieces; between two of them a blank may have been
     // dropped.
@@ -352,7 +359,10 @@ std::vector<double> Reader::ReadValues(pugi::xml_node node) const {
         std::string_view const word = rest.substr(0, rest.find_first_of(blanks));
         double value = 0;
         if (!Tristim::Numbers::Parse(word, value))
-            Fail(list, "\"" + std::string(word) + "\" in <Values>; expected a finite number");
+            Fail(list, "\"" + std::string(word) + "\" in <Values>" +
+                           (Tristim::Numbers::HasDecimalComma(word)
+                                ? " has a decimal comma; expected a decimal point"
+                                : "; expected a finite number"));
         values.push_back(value);
         rest.remove_prefix(word.size());
     }

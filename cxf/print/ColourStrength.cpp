@@ -42,7 +42,7 @@ ColourStrength GetColourStrength(NVSpectrum const& standard, NVSpectrum const& s
     if (!(highest > 0))
         throw TristimException("the standard absorbs nothing, so nothing is stronger than it");
     return {100 * Absorption(sample, place) / highest, 100 * ofSample / ofStandard,
-            kBandFirst + kBandStep * static_cast<double>(place)};
+            kBandFirst + kBandStep * static_cast<double>(place), standard.GetMeasureConditions()};
 }
 
 } // namespace Norvelian::Tristim

@@ -150,9 +150,12 @@ DensityReading GetDensity(NVSpectrum const& spectrum, NVMeasureConditions const&
     }
     reading.filter = Choose(wanted, reading.all);
     reading.value = reading.all.Of(reading.filter);
-    for (Text const key : {Key::WhiteBase, Key::PaperSpectrum, Key::SpectrumType, Key::Filter})
-        if (std::string const value = resolved.conditions.GetMeasureCondition(key); !value.empty())
-            reading.conditions.SetMeasureCondition(key, value);
+    // A density has neither illuminant nor colour space.
+    reading.conditions = resolved.conditions;
+    for (Text const key : {Key::Illumination, Key::Observer, Key::ColorSpaceType, Key::AbsoluteOrDeltaVector,
+                           Key::ColorTemperature, Key::FluorescentType, Key::IlluminantName,
+                           Key::UserIllumination, Key::Bandpass})
+        reading.conditions.Forget(key);
     reading.conditions.SetMeasureCondition(Key::DensityStandard, Value::DensityStandard[standard]);
     reading.conditions.SetMeasureCondition(
         Key::DensityFilterMode, Value::DensityFilterMode[static_cast<std::size_t>(reading.filter)]);

@@ -22,7 +22,8 @@ struct DensityReading {
     double value;
     DensityFilter filter; ///< the filter that was read, also where "Max" or "Auto" chose it
     Densities all;
-    NVMeasureConditions conditions; ///< standard, filter, white base, spectrum type, physical filter, method
+    /// Standard, filter, white base and method, and what the measurement says of itself.
+    NVMeasureConditions conditions;
 };
 
 /// Optical densities from spectra: D = -log10(sum of product times value / sum of products) over the 36
@@ -33,8 +34,9 @@ struct DensityReading {
 ///    those of status E. Black is the ISO visual density for every standard.
 ///  - ANSII: ISO 5-3:1995 status I, and SPI, another name for it: bands of 20 nm full width at half maximum
 ///    at 430, 535 and 625 nm. DINNB: the narrow bands of DIN 16536 at 430, 530 and 620 nm, 20 nm wide. They
-///    are Gaussians, sampled at the spectrum's bands. Their centres and width are from memory, for want of a
-///    primary source, and the method of the result says so.
+///    are Gaussians, sampled at the spectrum's bands. Their centres and width are from memory: a search of
+///    public sources found that the two are narrow bands (pedrogargalaca.com.br, "Status I / SPI, DIN NB")
+///    but no wavelengths, and the method of the result says so.
 ///  - User: products from the conditions `Key::UserFilterBlack` to `UserFilterYellow`.
 ///
 /// "Max" is the highest of the four. "Auto" reads black if the lowest of cyan, magenta and yellow is at least

@@ -22,14 +22,26 @@ double Divide(double dividend, double divisor, char const* formula) {
 
 double Absorbed(double density) { return 1 - std::pow(10, -density); }
 
-XYZ XYZUnder(NVSpectrum const& spectrum, Illumination illumination, Observer observer, XYZ& white) {
+/// A spectrum's colour, and the white and conditions it holds under.
+struct Seen {
+    XYZ colour;
+    XYZ white;
+    NVMeasureConditions conditions;
+};
+Seen SeenUnder(NVSpectrum const& spectrum, Illumination illumination, Observer observer) {
     NVMeasureConditions conditions;
     conditions.SetMeasureCondition(Key::Illumination,
                                    Value::Illumination[static_cast<std::size_t>(illumination)]);
     conditions.SetMeasureCondition(Key::Observer, Value::Observer[static_cast<std::size_t>(observer)]);
     Resolved const resolved = Resolve(conditions, spectrum.GetMeasureConditions());
-    white = resolved.weights->white;
-    return resolved.Reduce(spectrum);
+    return {resolved.Reduce(spectrum), resolved.weights->white, resolved.conditions};
+}
+
+Whiteness WhitenessUnder(NVSpectrum const& spectrum, Illumination illumination, Observer observer) {
+    Seen const seen = SeenUnder(spectrum, illumination, observer);
+    Whiteness whiteness = WhitenessOf(seen.colour, seen.white, observer);
+    whiteness.conditions = seen.conditions;
+    return whiteness;
 }
 
 } // namespace
@@ -88,9 +100,7 @@ Whiteness WhitenessOf(XYZ const& colour, XYZ const& white, Observer observer) {
 }
 
 Whiteness GetWhiteness(NVSpectrum const& spectrum, Observer observer) {
-    XYZ white;
-    XYZ const colour = XYZUnder(spectrum, Illumination::D65, observer, white);
-    return WhitenessOf(colour, white, observer);
+    return WhitenessUnder(spectrum, Illumination::D65, observer);
 }
 
 Whiteness GetWhitenessE313(NVSpectrum const& spectrum, Illumination illumination, Observer observer) {
@@ -98,12 +108,10 @@ Whiteness GetWhitenessE313(NVSpectrum const& spectrum, Illumination illumination
         illumination != Illumination::D65)
         throw TristimException("whiteness (ASTM E313) is defined for illuminants C, D50 and D65; got " +
                                std::string(Value::Illumination[static_cast<std::size_t>(illumination)]));
-    XYZ white;
-    XYZ const colour = XYZUnder(spectrum, illumination, observer, white);
-    return WhitenessOf(colour, white, observer);
+    return WhitenessUnder(spectrum, illumination, observer);
 }
 
-double GetYellowness(NVSpectrum const& spectrum, Illumination illumination, Observer observer) {
+Measure GetYellowness(NVSpectrum const& spectrum, Illumination illumination, Observer observer) {
     bool const two = observer == Observer::TwoDegree;
     double cx = 0;
     double cz = 0;
@@ -117,13 +125,34 @@ double GetYellowness(NVSpectrum const& spectrum, Illumination illumination, Obse
         throw TristimException("yellowness (ASTM E313) is defined for illuminants C and D65; got " +
                                std::string(Value::Illumination[static_cast<std::size_t>(illumination)]));
     }
-    XYZ white;
-    XYZ const colour = XYZUnder(spectrum, illumination, observer, white);
-    return 100 * Divide(cx * colour.x - cz * colour.z, colour.y, "yellowness (ASTM E313)");
+    Seen const seen = SeenUnder(spectrum, illumination, observer);
+    double const difference = cx * seen.colour.x - cz * seen.colour.z;
+    return {100 * Divide(difference, seen.colour.y, "yellowness (ASTM E313)"), seen.conditions};
 }
 
-double GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
-                          NVMeasureConditions const& reference, NVMeasureConditions const& test) {
+Brightness GetBrightness(NVSpectrum const& spectrum) {
+    static constexpr std::array<double, 12> weights{0.213,  1.430,  3.885,  7.364, 12.295, 17.609,
+                                                    21.345, 18.933, 11.334, 4.333, 1.195,  0.064};
+    constexpr std::size_t first = (400 - kBandFirst) / kBandStep;
+    NVMeasureConditions const& measured = spectrum.GetMeasureConditions();
+    if (std::string const type = measured.GetMeasureCondition(Key::SpectrumType); type != "Remission")
+        throw TristimException("a spectrum of type \"" + type + "\" has no brightness");
+    Brightness result{0, {}, measured};
+    for (std::size_t band = 0; band < weights.size(); ++band)
+        result.percent += weights[band] * static_cast<double>(spectrum.GetValues()[first + band]);
+    std::string const geometry = measured.GetMeasureCondition(Key::Geometry);
+    bool const stated = measured.GetState(Key::Geometry) == ConditionState::Stated;
+    if (stated && geometry == "d:0")
+        result.name = "ISO brightness (ISO 2470)";
+    else if (geometry.empty())
+        result.name = "R457, geometry unknown";
+    else
+        result.name = "R457, " + geometry + (stated ? "" : " (assumed)");
+    return result;
+}
+
+Measure GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
+                           NVMeasureConditions const& reference, NVMeasureConditions const& test) {
     RequireComparable(standard.GetMeasureConditions(), sample.GetMeasureConditions(),
                       reference.GetMeasureCondition(Key::AcceptUnstated));
     Resolved const from = Resolve(reference, standard.GetMeasureConditions());
@@ -135,23 +164,24 @@ double GetMetamerismIndex(NVSpectrum const& standard, NVSpectrum const& sample,
     corrected.x *= Divide(one.x, other.x, name);
     corrected.y *= Divide(one.y, other.y, name);
     corrected.z *= Divide(one.z, other.z, name);
-    return DeltaE(FormulaOf(test), to.Reduce(standard), corrected, to.weights->white);
+    return {DeltaE(FormulaOf(test), to.Reduce(standard), corrected, to.weights->white), to.conditions};
 }
 
-double GetOpacity(NVSpectrum const& overBlack, NVSpectrum const& overWhite,
-                  NVMeasureConditions const& conditions) {
+Measure GetOpacity(NVSpectrum const& overBlack, NVSpectrum const& overWhite,
+                   NVMeasureConditions const& conditions) {
     // The two are measured over different backings by definition.
     NVMeasureConditions black = overBlack.GetMeasureConditions();
     NVMeasureConditions white = overWhite.GetMeasureConditions();
     black.Forget(Key::Backing);
     white.Forget(Key::Backing);
     RequireComparable(black, white, conditions.GetMeasureCondition(Key::AcceptUnstated));
-    Resolved const resolved = Resolve(conditions, overBlack.GetMeasureConditions());
-    return 100 *
-           Divide(resolved.Reduce(overBlack).y, resolved.Reduce(overWhite).y, "opacity (contrast ratio)");
+    Resolved const resolved = Resolve(conditions, black);
+    double const ratio =
+        Divide(resolved.Reduce(overBlack).y, resolved.Reduce(overWhite).y, "opacity (contrast ratio)");
+    return {100 * ratio, resolved.conditions};
 }
 
-double GetPaperOpacity(NVSpectrum const& sheetOverBlack, NVSpectrum const& pad) {
+Measure GetPaperOpacity(NVSpectrum const& sheetOverBlack, NVSpectrum const& pad) {
     NVMeasureConditions conditions;
     conditions.SetMeasureCondition(Key::Illumination, "C");
     conditions.SetMeasureCondition(Key::Observer, "TwoDegree");

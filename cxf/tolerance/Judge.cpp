@@ -18,6 +18,12 @@ using namespace Tristim::Vocabulary;
 namespace {
 
 std::string Rounded(double value) { return Shortest(std::round(value * 100) / 100 + 0.0); }
+/// With as many decimals as it takes to differ from a limit: "3.0004, above 3".
+std::string RoundedBeside(double value, double limit) {
+    double scale = 100;
+    while (scale < 1e9 && value != limit && std::round(value * scale) / scale == limit) scale *= 10;
+    return Shortest(std::round(value * scale) / scale + 0.0);
+}
 
 /// One limit's say: how bad, and why.
 struct Finding {
@@ -29,9 +35,9 @@ Finding Check(ToleranceLimit const& limit, double warning, ColourDifference cons
     bool const total = limit.component == DifferenceComponent::Total;
     double const value = ValueOf(difference, limit.component);
     std::string const name = total ? difference.GetFormulaText() : NameOf(limit.component);
-    std::string const is = name + " is " + Rounded(value);
     bool const above = value > limit.to;
     bool const below = !total && value < limit.from;
+    std::string const is = name + " is " + RoundedBeside(value, below ? limit.from : limit.to);
     if (above) return {Judgement::Fail, is + ", above " + Shortest(limit.to)};
     if (below) return {Judgement::Fail, is + ", below " + Shortest(limit.from)};
     // The level is a share of the way from zero, or from the middle where zero isn't allowed.

@@ -107,8 +107,8 @@ private:
         std::size_t count = 0;
         while (words >> word) {
             double value = 0;
-            if (count == places.size() || !Parse(word, value) || !(value > 0))
-                Fail(node, "the attribute Weights needs up to three positive numbers");
+            if (count == places.size() || !Parse(word, value) || !(value >= 0))
+                Fail(node, "the attribute Weights needs up to three numbers, 0 for the default");
             *places[count++] = value;
         }
     }
@@ -169,8 +169,14 @@ std::string FormatToleranceSet(ToleranceSet const& tolerance) {
     std::string const formula = tolerance.conditions.GetMeasureCondition(Key::DeltaEFormula);
     if (!formula.empty()) set(root, "Formula", formula);
     std::string weights;
-    for (double const weight : {tolerance.weights.first, tolerance.weights.second, tolerance.weights.third})
-        if (weight > 0) weights += (weights.empty() ? "" : " ") + Shortest(weight);
+    // A zero keeps the place of those behind it.
+    std::string zeros;
+    for (double const weight : {tolerance.weights.first, tolerance.weights.second, tolerance.weights.third}) {
+        zeros += (zeros.empty() && weights.empty() ? "" : " ") + Shortest(weight);
+        if (weight == 0) continue;
+        weights += zeros;
+        zeros.clear();
+    }
     if (!weights.empty()) set(root, "Weights", weights);
     set(root, "Warning", Shortest(tolerance.warning));
     set(root, "Match", kMatches[static_cast<std::size_t>(tolerance.match)]);

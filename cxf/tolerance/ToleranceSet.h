@@ -27,7 +27,7 @@ struct ToleranceLimit {
 
 /// How a sample finds its reference.
 enum class MatchBy {
-    Name,  ///< the same name; failing that, the same but for capitals and blanks
+    Name,  ///< the same name, the first of several; failing that, the same but for capitals and blanks
     Id,    ///< the same ID
     Device ///< the nearest device values of the same kind, at most `matchDistance` away
 };

@@ -25,6 +25,8 @@ public:
     void Ciede2000();
     void WhitePoints();
     void DerivedWeights();
+    void CorrectedWeights();
+    void Paper();
     void Daylight();
     void Spaces();
     void Differences();

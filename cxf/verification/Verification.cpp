@@ -276,8 +276,8 @@ void Checks::Print() {
     NVSpectrum const diffuser(std::vector<float>(kBands, 1.0F));
     Add("CIE whiteness of the perfect diffuser", "CIE 15: 100", 100, GetWhiteness(diffuser).whiteness, 1e-5);
     Add("yellowness of the perfect diffuser, C/2", "ASTM E313: 0", 0,
-        GetYellowness(diffuser, Illumination::C, Observer::TwoDegree), 0.02);
-    Add("yellowness of the perfect diffuser, D65/10", "ASTM E313: 0", 0, GetYellowness(diffuser), 0.02);
+        GetYellowness(diffuser, Illumination::C, Observer::TwoDegree).value, 0.02);
+    Add("yellowness of the perfect diffuser, D65/10", "ASTM E313: 0", 0, GetYellowness(diffuser).value, 0.02);
     for (Vocabulary::Text const standard : Vocabulary::Value::DensityStandard) {
         if (std::string_view(standard) == "User") continue;
         NVMeasureConditions conditions;
@@ -299,11 +299,13 @@ std::vector<VerificationCheck> RunVerification() {
     checks.Ciede2000();
     checks.WhitePoints();
     checks.DerivedWeights();
+    checks.CorrectedWeights();
     checks.Daylight();
     checks.Spaces();
     checks.Differences();
     checks.RoundTrips();
     checks.Print();
+    checks.Paper();
     checks.Chromaticities();
     checks.UniformSpaces();
     checks.Rendering();

@@ -256,12 +256,27 @@ DropEffect Pane::OnDragOver(DropDataObject const& data, KeyState keyState, long 
         effect = handler->OnDragOver(data, keyState, x, y);
     else if (auto* const dialog = dynamic_cast<DialogHandler*>(GetDataSource()))
         effect = dialog->OnDragOver(*GetWindowID(), data, keyState, x, y);
+    else if (auto* const outer = dynamic_cast<Pane*>(GetDataSource())) {
+        auto const [left, top] = GetPlace();
+        return outer->OnDragOver(data, keyState, x + left, y + top);
+    }
     if (!IsAttached()) return DropEffect::None;
     SetDragMouseOver(effect == DropEffect::None ? noDrag : std::pair(x, y));
     return effect;
 }
 
-void Pane::OnDragLeave() { SetDragMouseOver(noDrag); }
+void Pane::OnDragLeave() {
+    CallScope const call(*this);
+    SetDragMouseOver(noDrag);
+    if (auto* const outer = dynamic_cast<Pane*>(GetDataSource())) outer->OnDragLeave();
+}
+
+std::pair<long, long> Pane::GetPlace() const {
+    unsigned long x = 0;
+    unsigned long y = 0;
+    GetPosition(x, y);
+    return {static_cast<long>(x), static_cast<long>(y)};
+}
 
 bool Pane::OnDrop(DropDataObject const& data, DropEffect effect, long x, long y) {
     CallScope const call(*this);
@@ -270,6 +285,10 @@ bool Pane::OnDrop(DropDataObject const& data, DropEffect effect, long x, long y)
         taken = handler->OnDrop(data, effect, x, y);
     else if (auto* const dialog = dynamic_cast<DialogHandler*>(GetDataSource()))
         taken = dialog->OnDrop(*GetWindowID(), data, effect, x, y);
+    else if (auto* const outer = dynamic_cast<Pane*>(GetDataSource())) {
+        auto const [left, top] = GetPlace();
+        return outer->OnDrop(data, effect, x + left, y + top);
+    }
     if (IsAttached()) SetDragMouseOver(noDrag);
     return taken;
 }

@@ -70,7 +70,8 @@ public:
     virtual void OnGetDeviceContext(PlatformIndependentDeviceContext& context);
     virtual bool IsDragable(std::pair<long, long> const& point);
     /// Something is dragged over the pane. The data source's drop handler for the pane's name decides, or
-    /// without one the `DialogHandler` as a whole; a drag that is accepted shows in the pane.
+    /// without one the `DialogHandler` as a whole; a pane inside a `CustomControl` leaves it to that. A drag
+    /// that is accepted shows in the pane.
     virtual DropEffect OnDragOver(DropDataObject const& data, KeyState keyState, long x, long y);
     virtual void OnDragLeave();
     /// True if what was dropped was taken.
@@ -126,6 +127,8 @@ protected:
 private:
     static constexpr std::pair<long, long> noDrag{-1, -1};
 
+    /// In the pane that it is in.
+    std::pair<long, long> GetPlace() const;
     void LayOutFirstChild();
     void SetDragMouseOver(std::pair<long, long> const& position);
 

@@ -24,6 +24,8 @@ constexpr char const* bundledFile = "cie_named_34_36band.txt";
 
 /// What the platform sends when a key is released: the key's code, Shift, Ctrl.
 constexpr char const* keyMessage = "Key";
+/// What the program posts to itself: the file replaces the window that it was dropped on.
+constexpr char const* openMessage = "OpenFile";
 constexpr char const* nextLanguageKey = "119;0;0"; // F8
 constexpr char const* pageUpKey = "33;0;0";
 constexpr char const* pageDownKey = "34;0;0";
@@ -87,7 +89,8 @@ Application::Application(Options options) : GUI::Application("colourdesk"), opti
 }
 
 Application::~Application() {
-    if (!messages_.IsNull()) messages_->RemoveCallback(keyMessage);
+    if (!messages_.IsNull())
+        for (char const* const message : {keyMessage, openMessage}) messages_->RemoveCallback(message);
     Close();
 }
 
@@ -118,6 +121,9 @@ void Application::Show(std::string const& file) {
             Utilities::ResolveComponent<GUI::PlatformIndependentWindowID>("PlatformIndependentWindowID");
     Close();
     handler_ = std::move(handler);
+    handler_->SetDropHandler([this](String const& dropped) {
+        if (!messages_.IsNull()) messages_->PostMessage(openMessage, dropped);
+    });
     description_ = description;
     window_ = Utilities::ResolveComponent<GUI::GUIElement>("Window");
     SetMainWindow(window_.Get());
@@ -141,6 +147,7 @@ void Application::Start() {
     LoadLanguages();
     messages_ = Utilities::ResolveComponent<GUI::MessageService>("MessageService");
     messages_->SetCallback(keyMessage, Utilities::MakeCallback(this, &Application::OnKey));
+    messages_->SetCallback(openMessage, Utilities::MakeCallback(this, &Application::OnOpen));
     if (options_.gallery)
         gallery_ = std::make_unique<Gallery>();
     else
@@ -202,6 +209,8 @@ long Application::OnKey(Utilities::Anything const& key) {
         return 0;
     return 1;
 }
+
+long Application::OnOpen(Utilities::Anything const& file) { return OpenFile(file.GetString()); }
 
 long Application::TakeNextLanguage() {
     auto const service = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");

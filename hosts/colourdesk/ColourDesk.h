@@ -55,6 +55,7 @@ private:
     Tintorium::ScreenRGB GetScreen();
     /// F8 takes the next language. Page Up, Page Down, Ctrl+Home and Ctrl+End go through the samples.
     long OnKey(Utilities::Anything const& key);
+    long OnOpen(Utilities::Anything const& file);
     /// And keeps it in the settings.
     long TakeNextLanguage();
     int ShowGallery();

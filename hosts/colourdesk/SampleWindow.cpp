@@ -2,6 +2,7 @@
 
 #include "Utilities/LanguageServiceInterface.h"
 #include "cxf/samples/Sample.h"
+#include "gui/elements/DropDataObject.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,6 +20,7 @@ constexpr char const* curves = "XYGraph";
 constexpr char const* labChart = "LabChart";
 constexpr char const* patch = "Patch";
 constexpr char const* patchRow = "PatchRow";
+constexpr char const* droppedFiles = "text/uri-list";
 constexpr int bands = 36;
 /// The a*b* plane is shown at least this far out.
 constexpr double smallestRange = 60;
@@ -193,6 +195,21 @@ void SampleWindow::SetValue(String const& element, String const& key, Anything c
         auto const& place = value.GetMapOfAnythings();
         SelectNearest(place["x"].GetDouble(), place["y"].GetDouble());
     }
+}
+
+GUI::DropEffect SampleWindow::OnDragOver(GUI::PlatformIndependentWindowID const& /*window*/,
+                                         GUI::DropDataObject const& data, GUI::KeyState const& /*keyState*/,
+                                         long /*x*/, long /*y*/) {
+    return data.HasFormat(droppedFiles) ? GUI::DropEffect::Copy : GUI::DropEffect::None;
+}
+
+bool SampleWindow::OnDrop(GUI::PlatformIndependentWindowID const& /*window*/, GUI::DropDataObject const& data,
+                          GUI::DropEffect /*effect*/, long /*x*/, long /*y*/) {
+    if (!data.HasFormat(droppedFiles) || !dropped_) return false;
+    auto const files = data.GetData(droppedFiles).GetVectorOfAnythings();
+    if (files.GetSize() == 0) return false;
+    dropped_(files[0].GetString());
+    return true;
 }
 
 Callback SampleWindow::GetCallback(String const& element, String const& event) {

@@ -31,6 +31,13 @@ public:
     void DataChanged(Utilities::Anything const& sampleKey, Utilities::Anything const& what) override;
     bool IsLocked(Utilities::Anything const& sampleKey, Utilities::Anything const& what) override;
 
+    /// A file may be dropped anywhere on the panes.
+    GUI::DropEffect OnDragOver(GUI::PlatformIndependentWindowID const& window,
+                               GUI::DropDataObject const& data, GUI::KeyState const& keyState, long x,
+                               long y) override;
+    bool OnDrop(GUI::PlatformIndependentWindowID const& window, GUI::DropDataObject const& data,
+                GUI::DropEffect effect, long x, long y) override;
+
     /// To be called once the elements exist: gives the charts their data.
     void Start();
     /// -1 for none. Shows the page that the sample is on.
@@ -42,6 +49,10 @@ public:
     long GetSelected() const { return selected_; }
     SampleDocument const& GetDocument() const { return document_; }
 
+    /// Called with the path of a file that was dropped; the window must not go while it runs.
+    void SetDropHandler(std::function<void(Utilities::String const& file)> handler) {
+        dropped_ = std::move(handler);
+    }
     /// Called when the charts are painted for the first time.
     void SetFirstPaintHandler(std::function<void()> handler) { firstPaint_ = std::move(handler); }
 
@@ -77,6 +88,7 @@ private:
     double reflectanceEnd_;
     long selected_ = -1;
     std::function<void()> firstPaint_;
+    std::function<void(Utilities::String const&)> dropped_;
 };
 
 } // namespace ColourDesk

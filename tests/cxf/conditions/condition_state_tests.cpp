@@ -114,6 +114,40 @@ TEST(ConditionState, AnAssumedIlluminantGivesWayWhenAccepted) {
         << "a stated illuminant can't be changed";
 }
 
+TEST(ConditionState, AResultIsNoMoreCertainThanItsTwoColours) {
+    auto conditions = With({{Key::ColorSpaceType, "CIELab"}, {Key::Observer, "TwoDegree"}});
+    conditions.SetMeasureCondition(Key::Illumination, "D50");
+    Tristim::NVColorVector const stated({50, 10, 10}, conditions);
+    conditions.Assume(Key::Illumination, "D50", "CGATS.17");
+    Tristim::NVColorVector const assumed({51, 10, 10}, conditions);
+    for (auto const& [one, other] : {std::pair{stated, assumed}, {assumed, stated}})
+        EXPECT_EQ(ViewingText(TristimService::GetDeltaVector(one, other, {}).GetMeasureConditions()),
+                  "D50 (assumed), 2°");
+    // How the two were computed is said of both.
+    auto corrected =
+        With({{Key::Illumination, "D50"}, {Key::Observer, "TwoDegree"}, {Key::Bandpass, "Corrected"}});
+    auto const plain = TristimService::GetVector(
+        Reddish(), With({{Key::Illumination, "D50"}, {Key::Observer, "TwoDegree"}}));
+    auto const delta =
+        TristimService::GetDeltaVector(plain, TristimService::GetVector(Reddish(), corrected), {});
+    EXPECT_THAT(delta.GetMeasureConditions().GetMeasureCondition(Key::Method),
+                testing::AllOf(HasSubstr("reference: ASTM E2022"), HasSubstr("; sample: least squares")));
+}
+
+TEST(ConditionState, MeasuresOfPrintKeepTheirConditions) {
+    auto measured = With({{Key::Backing, "White"}, {Key::Resampling, "end values repeated"}});
+    measured.Assume(Key::Filter, "No", "a remark");
+    Tristim::NVSpectrum const spectrum(std::vector<float>(36, 0.8F), measured);
+    for (auto const& conditions :
+         {GetDensity(spectrum, {}).conditions, Tristim::GetWhiteness(spectrum).conditions,
+          Tristim::GetYellowness(spectrum).conditions, Tristim::GetBrightness(spectrum).conditions,
+          Tristim::GetPaperOpacity(spectrum, spectrum).conditions}) {
+        EXPECT_EQ(conditions.GetState(Key::Filter), ConditionState::Assumed);
+        EXPECT_EQ(conditions.GetMeasureCondition(Key::Resampling), "end values repeated");
+    }
+    EXPECT_EQ(GetDensity(spectrum, {}).conditions.GetMeasureCondition(Key::Illumination), "");
+}
+
 TEST(ConditionState, ParametersOfTheIlluminantMatchBeforeValuesMix) {
     auto const under = [](KeyValues values) { return TristimService::GetVector(Reddish(), With(values)); };
     auto const f2 = under({{Key::Illumination, "F"}, {Key::FluorescentType, "F2"}});
@@ -136,9 +170,10 @@ TEST(ConditionState, ParametersOfTheIlluminantMatchBeforeValuesMix) {
 }
 
 TEST(ConditionState, OpacityNeedsTwoBackings) {
-    EXPECT_NEAR(Tristim::GetOpacity(Flat(0.45F, {{Key::Backing, "Black"}}),
-                                    Flat(0.5F, {{Key::Backing, "White"}}), {}),
-                90, 1e-4);
+    EXPECT_NEAR(
+        Tristim::GetOpacity(Flat(0.45F, {{Key::Backing, "Black"}}), Flat(0.5F, {{Key::Backing, "White"}}), {})
+            .value,
+        90, 1e-4);
 }
 
 TEST(ConditionState, AColourRelativeToAPaperThatNobodyMeasuredIsStillAColour) {

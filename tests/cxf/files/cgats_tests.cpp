@@ -81,24 +81,6 @@ TEST(Cgats, PrintingDataAgreeWithTheirOwnLab) {
     EXPECT_EQ(set->GetProperty("DEVICE_CLASS"), "OUTPUT");
 }
 
-TEST(Cgats, SpectralFieldNamesOfEveryKind) {
-    for (auto const& [before, after] :
-         std::initializer_list<std::pair<char const*, char const*>>{{"SPECTRAL_NM", ""},
-                                                                    {"SPECTRAL_NM_", ""},
-                                                                    {"SPECTRAL_", ""},
-                                                                    {"SPEC_", ""},
-                                                                    {"SPEC", ""},
-                                                                    {"NM", ""},
-                                                                    {"nm_", ""},
-                                                                    {"", "_NM"},
-                                                                    {"", "nm"},
-                                                                    {"R_", ""},
-                                                                    {"", ""}}) {
-        auto const set = One(Table("SAMPLE_NAME " + Fields(before, after), "x " + Values()));
-        EXPECT_FLOAT_EQ(SpectrumOf(*set->GetSamples()[0]).GetValues()[35], 0.135F) << before << '#' << after;
-    }
-}
-
 TEST(Cgats, FractionOrPercentIsRecognisedAndStated) {
     struct Case {
         char const* header;
@@ -143,32 +125,6 @@ TEST(Cgats, LayoutOfTheText) {
     ASSERT_EQ(sets.size(), 2U);
     auto const lab = sets[0]->GetSamples()[0]->GetSampleAttributes()[0];
     EXPECT_FLOAT_EQ(dynamic_cast<Cxf::ColorVector const&>(*lab).GetVector().GetElement(2), 3);
-}
-
-TEST(Cgats, ConditionsOfTheHeader) {
-    struct Case {
-        char const* header;
-        char const* key;
-        char const* value;
-    };
-    for (Case const& one :
-         {Case{"", Key::Illumination, "D50"}, Case{"", Key::Observer, "TwoDegree"},
-          Case{"WEIGHTING_FUNCTION \"ILLUMINANT, D65\"\nWEIGHTING_FUNCTION \"OBSERVER, 10 degree\"\n",
-               Key::Illumination, "D65"},
-          Case{"WEIGHTING_FUNCTION \"OBSERVER, 10 degree\"\n", Key::Observer, "TenDegree"},
-          Case{"OBSERVER_ANGLE 10\n", Key::Observer, "TenDegree"},
-          Case{"MEASUREMENT_SOURCE \"Illumination=D50 ObserverAngle=2 Filter=Polarizer\"\n", Key::Filter,
-               "Polarizer"},
-          Case{"MEASUREMENT_CONDITION M1\n", Key::Filter, "D65"},
-          Case{"FILTER D65\n", Key::Illumination, "D50"},
-          Case{"MEASUREMENT_CONDITION M2\n", Key::Filter, "UVCut"},
-          Case{"DEVICE_CLASS DISPLAY\n", Key::Illumination, "Emission"},
-          Case{"DESCRIPTION \"D65 10 degree polarizer\"\n", Key::Illumination, "D50"}}) {
-        auto const set = One(Table("LAB_L LAB_A LAB_B", "1 2 3", std::string("CGATS.17\n") + one.header));
-        EXPECT_EQ(set->GetSamples()[0]->GetSampleAttributes()[0]->GetConditions().GetAttribute(one.key, ""),
-                  one.value)
-            << one.header;
-    }
 }
 
 TEST(Cgats, OtherRangesAndSteps) {

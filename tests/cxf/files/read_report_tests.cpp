@@ -55,7 +55,15 @@ TEST(ReadReport, SaysWhatWasMadeOfAForeignFile) {
           Case{"two_tables.txt", Kind::Taken, 4, "CIELab under D65, 10°"},
           Case{"two_tables.txt", Kind::Taken, 12, "CIELab under D50 (assumed)"},
           Case{"filter.txt", Kind::Skipped, 2, "\"GELATINE\" in FILTER isn't understood"},
-          Case{"percent.xml", Kind::Assumed, 5, "spectra in percent"}}) {
+          Case{"percent.xml", Kind::Assumed, 5, "spectra in percent"},
+          Case{"narrow.xml", Kind::Assumed, 2, "end values repeated below 400 nm and above 700 nm"},
+          Case{"misspelt_condition.xml", Kind::Skipped, 2, "Colorimetric.Iluminant isn't known"},
+          Case{"parameter.xml", Kind::Contradiction, 2, "FluorescentType belongs to the illumination F"},
+          Case{"stated_grid.txt", Kind::Contradiction, 5, "SPECTRAL_BANDS is 31"},
+          Case{"stated_grid.txt", Kind::Contradiction, 5, "SPECTRAL_START_NM is 400"},
+          Case{"numbered.txt", Kind::Skipped, 3, "look like a spectrum"},
+          Case{"unknown_keyword.txt", Kind::Skipped, 3, "STANDARD_ILLUM_SET isn't known"},
+          Case{"unknown_keyword.txt", Kind::Skipped, 4, "OBSERVER has no value"}}) {
         auto const report = ReportOf(one.file);
         EXPECT_TRUE(Has(report, one.kind, one.line, one.part)) << one.file << ": " << one.part << "\n"
                                                                << report.GetText();
@@ -112,7 +120,8 @@ TEST(ReadReport, XmlLosesNothingToRemarks) {
     EXPECT_EQ(spectrum.GetValues()[35], 0.45);
     EXPECT_EQ(spectrum.GetConditions().GetAttribute(Key::Filter, ""), "UVCut");
     std::string const again = Cxf::FormatSampleSets(sets, Cxf::SampleFormat::Xml);
-    for (char const* const remark : {"<!-- blue -->", "<?instrument lamp=\"7\"?>", "<!-- filter -->"})
+    for (char const* const remark : {"<!-- blue -->", "<?instrument lamp=\"7\"?>", "<!-- filter -->",
+                                     "<?Conditions before?>", "<?Values before?>", "<?CXFSample before?>"})
         EXPECT_THAT(again, HasSubstr(remark));
 }
 
@@ -122,7 +131,8 @@ TEST(ReadReport, XmlRefusesConditionsThatDontExist) {
               "the condition Colorimetric.Illumination is \"D66\"; expected one of A, B"},
              {"unknown_type.xml",
               "the condition Physical.SpectrumType is \"Reflectance\"; expected one of Remission"},
-             {"no_temperature.xml", "illumination Dxx needs the condition"}})
+             {"no_temperature.xml", "illumination Dxx needs the condition"},
+             {"comma.xml", "\"50,5\" in <Values> has a decimal comma"}})
         EXPECT_THAT(MessageOf<Cxf::FileException>([&] { Cxf::ReadSampleSets(TestFile(file)); }),
                     HasSubstr(reason));
 }

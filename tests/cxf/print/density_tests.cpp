@@ -163,23 +163,36 @@ TEST(PrintMeasures, WhitenessYellownessOpacity) {
                  TristimException);
     // Opacity of paper is of C and 2 degrees, whatever else is asked elsewhere.
     auto const c2 = With({{Key::Illumination, "C"}, {Key::ColorSpaceType, "CIEXYZ"}});
-    EXPECT_NEAR(Tristim::GetPaperOpacity(Reddish(), Flat(0.8F)),
+    EXPECT_NEAR(Tristim::GetPaperOpacity(Reddish(), Flat(0.8F)).value,
                 100 * Tristim::TristimService::GetVector(Reddish(), c2).GetExact(1) / 80, 1e-3);
-    EXPECT_GT(Tristim::GetYellowness(Ink(380, 460)), 40);
-    EXPECT_LT(Tristim::GetYellowness(bluish), -40);
+    EXPECT_GT(Tristim::GetYellowness(Ink(380, 460)).value, 40);
+    EXPECT_LT(Tristim::GetYellowness(bluish).value, -40);
     EXPECT_THROW(static_cast<void>(Tristim::GetYellowness(Flat(1), Tristim::Illumination::D50)),
                  TristimException);
-    EXPECT_NEAR(Tristim::GetOpacity(Flat(0.72F), Flat(0.8F), {}), 90, 1e-4);
+    EXPECT_NEAR(Tristim::GetOpacity(Flat(0.72F), Flat(0.8F), {}).value, 90, 1e-4);
     EXPECT_THROW(static_cast<void>(Tristim::GetOpacity(Flat(0.5F), Flat(0), {})), TristimException);
+}
+
+TEST(PrintMeasures, BrightnessIsNamedAfterItsGeometry) {
+    // A step at 455 nm: the weights of 460 to 510 nm.
+    std::vector<float> step(36, 0.0F);
+    for (std::size_t band = 8; band < 36; ++band) step[band] = 1;
+    EXPECT_NEAR(Tristim::GetBrightness(Tristim::NVSpectrum(step)).percent, 57.204, 1e-4);
+    for (auto const& [geometry, name] :
+         {std::pair{"d:0", "ISO brightness (ISO 2470)"}, {"45:0", "R457, 45:0"}})
+        EXPECT_EQ(Tristim::GetBrightness(Flat(0.9F, {{Key::Geometry, geometry}})).name, name);
+    EXPECT_EQ(Tristim::GetBrightness(Flat(0.9F)).name, "R457, geometry unknown");
+    EXPECT_THROW(static_cast<void>(Tristim::GetBrightness(Flat(1, {{Key::SpectrumType, "Emission"}}))),
+                 TristimException);
 }
 
 TEST(PrintMeasures, MetamerismShowsOnlyUnderTheOtherLight) {
     auto const d65 = With({{Key::Illumination, "D65"}});
     auto const a = With({{Key::Illumination, "A"}});
-    EXPECT_NEAR(Tristim::GetMetamerismIndex(Reddish(), Reddish(), d65, a), 0, 1e-9);
+    EXPECT_NEAR(Tristim::GetMetamerismIndex(Reddish(), Reddish(), d65, a).value, 0, 1e-9);
     // A pair of different shape: corrected to a match under D65, it can't match under A.
-    EXPECT_GT(Tristim::GetMetamerismIndex(Flat(0.3F), Reddish(), d65, a), 1);
-    EXPECT_NEAR(Tristim::GetMetamerismIndex(Flat(0.3F), Reddish(), d65, d65), 0, 1e-9);
+    EXPECT_GT(Tristim::GetMetamerismIndex(Flat(0.3F), Reddish(), d65, a).value, 1);
+    EXPECT_NEAR(Tristim::GetMetamerismIndex(Flat(0.3F), Reddish(), d65, d65).value, 0, 1e-9);
 }
 
 TEST(PrintMeasures, ColourStrength) {

@@ -80,6 +80,9 @@ TEST(Difference, HasItsComponentsFormulaAndCondition) {
     EXPECT_NEAR(difference.hue, 0, 1e-6);
     EXPECT_NEAR(difference.total, Tristim::DeltaECmc({50, 30, 40}, {52, 27, 36}, 1, 1), 1e-9);
     EXPECT_THAT(difference.GetText(), HasSubstr("CMC(1:1) "));
+    conditions.SetMeasureCondition(Key::DeltaEFormula, "94 textile");
+    EXPECT_EQ(DifferenceOf(ColorOf(*reference), ColorOf(*sample), conditions, {0, 1, 0}).GetFormulaText(),
+              "CIE94 textile (2:1:1)");
     EXPECT_THAT(difference.GetText(),
                 HasSubstr("dL* 2.00, da* -3.00, db* -4.00, dC* -5.00, dH* 0.00; D50, 2°"));
 }
@@ -98,6 +101,7 @@ TEST(Judge, EachLimitHasItsSay) {
          {Case{{52, 30, 40}, {total(3)}, 1, Judgement::Pass, "dE*ab is 2, within 3 (D50, 2°)"},
           Case{{53, 30, 40}, {total(3)}, 1, Judgement::Pass, "dE*ab is 3, within 3"},
           Case{{53.01, 30, 40}, {total(3)}, 1, Judgement::Fail, "dE*ab is 3.01, above 3 (D50, 2°)"},
+          Case{{53.0004, 30, 40}, {total(3)}, 1, Judgement::Fail, "dE*ab is 3.0004, above 3"},
           Case{{52.5, 30, 40},
                {total(3)},
                0.8,
@@ -171,14 +175,15 @@ TEST(ToleranceFile, KeepsEverythingAndRefusesWhatItDoesntKnow) {
     auto set = Limits({{DifferenceComponent::Total, 0, 3}, {DifferenceComponent::Hue, -1.5, 2}}, 0.75);
     set.name = "Coated, \"fine\"";
     set.conditions.SetMeasureCondition(Key::DeltaEFormula, "2000");
-    set.weights = {2, 1, 1};
+    set.weights = {0, 2, 0};
     set.match = Cxf::MatchBy::Device;
     set.matchDistance = 1.5;
     std::string const text = FormatToleranceSet(set);
     auto const again = Cxf::ParseToleranceSet(text, "t");
     EXPECT_EQ(FormatToleranceSet(again), text);
     EXPECT_EQ(again.limits, set.limits);
-    EXPECT_EQ(again.weights.first, 2);
+    EXPECT_EQ(again.weights.first, 0);
+    EXPECT_EQ(again.weights.second, 2) << "a default before it keeps its place";
     EXPECT_TRUE(again.conditions == set.conditions);
     EXPECT_EQ(again.match, Cxf::MatchBy::Device);
     std::string const head = "<ToleranceSet Version=\"1\">\n";

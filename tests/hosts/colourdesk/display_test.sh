@@ -1,11 +1,14 @@
 #!/usr/bin/env bash
 # Colour Desk on a display with a window manager, worked as a user works it:
-# display_test.sh COLOURDESK SET_DISPLAY_PROFILE
-# A patch is clicked and marked, the window is resized below its minimum, moved and closed, and comes back
-# where it was. Colours follow the profile that the display names. Starts a display of its own; needs Xvfb, openbox, xdotool, xprop and ImageMagick.
+# display_test.sh COLOURDESK SET_DISPLAY_PROFILE DRAG_SOURCE SAMPLES
+# Patches and spots are clicked and marked, a file is dragged onto the window, the window is resized below its
+# minimum, moved and closed, and comes back where it was. Colours follow the profile that the display names.
+# Starts a display of its own; needs Xvfb, openbox, xdotool, xprop and ImageMagick.
 set -euo pipefail
 colourdesk=$1
 set_display_profile=$2
+drag_source=$3
+samples=$4
 work=$(mktemp -d)
 trap 'kill $(jobs -p) 2>/dev/null || true; wait; rm -rf "$work"' EXIT
 export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work" QT_QPA_PLATFORM=xcb
@@ -78,12 +81,62 @@ same_as_before() {
 await same_as_before || fail "the former selection left $changed pixels"
 has_changed
 
+# A click on a spot of the chart selects its sample: the swatch gets the spot's colour, and one spot alone has the
+# black and white rings around it.
+spot=955,141
+xdotool mousemove --window "$window" ${spot/,/ } click 1
+shows_spot() { read -r swatch mark <<<"$(colours 80,600 $spot)"; [ -n "$mark" ] && [ "$swatch" = "$mark" ]; }
+await shows_spot || fail "the swatch is $swatch, the spot that was clicked $mark"
+rings() {
+  import -window "$window" "$work/now.png"
+  convert "$work/now.png" -crop 410x512+695+38 +repage -fill black +opaque white \
+    -define connected-components:verbose=true -define connected-components:area-threshold=8 \
+    -connected-components 8 null: | grep -c 'gray(255)\|white\|(255,255,255)'
+}
+has_one_ring() { count=$(rings); [ "$count" -eq 1 ]; }
+await has_one_ring || fail "there are $count rings in the chart"
+
 # F8 takes the next language and keeps it.
 mv "$work/after.png" "$work/before.png"
 xdotool key --window "$window" F8
 await has_changed || fail "another language changed $changed pixels"
 keeps_language() { grep -q '^Language=French' "$work/config/colourdesk.ini" 2>/dev/null; }
 await keeps_language || fail "the language wasn't kept"
+
+# A file that can't be read says so in a box, once, and the window stays as it was.
+others() { xdotool search --onlyvisible --class colourdesk | grep -v "^$window\$" || true; }
+has_box() { [ "$(others | wc -l)" -eq 1 ]; }
+has_no_box() { [ -z "$(others)" ]; }
+drop() {
+  "$drag_source" "$1" 2>/dev/null &
+  source=$!
+  await xdotool search --onlyvisible --name drag_source >/dev/null || fail "no window to drag from"
+  eval "$(xdotool getwindowgeometry --shell "$(xdotool search --onlyvisible --name drag_source)" | sed 's/^/SOURCE_/')"
+  geometry
+  xdotool mousemove $((SOURCE_X + 50)) $((SOURCE_Y + 50)) mousedown 1
+  for step in 1 2 3 4 5 6 7 8; do
+    xdotool mousemove $((SOURCE_X + 50 + (X + 300 - SOURCE_X - 50) * step / 8)) \
+      $((SOURCE_Y + 50 + (Y + 100 - SOURCE_Y - 50) * step / 8))
+    sleep 0.05
+  done
+  sleep 0.2
+  xdotool mouseup 1
+}
+echo "no samples" >"$work/bad.txt"
+drop "$work/bad.txt"
+await has_box || fail "a file that can't be read was dropped, and no box came"
+kill "$source"
+# The box may be gone before the key is released.
+xdotool key --window "$(others)" Return 2>/dev/null || true
+await has_no_box || fail "the box didn't close"
+
+# A good one takes the place of what was shown.
+former=$window
+drop "$samples"
+is_replaced() { is_managed && [ "$window" != "$former" ]; }
+await is_replaced || fail "a dropped file wasn't opened"
+kill "$source"
+await is_painted || fail "the window of the dropped file stayed empty"
 
 xdotool windowsize "$window" 50 50
 await has_shrunk || fail "the window can't be made smaller"
