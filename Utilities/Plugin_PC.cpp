@@ -98,6 +98,8 @@ Plugin::Plugin(std::string const& path) : path_(Canonical(path)) {
 Plugin::~Plugin() {
     if (!module_) return;
     try {
+        // What only a singleton holds goes with it.
+        for (ComponentCreatorBase* const creator : GetCreators()) creator->PrepareForUnload();
         if (std::string const living = GetLiving(); living.empty())
             dlclose(module_);
         else

@@ -57,6 +57,41 @@ tab 'TabBorderMostRight Selected' 16 "$chosen" 'polygon 0,0 4,0 16,24 0,24'
 tab TabBorderMostRightBroken 32 "$quiet" 'polygon 0,0 18,0 22,6 16,12 22,18 18,24 0,24'
 tab TabBorderMostLeftBrokenSel 32 "$chosen" 'polygon 0,0 18,0 22,6 16,12 22,18 18,24 0,24'
 
+# The four states of a drawn button: NAME WIDTH HEIGHT PLAIN DOWN DISABLED, the last three drawings on its face.
+states() {
+  local name=$1 width=$2 height=$3 plain=$4 down=$5 disabled=$6 face
+  face="stroke-width 1 roundrectangle 0.5,0.5 $((width - 1)).5,$((height - 1)).5 4,4"
+  picture "${name}Up" "$width" "$height" "fill #ffffff stroke #7a7a7a $face $plain"
+  picture "${name}Over" "$width" "$height" "fill #e0e0e0 stroke #7a7a7a $face $plain"
+  picture "${name}Down" "$width" "$height" "fill #cfcfcf stroke #161616 $face $down"
+  picture "${name}Disabled" "$width" "$height" "fill #ebebeb stroke #cfcfcf $face $disabled"
+}
+
+# chevron NAME POINTS SHIFTEDPOINTS: a scroll button of 16 pixels.
+chevron() {
+  local stroke='fill none stroke-width 1.5 stroke-linecap round stroke-linejoin round'
+  states "$1" 16 16 "$stroke stroke #161616 polyline $2" "$stroke stroke #161616 polyline $3" \
+    "$stroke stroke #8c8c8c polyline $2"
+}
+
+# Faces for texts and for fields of colour, which a program draws on them.
+states Button 96 32 '' '' ''
+states ColorButton 48 32 'fill none stroke #7a7a7a rectangle 7.5,7.5 40.5,24.5' \
+  'fill none stroke #161616 rectangle 8.5,8.5 41.5,25.5' 'fill none stroke #cfcfcf rectangle 7.5,7.5 40.5,24.5'
+chevron Left '9.5,4.5 6,8 9.5,11.5' '9.5,5.5 6,9 9.5,12.5'
+chevron Right '6.5,4.5 10,8 6.5,11.5' '6.5,5.5 10,9 6.5,12.5'
+
+# A native picture button that is on or off: surround of a colour, switched.
+surround() {
+  picture "Surround$1" 40 40 "fill $2 stroke $3 stroke-width $4 roundrectangle 1.5,1.5 38.5,38.5 4,4
+    fill $5 stroke $6 stroke-width 1.75 rectangle 11,11 29,29 fill none rectangle 16.5,16.5 23.5,23.5"
+}
+surround U2 '#ebebeb' '#ebebeb' 1 none '#161616'
+surround U '#ffffff' '#7a7a7a' 1 '#c6c6c6' '#161616'
+surround D '#cfcfcf' '#161616' 1 '#c6c6c6' '#161616'
+surround F '#ffffff' '#1d5fa6' 2 '#c6c6c6' '#161616'
+surround X '#ebebeb' '#ebebeb' 1 none '#8c8c8c'
+
 # The warning sign.
 picture Warnung 32 32 "fill #ffd400 stroke #202020 stroke-width 2 stroke-linejoin round
   polygon 16,3 30,28 2,28

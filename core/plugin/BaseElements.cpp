@@ -1,4 +1,5 @@
 #include "core/creators/ComponentCreator.h"
+#include "gui/controls/ImageButton.h"
 #include "gui/elements/Pane.h"
 
 /// Elements of the element library that descriptions can name, registered for the plug-in's life.
@@ -14,6 +15,8 @@ protected:
     }
 };
 
+// Registered here and beside its class: the table of components has it twice.
+Utilities::ComponentCreatorNormal<ImageButton> const imageButtonCreator(ImageButton::componentDescription);
 Utilities::ComponentCreatorNormal<DescribedPane> const paneCreator(Pane::componentDescription);
 
 } // namespace

@@ -8,29 +8,37 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/BarChart.cpp
   gui/charts/BarGraph.cpp
   services/Bitmap_PC.cpp
+  gui/controls/Button_PC.cpp
   gui/controls/CheckBox_PC.cpp
   gui/colour/CirclePatch.cpp
+  gui/controls/ColorImageButton.cpp
   services/ColorLibraryTextAdapter.cpp
   gui/charts/CrossGraph.cpp
   gui/shell/Dialog_PC.cpp
+  gui/controls/DropDown_PC.cpp
+  gui/controls/Edit_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
   gui/layout/GumBox.cpp
   gui/layout/Boxes.cpp
+  gui/controls/ImageButton.cpp
   services/ImageService.cpp
   gui/charts/LabChart.cpp
   gui/charts/LabGraph.cpp
   services/LanguageService.cpp
+  gui/controls/ListBox_PC.cpp
   gui/layout/LoopBox.cpp
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
   gui/colour/Patch.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
+  gui/controls/ScrollBar_PC.cpp
   services/SelectionService.cpp
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
   services/TextAdapter.cpp
+  gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/VBoxRegistration.cpp
   gui/shell/Window_PC.cpp
@@ -49,9 +57,25 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/ScaleNumbers.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
+  gui/controls/ButtonPictures.cpp
   gui/controls/CheckBox.cpp
+  gui/controls/ChoiceControl.cpp
+  gui/controls/ChoiceEntries.cpp
+  gui/controls/ClickControl.cpp
+  gui/controls/CNorvelianBitmapButton.cpp
+  gui/controls/CNorvelianButton.cpp
+  gui/controls/CNorvelianEdit.cpp
   gui/controls/CNorvelianFixedText.cpp
+  gui/controls/CNorvelianComboBox.cpp
+  gui/controls/CNorvelianListBox.cpp
+  gui/controls/CNorvelianScrollBar.cpp
+  gui/controls/ControlFont_PC.cpp
+  gui/controls/ControlTexts_PC.cpp
+  gui/controls/DropDown.cpp
+  gui/controls/Edit.cpp
   gui/controls/FixedText.cpp
+  gui/controls/NumberRule.cpp
+  gui/controls/ScrollBar.cpp
   gui/controls/TextAdaption.cpp
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp

@@ -1,11 +1,7 @@
 #include "gui/controls/CheckBox_PC.h"
 
 #include "Utilities/LanguageServiceInterface.h"
-#include "gui/elements/Topics.h"
 #include "gui/elements/description/ElementRegistration.h"
-#include "gui/platform/TextConversion_PC.h"
-
-#include <QCheckBox>
 
 namespace GUI {
 
@@ -34,43 +30,25 @@ Qt::CheckState FromState(long state) {
 void CheckBox_PC::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                              DialogDataSource* dataSource) {
     CheckBox::Initialize(parent, description, dataSource);
-    box_ = &control_.Make<QCheckBox>(parent, "CheckBox: Couldn't create it !!!");
+    QCheckBox& box = control_.Make<QCheckBox>(parent, "CheckBox: Couldn't create it !!!");
     AttributeReader const reader(description);
-    box_->setTristate(reader.Flag(triState));
-    if (reader.HasColour(backgroundColor)) control_.SetBackgroundColor(reader.Colour(backgroundColor));
+    box.setTristate(reader.Flag(triState));
+    if (reader.HasColour(ControlAttributes::backgroundColor))
+        control_.SetBackgroundColor(reader.Colour(ControlAttributes::backgroundColor));
     captionKey_ = reader.Text(caption);
+    mnemonics_ = reader.Flag(ControlAttributes::mnemonics);
+    ReadTexts(reader);
     ShowCaption();
-    control_.Connect(*box_, &QCheckBox::clicked, [this] { OnClicked(ToState(box_->checkState())); });
+    control_.Connect(box, &QCheckBox::clicked, [this] { OnClicked(ToState(GetControl()->checkState())); });
     OnUpdate({});
 }
 
-void CheckBox_PC::OnDetach() {
-    box_ = nullptr;
-    control_.Release();
-    CheckBox::OnDetach();
-}
-
 void CheckBox_PC::ShowCaption() {
-    if (!control_.GetWidget()) return;
+    if (!GetControl()) return;
     auto const text =
         isTranslated_ ? captionKey_ : Utilities::LanguageServiceInterface::GetTranslation(captionKey_);
-    // An ampersand would underline the letter behind it.
-    box_->setText(ToShownText(text).replace('&', "&&"));
+    GetControl()->setText(ToCaption(text, mnemonics_));
 }
-
-void CheckBox_PC::SetPosition(unsigned long x, unsigned long y) {
-    if (IfPositionEqual(x, y)) return;
-    CheckBox::SetPosition(x, y);
-    control_.SetPosition(x, y);
-}
-
-void CheckBox_PC::SetSize(unsigned long width, unsigned long height) {
-    if (IfSizeEqual(width, height)) return;
-    CheckBox::SetSize(width, height);
-    control_.SetSize(width, height);
-}
-
-void CheckBox_PC::Enable(bool enabled) { control_.Enable(enabled); }
 
 long CheckBox_PC::OnUpdate(Anything const& command) {
     CallScope const call(*this);
@@ -79,17 +57,14 @@ long CheckBox_PC::OnUpdate(Anything const& command) {
         isTranslated_ = true;
         ShowCaption();
     }
-    if (Anything const value = GetValue("State"); value.IsValid() && control_.GetWidget())
-        box_->setCheckState(FromState(value.GetLong()));
-    if (Anything const value = GetValue(Values::enabled); value.IsValid()) control_.Enable(value.GetBool());
-    if (Anything const value = GetValue(Values::toolTipText); value.IsOfTypeString())
-        control_.SetToolTip(value.GetString());
-    if (Anything const value = GetValue(Values::visible); value.IsValid()) control_.Show(value.GetBool());
+    if (Anything const value = GetValue(Values::state); value.IsValid() && GetControl())
+        GetControl()->setCheckState(FromState(value.GetLong()));
+    UpdateControl();
     return CheckBox::OnUpdate(command);
 }
 
 void CheckBox_PC::OnLanguageChanged() {
-    CheckBox::OnLanguageChanged();
+    NativeElement::OnLanguageChanged();
     if (Anything const value = GetValue(Values::caption); value.IsOfTypeString())
         captionKey_ = value.GetString();
     ShowCaption();

@@ -1,10 +1,10 @@
 #include "gui/controls/FixedText_PC.h"
 
 #include "Utilities/LanguageServiceInterface.h"
+#include "gui/controls/ControlFont_PC.h"
 #include "gui/controls/TextAdaption.h"
 #include "gui/elements/Topics.h"
 #include "gui/elements/description/ElementRegistration.h"
-#include "gui/platform/Fonts_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 
 #include <QFontMetrics>
@@ -20,16 +20,6 @@ namespace {
 ElementRegistration<FixedText_PC, GUIElement> const registration({"FixedText", "$Revision: 1.30 $", "GUI"},
                                                                  FixedText::attributes);
 
-QFont FontOf(AttributeReader const& reader, QFont font) {
-    long const size = reader.Long(FixedText::fontSize);
-    if (reader.Has(FixedText::fontName) || size != 0)
-        font = FindFont(static_cast<short>(size != 0 ? size : 8), 0, reader.Text(FixedText::fontName), false);
-    font.setBold(reader.Flag(FixedText::bold));
-    font.setItalic(reader.Flag(FixedText::italic));
-    font.setUnderline(reader.Flag(FixedText::underline));
-    return font;
-}
-
 } // namespace
 
 void FixedText_PC::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -37,7 +27,7 @@ void FixedText_PC::Initialize(PlatformIndependentWindowID const& parent, Descrip
     FixedText::Initialize(parent, description, dataSource);
     label_ = &control_.Make<CNorvelianFixedText>(parent, "FixedText: Couldn't create it !!!");
     AttributeReader const reader(description);
-    control_.SetFont(FontOf(reader, label_->font()));
+    control_.SetFont(ReadFont(reader, {fontName, fontSize, bold, italic, underline}, label_->font()));
     if (reader.HasColour(fontColor)) control_.SetTextColor(reader.Colour(fontColor));
     if (reader.HasColour(backgroundColor)) control_.SetBackgroundColor(reader.Colour(backgroundColor));
     hasOwnWidth_ = reader.Has(CommonAttributes::minimalWidth);

@@ -18,6 +18,7 @@ struct Accessible {
     /// Whether a click on it does something. Pressed by assistive technology, it is clicked in its middle.
     bool isPressable = false;
     bool isEnabled = true;
+    bool isPressed = false;
     bool isChecked = false;
     bool isSelected = false;
 };

@@ -36,6 +36,8 @@ public:
     /// A pane gets the system's dialog colour as its background.
     virtual void SetPane(Pane* pane);
     virtual void Show(bool visible) = 0;
+    /// What the pane tells assistive technology has changed.
+    virtual void TellAccessibleChange() {}
 
     void OnPaint(PlatformIndependentDeviceContext& context);
     /// Whether the pane may leave pixels alone, which are the window's then.

@@ -229,6 +229,10 @@ void Pane::Repaint() {
     if (!control_.IsNull()) control_->Repaint();
 }
 
+void Pane::TellAccessibleChange() {
+    if (!control_.IsNull()) control_->TellAccessibleChange();
+}
+
 void Pane::SetMouseCapture(bool capture) {
     if (!control_.IsNull()) control_->SetMouseCapture(capture);
 }

@@ -82,6 +82,9 @@ public:
     /// middle; the description is the rest of the tool tip.
     virtual Accessible GetAccessible();
 
+    /// Assistive technology is told that what `GetAccessible` gives is another now.
+    void TellAccessibleChange();
+
     /// What the data source gives under "PropertyContent".
     Utilities::Anything GetProperties() override;
 

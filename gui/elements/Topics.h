@@ -24,7 +24,9 @@ inline constexpr char const* close = "OnClose";
 namespace Values {
 
 inline constexpr char const* caption = "Caption";
+inline constexpr char const* state = "State";
 inline constexpr char const* visible = "Visible";
+inline constexpr char const* enable = "Enable";
 inline constexpr char const* enabled = "Enabled";
 /// What assistive technology calls an element that draws itself.
 inline constexpr char const* accessibleName = "AccessibleName";

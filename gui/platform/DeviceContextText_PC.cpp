@@ -19,7 +19,7 @@ RGBVector PlatformIndependentDeviceContext_PC::SetTextColor(RGBVector const& col
 
 void PlatformIndependentDeviceContext_PC::SetFont(short height, short width, short escapement,
                                                   String const& face, short bold) {
-    font_ = &FindFont(height, width, face, bold != 0);
+    font_ = &FindFont(height, width, face, bold);
     escapement_ = escapement / 10.0;
 }
 

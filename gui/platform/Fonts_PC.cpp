@@ -1,5 +1,6 @@
 #include "gui/platform/Fonts_PC.h"
 
+#include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
 #include "gui/platform/TextConversion_PC.h"
 
 #include <QFontMetrics>
@@ -14,18 +15,21 @@ namespace GUI {
 
 namespace {
 
-QFont MakeFont(short height, short width, Utilities::String const& face, bool bold) {
+QFont MakeFont(short height, short width, Utilities::String const& face, int style) {
     constexpr int smallestPoints = 8;
     constexpr double pixelsPerPoint = 96.0 / 72.0;
     QFont font;
     if (face == "Arial")
         font.setFamilies(QStringList{"Arial", "Liberation Sans"});
-    else if (face.Length() != 0 && !(face == "MS Sans Serif"))
+    else if (face.Length() != 0 && !(face == "MS Sans Serif") && !(face == "SystemFont"))
         font.setFamilies(QStringList{ToPlatformText(face)});
     font.setStyleHint(QFont::SansSerif);
     int const points = std::max<int>(height, smallestPoints);
     font.setPixelSize(height < 0 ? -height : static_cast<int>(std::lround(points * pixelsPerPoint)));
-    font.setBold(bold);
+    using Context = PlatformIndependentDeviceContext;
+    font.setBold((style & Context::boldFont) != 0);
+    font.setItalic((style & Context::italicFont) != 0);
+    font.setUnderline((style & Context::underlinedFont) != 0);
     if (width > 0) {
         int const own = QFontMetrics(font).averageCharWidth();
         if (own > 0) font.setStretch(std::clamp(100 * width / own, 1, 4000));
@@ -35,12 +39,12 @@ QFont MakeFont(short height, short width, Utilities::String const& face, bool bo
 
 } // namespace
 
-QFont const& FindFont(short height, short width, Utilities::String const& face, bool bold) {
-    using Key = std::tuple<short, short, std::string, bool>;
+QFont const& FindFont(short height, short width, Utilities::String const& face, int style) {
+    using Key = std::tuple<short, short, std::string, int>;
     static std::map<Key, QFont> fonts;
-    Key const key(height, width, face.GetStdString(), bold);
+    Key const key(height, width, face.GetStdString(), style);
     auto found = fonts.find(key);
-    if (found == fonts.end()) found = fonts.emplace(key, MakeFont(height, width, face, bold)).first;
+    if (found == fonts.end()) found = fonts.emplace(key, MakeFont(height, width, face, style)).first;
     return found->second;
 }
 

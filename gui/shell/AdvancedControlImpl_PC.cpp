@@ -85,4 +85,8 @@ void AdvancedControlImpl_PC::Show(bool visible) {
     if (auto const control = control_) control->Show(visible);
 }
 
+void AdvancedControlImpl_PC::TellAccessibleChange() {
+    if (auto const control = control_) control->TellAccessibleChange();
+}
+
 } // namespace GUI

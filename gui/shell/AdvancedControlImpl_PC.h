@@ -26,6 +26,7 @@ public:
     void SetMouseCapture(bool capture) override;
     void SetPane(Pane* pane) override;
     void Show(bool visible) override;
+    void TellAccessibleChange() override;
 
 private:
     /// Null for a pane without a parent window, which nobody can see.

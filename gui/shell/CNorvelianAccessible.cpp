@@ -182,6 +182,7 @@ QAccessible::State CNorvelianAccessiblePane::state() const {
     state.disabled = !told.isEnabled;
     state.checkable = told.role == Accessible::Role::CheckBox;
     state.checked = told.isChecked;
+    state.pressed = told.isPressed;
     state.selectable = told.role == Accessible::Role::ListItem || told.role == Accessible::Role::Tab;
     state.selected = told.isSelected;
     return state;

@@ -63,6 +63,15 @@ void CNorvelianAdvancedControl::TellAssistiveTechnology(int event) {
     QAccessible::updateAccessibility(&told);
 }
 
+void CNorvelianAdvancedControl::TellAccessibleChange() {
+    // Nobody has asked for the state before.
+    if (accessibleId_ == 0) return;
+    QAccessible::State changed;
+    changed.pressed = changed.checked = changed.disabled = true;
+    QAccessibleStateChangeEvent told(CNorvelianAccessiblePane::Of(*this), changed);
+    QAccessible::updateAccessibility(&told);
+}
+
 Accessible CNorvelianAdvancedControl::GetAccessible() {
     Accessible told =
         Guarded("CNorvelianAdvancedControl: accessible", [&] { return impl_->GetAccessible(); });
@@ -163,6 +172,8 @@ void CNorvelianAdvancedControl::OnClickKey(bool controlKey) {
     QPoint const middle(window_->GetWidth() / 2, window_->GetHeight() / 2);
     OnLeftButtonDown(controlKey, middle);
     OnLeftButtonUp(middle);
+    // The mouse wasn't in it.
+    if (surface_ && !surface_->IsUnderMouse(*this)) OnMouseLeave();
 }
 
 QString CNorvelianAdvancedControl::GetToolTipText(QPoint const& place) {

@@ -45,6 +45,7 @@ public:
     /// Qt's number for the pane's accessible interface; 0 if nobody has asked for one.
     unsigned GetAccessibleId() const { return accessibleId_; }
     void SetAccessibleId(unsigned id) { accessibleId_ = id; }
+    void TellAccessibleChange();
     /// A place of the surface in the pane's coordinates.
     QPoint FromSurface(QPoint const& place) const;
 

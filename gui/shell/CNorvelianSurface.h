@@ -69,6 +69,9 @@ public:
     bool HasFocus(CNorvelianAdvancedControl const& control) const {
         return GetFocusControl().get() == &control;
     }
+    bool IsUnderMouse(CNorvelianAdvancedControl const& control) const {
+        return hover_.lock().get() == &control;
+    }
     /// The mouse has gone over to a native control.
     void LeavePane();
 

@@ -3,7 +3,7 @@
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 
 namespace GUI {
 
@@ -145,6 +145,12 @@ bool NativeControl::eventFilter(QObject* /*watched*/, QEvent* event) {
         QPointer<CNorvelianSurface> const surface = surface_;
         RunEvent([&surface] { surface->LeavePane(); });
     }
+    bool const isFocus = event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut;
+    if (isFocus && onFocus_ && static_cast<QFocusEvent const*>(event)->reason() != Qt::PopupFocusReason)
+        RunGuardedEvent(element_, [this, event] {
+            onFocus_(event->type() == QEvent::FocusIn);
+            return true;
+        });
     return false;
 }
 

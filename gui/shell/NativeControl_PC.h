@@ -10,6 +10,7 @@
 #include <QFont>
 #include <QPointer>
 #include <QPushButton>
+#include <functional>
 #include <memory>
 #include <type_traits>
 #include <utility>
@@ -51,6 +52,8 @@ public:
             });
         });
     }
+    /// The control has got or lost the keyboard focus. A menu that opens over it doesn't count.
+    void ConnectFocus(std::function<void(bool)> handler) { onFocus_ = std::move(handler); }
     /// Null once the element is released or Qt has deleted the widget.
     QWidget* GetWidget() const { return widget_; }
     LightWindow* GetLightWindow() const { return window_.get(); }
@@ -86,6 +89,7 @@ private:
     void SettleLater();
 
     GUIElement& element_;
+    std::function<void(bool)> onFocus_;
     QPointer<QWidget> widget_;
     QPointer<CNorvelianSurface> surface_;
     std::shared_ptr<LightWindow> window_;

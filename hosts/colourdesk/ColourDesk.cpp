@@ -51,6 +51,10 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
             options.screenshot = value("the name of a picture");
         } else if (argument == "--language") {
             options.language = value("a language");
+        } else if (argument == "--gallery") {
+            options.gallery = true;
+            if (i + 1 < arguments.size() && !arguments[i + 1].starts_with("-"))
+                options.galleryDirectory = arguments[++i];
         } else if (argument == "--exit-after-first-paint") {
             options.exitAfterFirstPaint = true;
         } else if (argument.starts_with("-")) {
@@ -66,6 +70,7 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
 
 char const* Options::Usage() {
     return "usage: colourdesk [--screenshot PICTURE] [--language LANGUAGE] [FILE]\n"
+           "       colourdesk --gallery [DIRECTORY] [--language LANGUAGE]\n"
            "\n"
            "Shows the measured samples of FILE: CGATS text, or the XML form, with spectra of at least 400 to "
            "700 nm.\n"
@@ -74,12 +79,14 @@ char const* Options::Usage() {
            "  --screenshot PICTURE       draws the window without a screen and writes it to PICTURE\n"
            "  --language LANGUAGE        English, French, German or Japanese; F8 in the window takes the\n"
            "                             next one and keeps it\n"
+           "  --gallery [DIRECTORY]      shows the components of the library in their states, or writes one\n"
+           "                             picture of each into DIRECTORY\n"
            "  --exit-after-first-paint   ends when the window has been painted\n"
            "  --help                     this text\n";
 }
 
 Application::Application(Options options) : GUI::Application("colourdesk"), options_(std::move(options)) {
-    SetOffscreen(!options_.screenshot.empty());
+    SetOffscreen(!options_.screenshot.empty() || !options_.galleryDirectory.empty());
 }
 
 Application::~Application() {
@@ -91,6 +98,7 @@ Application::~Application() {
 void Application::Close() {
     window_ = nullptr;
     handler_.reset();
+    gallery_.reset();
 }
 
 Tintorium::ScreenRGB Application::GetScreen() {
@@ -149,24 +157,38 @@ void Application::Start() {
     messages_ = Utilities::ResolveComponent<GUI::MessageService>("MessageService");
     messages_->SetCallback(keyMessage, Utilities::MakeCallback(this, &Application::OnKey));
     messages_->SetCallback(openMessage, Utilities::MakeCallback(this, &Application::OnOpen));
-    Show(options_.file.empty() ? BundledFile() : options_.file);
+    if (options_.gallery)
+        gallery_ = std::make_unique<Gallery>();
+    else
+        Show(options_.file.empty() ? BundledFile() : options_.file);
 }
 
 int Application::Execute() {
     GUI::ApplicationImplementation const& platform = GetImplementation();
     Start();
+    if (gallery_) return ShowGallery();
     if (options_.exitAfterFirstPaint) {
         QuitAfterFirstPaint();
         return Run();
     }
-    if (!options_.screenshot.empty()) return WritePicture(options_.screenshot);
+    if (!options_.screenshot.empty()) return WritePicture(*window_, options_.screenshot);
     if (platform.IsOffscreen()) {
         std::string const picture = std::filesystem::absolute("colourdesk.png").string();
-        int const result = WritePicture(picture);
+        int const result = WritePicture(*window_, picture);
         if (result == 0) std::printf("There is no display; the window's picture is in %s\n", picture.c_str());
         return result;
     }
     return Run();
+}
+
+int Application::ShowGallery() {
+    if (!options_.galleryDirectory.empty()) {
+        gallery_->WritePictures(options_.galleryDirectory, GetImplementation());
+        return 0;
+    }
+    GUI::GUIElement& window = gallery_->Show();
+    SetMainWindow(&window);
+    return options_.screenshot.empty() ? Run() : WritePicture(window, options_.screenshot);
 }
 
 void Application::LoadLanguages() {
@@ -217,8 +239,8 @@ long Application::TakeNextLanguage() {
     return 1;
 }
 
-int Application::WritePicture(std::string const& fileName) {
-    if (GetImplementation().SaveWindowPicture(*window_, fileName)) return 0;
+int Application::WritePicture(GUI::GUIElement& window, std::string const& fileName) {
+    if (GetImplementation().SaveWindowPicture(window, fileName)) return 0;
     ReportError(fileName + ": the picture can't be written");
     return 1;
 }

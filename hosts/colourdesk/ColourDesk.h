@@ -2,6 +2,7 @@
 
 #include "gui/elements/application/Application.h"
 #include "gui/elements/application/MessageService.h"
+#include "hosts/colourdesk/Gallery.h"
 #include "hosts/colourdesk/SampleWindow.h"
 
 #include <memory>
@@ -19,6 +20,10 @@ struct Options {
     /// Language of the texts; empty for that of the settings.
     std::string language;
     bool exitAfterFirstPaint = false;
+    /// The components of the library in place of samples.
+    bool gallery = false;
+    /// Where the gallery's pictures go; empty for the screen.
+    std::string galleryDirectory;
     bool help = false;
 
     /// Throws `InvalidArgumentException` that names the option.
@@ -54,12 +59,14 @@ private:
     long OnOpen(Utilities::Anything const& file);
     /// And keeps it in the settings.
     long TakeNextLanguage();
-    int WritePicture(std::string const& fileName);
+    int ShowGallery();
+    int WritePicture(GUI::GUIElement& window, std::string const& fileName);
     void QuitAfterFirstPaint();
 
     Options options_;
     Utilities::SmartPointer<GUI::MessageService> messages_;
     std::unique_ptr<SampleWindow> handler_;
+    std::unique_ptr<Gallery> gallery_;
     Utilities::SmartPointer<GUI::PlatformIndependentWindowID> noParent_;
     Utilities::SmartPointer<GUI::DescriptionTree> description_;
     Utilities::SmartPointer<GUI::GUIElement> window_;

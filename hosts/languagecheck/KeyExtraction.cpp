@@ -14,6 +14,17 @@ std::size_t LineAt(std::string_view contents, std::size_t offset) {
     return 1 + static_cast<std::size_t>(std::count(contents.begin(), end, '\n'));
 }
 
+/// Some attributes are no text in some elements: captions that name images, what a field contains.
+bool IsTranslated(pugi::xml_node const& node, std::string_view attribute) {
+    auto const& names = TranslatedAttributes();
+    if (std::find(names.begin(), names.end(), attribute) == names.end()) return false;
+    std::string_view const element = node.name();
+    if (attribute == "Text") return element != "Edit";
+    bool const isImage =
+        element.ends_with("ImageButton") || std::string_view(node.attribute("BitmapButton").value()) == "Yes";
+    return attribute != "Caption" || !isImage;
+}
+
 std::vector<UsedKey> FromDescription(std::string const& file, std::string const& contents,
                                      std::vector<Finding>& findings) {
     std::vector<UsedKey> used;
@@ -28,9 +39,7 @@ std::vector<UsedKey> FromDescription(std::string const& file, std::string const&
     struct Walker : pugi::xml_tree_walker {
         bool for_each(pugi::xml_node& node) override {
             for (auto const& attribute : node.attributes()) {
-                auto const& names = TranslatedAttributes();
-                bool const isText = std::find(names.begin(), names.end(), attribute.name()) != names.end();
-                if (!isText || !*attribute.value()) continue;
+                if (!*attribute.value() || !IsTranslated(node, attribute.name())) continue;
                 auto const start = static_cast<std::size_t>(node.offset_debug());
                 auto const place = contents->find(std::string(attribute.name()) + "=", start);
                 used->push_back(
@@ -91,7 +100,8 @@ std::vector<UsedKey> FromSource(std::string const& file, std::string const& cont
 } // namespace
 
 std::vector<std::string> const& TranslatedAttributes() {
-    static std::vector<std::string> const names{"Caption", "Text", "ToolTipText"};
+    static std::vector<std::string> const names{"Caption",        "Text",        "ToolTipText",
+                                                "AccessibleName", "Placeholder", "ValidationText"};
     return names;
 }
 

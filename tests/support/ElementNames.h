@@ -3,6 +3,7 @@
 #include "Utilities/NamingService.h"
 #include "gui/elements/GUIElement.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ inline std::vector<std::string> ElementNames() {
         std::string const name = creator->GetDescriptor().at("name").GetString();
         if (dynamic_cast<GUI::GUIElement*>(component.Get()) && name != "Leaf") names.push_back(name);
     }
+    // A component may be registered twice.
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
     return names;
 }
 

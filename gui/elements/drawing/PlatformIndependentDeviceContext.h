@@ -37,6 +37,11 @@ public:
     static constexpr long dotted = 2;
     static constexpr long noPen = 5;
 
+    /// Font styles, which add up.
+    static constexpr short boldFont = 1;
+    static constexpr short italicFont = 2;
+    static constexpr short underlinedFont = 4;
+
     using Points = Utilities::Vector<Utilities::Pair<long, long>>;
 
     PlatformIndependentDeviceContext() = default;
@@ -55,7 +60,7 @@ public:
     /// Selects a solid brush for filled figures.
     virtual void SetBrush(RGBVector const& color) = 0;
     /// `width` is the average width of a character in pixels, 0 for the face's own; `escapement` turns
-    /// the base line by tenths of a degree; `bold` 1 selects the bold weight.
+    /// the base line by tenths of a degree; `bold` is the sum of the font styles, 0 for none.
     virtual void SetFont(short height, short width, short escapement, Utilities::String const& face,
                          short bold) = 0;
 

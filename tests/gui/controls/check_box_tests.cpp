@@ -1,68 +1,28 @@
 // Check boxes in a real window on the offscreen platform.
-#include "Utilities/NamingService.h"
-#include "gui/elements/application/Application.h"
-#include "gui/platform/PlatformIndependentWindowID_PC.h"
-#include "tests/support/FakeDataSource.h"
-#include "tests/support/FakeWindowHost.h"
-#include "tests/support/FunctionCallback.h"
-#include "tests/support/QtApplication.h"
+#include "tests/gui/controls/ControlFixture.h"
 
 #include <QCheckBox>
-#include <gtest/gtest.h>
 #include <stdexcept>
 
 namespace {
 
-using TestSupport::Node;
-using Utilities::Anything;
+using namespace Tests;
 
-testing::Environment* const application = testing::AddGlobalTestEnvironment(new Tests::QtApplication);
-
-class TestApplication : public GUI::Application {
-public:
-    TestApplication() : Application("controls-tests") {}
-    void ReportError(Utilities::String const& text) override { error = text.GetStdString(); }
-    std::string error;
-};
-
-class CheckBoxTest : public testing::Test {
-protected:
-    CheckBoxTest() {
-        window_.resize(200, 100);
-        identity_.SetWindow(&window_);
-        window_.show();
-    }
-    QCheckBox& Make(std::initializer_list<std::pair<char const*, char const*>> attributes = {}) {
-        auto const node = Node({{"GUIElementType", "CheckBox"}, {"ElementName", "Check"}});
-        for (auto const& [key, value] : attributes) (*node)[key] = value;
-        element_ = Utilities::ResolveComponent<GUI::GUIElement>("CheckBox");
-        element_->Initialize(identity_, *node, &source_);
-        element_->SetPosition(10, 20);
-        element_->SetSize(80, 24);
-        QApplication::processEvents();
-        return *window_.findChild<QCheckBox*>();
-    }
-
-    TestApplication app_;
-    QWidget window_;
-    GUI::PlatformIndependentWindowID_PC identity_;
-    TestSupport::FakeDataSource source_;
-    Utilities::SmartPointer<GUI::GUIElement> element_;
-};
+class CheckBoxTest : public Controls {};
 
 } // namespace
 
 TEST_F(CheckBoxTest, ShowsWhatItsDataSourceSays) {
-    QCheckBox& box = Make({{"Caption", "R & D"}, {"TriState", "Yes"}});
+    QCheckBox& box = Show<QCheckBox>("CheckBox", {{"Caption", "R & D"}, {"TriState", "Yes"}});
     EXPECT_EQ(box.text(), "R && D") << "an ampersand is one";
-    EXPECT_EQ(box.geometry(), QRect(10, 20, 80, 24));
+    EXPECT_EQ(box.geometry(), QRect(0, 0, 300, 200)) << "where its box puts it";
     EXPECT_TRUE(box.isVisible());
     EXPECT_TRUE(box.isTristate());
-    source_.values = {{{"Check", "State"}, Anything(2L)},
-                      {{"Check", "Caption"}, Anything("now")},
-                      {{"Check", "Enabled"}, Anything(false)},
-                      {{"Check", "ToolTipText"}, Anything("<img src='x'>")}};
-    source_.Fire("Check", "OnUpdate");
+    source_.values = {{{"it", "State"}, Anything(2L)},
+                      {{"it", "Caption"}, Anything("now")},
+                      {{"it", "Enabled"}, Anything(false)},
+                      {{"it", "ToolTipText"}, Anything("<img src='x'>")}};
+    source_.Fire("it", "OnUpdate");
     EXPECT_EQ(box.checkState(), Qt::PartiallyChecked);
     EXPECT_EQ(box.text(), "now");
     EXPECT_FALSE(box.isEnabled());
@@ -71,34 +31,35 @@ TEST_F(CheckBoxTest, ShowsWhatItsDataSourceSays) {
 }
 
 TEST_F(CheckBoxTest, TellsOfClicksAndThenRunsTheCallback) {
-    QCheckBox& box = Make();
+    QCheckBox& box = Show<QCheckBox>("CheckBox");
     std::string clicked;
-    source_.SetCallback("Check", "OnClick", Tests::MakeCallback([&](Anything const& name) {
+    source_.SetCallback("it", "OnClick", Tests::MakeCallback([&](Anything const& name) {
                             EXPECT_EQ(source_.told.size(), 1U) << "the state comes first";
                             clicked = name.GetString().GetStdString();
                             return 0L;
                         }));
     box.click();
-    EXPECT_EQ(clicked, "Check");
+    EXPECT_EQ(clicked, "it");
     ASSERT_EQ(source_.told.size(), 1U);
     EXPECT_EQ(source_.told[0].name, "State");
     EXPECT_EQ(source_.told[0].value.GetLong(), 1L);
 
-    source_.SetCallback("Check", "OnClick", Tests::MakeCallback([](Anything const&) -> long {
+    source_.SetCallback("it", "OnClick", Tests::MakeCallback([](Anything const&) -> long {
                             throw std::runtime_error("why");
                         }));
     box.click();
-    EXPECT_EQ(app_.error, "An unexpected error occured. Error text:why");
+    EXPECT_EQ(environment->app->errors.back(), "An unexpected error occured. Error text:why");
 }
 
 TEST_F(CheckBoxTest, MayVanishInItsOwnClick) {
-    QCheckBox& box = Make();
-    source_.SetCallback("Check", "OnClick", Tests::MakeCallback([&](Anything const&) {
+    QCheckBox& box = Show<QCheckBox>("CheckBox");
+    QPointer<QCheckBox> const gone(&box);
+    source_.SetCallback("it", "OnClick", Tests::MakeCallback([&](Anything const&) {
                             element_ = nullptr;
-                            EXPECT_FALSE(box.isVisible()) << "gone at once";
+                            EXPECT_FALSE(gone && gone->isVisible()) << "gone at once";
                             return 0L;
                         }));
     box.click();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(window_.findChild<QCheckBox*>(), nullptr);
+    EXPECT_TRUE(gone.isNull());
 }

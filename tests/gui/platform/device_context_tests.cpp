@@ -185,7 +185,7 @@ TEST(DeviceContext, MeasuresAndPlacesText) {
 TEST(DeviceContext, TakesPositiveHeightsForPointsAndNegativeOnesForPixels) {
     std::pair<short, int> const rows[] = {{-12, 12}, {-5, 5}, {9, 12}, {12, 16}, {3, 11}, {0, 11}};
     for (auto const& [height, pixels] : rows)
-        EXPECT_EQ(GUI::FindFont(height, 0, "Arial", false).pixelSize(), pixels) << height;
+        EXPECT_EQ(GUI::FindFont(height, 0, "Arial", 0).pixelSize(), pixels) << height;
 }
 
 TEST(DeviceContext, AFullPieIsADisc) {

@@ -1,0 +1,129 @@
+#include "hosts/colourdesk/Gallery.h"
+
+#include "Utilities/NamingService.h"
+#include "core/base/Exceptions.h"
+#include "gui/elements/Pane.h"
+#include "gui/elements/application/ApplicationImplementation.h"
+#include "gui/elements/description/Attributes.h"
+#include "gui/elements/description/GUIDescriptionReader.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+
+namespace ColourDesk {
+
+using GUI::DescriptionTree;
+using Norvelian::Utilities::Exceptions::ResourceException;
+using Utilities::Anything;
+using Utilities::SmartPointer;
+using Utilities::String;
+
+namespace {
+
+std::string NameOf(DescriptionTree const& node) {
+    return GUI::AttributeReader(node).Text(GUI::CommonAttributes::elementName);
+}
+
+std::string StateOf(std::string const& name) {
+    auto const dot = name.find('.');
+    return dot == std::string::npos ? std::string() : name.substr(dot + 1);
+}
+
+/// The examples below a node.
+void Collect(DescriptionTree const& node, std::vector<SmartPointer<DescriptionTree>>& examples) {
+    for (auto child = node.GetChildren(); child.IsValid(); ++child) {
+        if (!StateOf(NameOf(*child.Current())).empty()) examples.push_back(child.Current());
+        Collect(*child.Current(), examples);
+    }
+}
+
+Anything Illuminants() {
+    constexpr char const* names[] = {"A", "C", "D50", "D55", "D65", "D75", "F2", "F7", "F11"};
+    Anything::VectorOfAnythings texts(static_cast<std::uint32_t>(std::size(names)));
+    std::copy(std::begin(names), std::end(names), texts.begin());
+    return texts;
+}
+
+/// Pictures of states that only the mouse brings about.
+void PutMouseOver(GUI::GUIElement const& root, std::string const& name) {
+    if (StateOf(name) != "Over") return;
+    if (auto* const pane = dynamic_cast<GUI::Pane*>(&root.FindElement(name))) pane->OnMouseMove(1, 1);
+}
+
+SmartPointer<DescriptionTree> Node(char const* type) {
+    auto node = Utilities::MakeSmart<DescriptionTree>();
+    (*node)["GUIElementType"] = type;
+    return node;
+}
+
+/// A window for one example, which has room around it.
+DescriptionTree WindowFor(SmartPointer<DescriptionTree> const& example) {
+    constexpr char const* margin = "8";
+    auto const frame = Node("FrameBox");
+    for (char const* const side : {"Left", "Top", "Right", "Bottom"}) (*frame)[side] = margin;
+    frame->AddChild(example);
+    DescriptionTree window;
+    window["GUIElementType"] = "Window";
+    window["ElementName"] = "Example";
+    GUI::AttributeReader const reader(*example);
+    auto const size = [&reader](GUI::Attribute const& attribute, unsigned long otherwise) {
+        unsigned long const asked = reader.Unsigned(attribute);
+        return String((asked != 0 ? asked : otherwise) + 16UL);
+    };
+    window["Width"] = size(GUI::CommonAttributes::minimalWidth, 40);
+    window["Height"] = size(GUI::CommonAttributes::minimalHeight, 40);
+    window.AddChild(frame);
+    return window;
+}
+
+} // namespace
+
+Gallery::Gallery()
+    : description_(GUI::GUIDescriptionReader::GetGUIDescriptionTree("Gallery")),
+      noParent_(
+          Utilities::ResolveComponent<GUI::PlatformIndependentWindowID>("PlatformIndependentWindowID")) {}
+
+Gallery::~Gallery() { window_ = nullptr; }
+
+GUI::GUIElement& Gallery::Open(DescriptionTree const& description) {
+    window_ = Utilities::ResolveComponent<GUI::GUIElement>("Window");
+    window_->Initialize(*noParent_, description, this);
+    std::vector<SmartPointer<DescriptionTree>> examples;
+    Collect(description, examples);
+    for (auto const& example : examples) PutMouseOver(*window_, NameOf(*example));
+    return *window_;
+}
+
+GUI::GUIElement& Gallery::Show() { return Open(description_); }
+
+void Gallery::WritePictures(std::string const& directory, GUI::ApplicationImplementation& platform) {
+    std::error_code failure;
+    std::filesystem::create_directories(directory, failure);
+    if (failure) throw ResourceException(directory + ": " + failure.message());
+    std::vector<SmartPointer<DescriptionTree>> examples;
+    Collect(description_, examples);
+    for (auto const& example : examples) {
+        std::string const file = directory + "/" + NameOf(*example) + ".png";
+        if (!platform.SaveWindowPicture(Open(WindowFor(example)), file))
+            throw ResourceException(file + ": the picture can't be written");
+    }
+}
+
+Anything Gallery::GetValue(String const& element, String const& name) {
+    std::string const state = StateOf(element);
+    if (state.empty()) return {};
+    if (name == "Enable" || name == "Enabled") return !state.ends_with("Disabled");
+    if (name == "Focus") return state.ends_with("Focus");
+    if (name == "State" && state.ends_with("Down")) return true;
+    if (name == "State" && state == "Undecided") return 2L;
+    if (name == "EntryTexts") return Illuminants();
+    if (name == "SelectedEntry") return "D65";
+    if (name == "NumberOfValues") return 100L;
+    if (name == "NumberOfShowValues") return 25L;
+    if (name == "Position") return 30L;
+    if (name == "ButtonColor") return "229,112,68";
+    return {};
+}
+
+} // namespace ColourDesk
