@@ -22,6 +22,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/LabGraph.cpp
   services/LanguageService.cpp
   gui/layout/LoopBox.cpp
+  gui/shell/Menu_PC.cpp
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
   gui/colour/Patch.cpp

@@ -26,6 +26,8 @@ namespace Values {
 inline constexpr char const* caption = "Caption";
 inline constexpr char const* visible = "Visible";
 inline constexpr char const* enabled = "Enabled";
+/// Of a function that menus and tool bars offer.
+inline constexpr char const* itemEnabled = "ItemEnabled";
 /// What assistive technology calls an element that draws itself.
 inline constexpr char const* accessibleName = "AccessibleName";
 inline constexpr char const* toolTipText = "ToolTipText";
