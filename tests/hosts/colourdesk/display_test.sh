@@ -126,7 +126,8 @@ echo "no samples" >"$work/bad.txt"
 drop "$work/bad.txt"
 await has_box || fail "a file that can't be read was dropped, and no box came"
 kill "$source"
-xdotool key --window "$(others)" Return
+# The box may be gone before the key is released.
+xdotool key --window "$(others)" Return 2>/dev/null || true
 await has_no_box || fail "the box didn't close"
 
 # A good one takes the place of what was shown.
