@@ -15,6 +15,8 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/Dialog_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
+  gui/layout/GUIDSwitch.cpp
+  gui/layout/GUIDSwitcher.cpp
   gui/layout/GumBox.cpp
   gui/layout/Boxes.cpp
   services/ImageService.cpp
