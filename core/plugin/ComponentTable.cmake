@@ -36,6 +36,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/TextAdapter.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/VBoxRegistration.cpp
+  gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp

@@ -1,6 +1,9 @@
+#include "gui/elements/application/Application.h"
+#include "gui/layout/ViewSelector.h"
 #include "tests/support/FakeDataSource.h"
 #include "tests/support/FakeWindowHost.h"
 #include "tests/support/FunctionCallback.h"
+#include "tests/support/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
 
@@ -115,4 +118,105 @@ TEST_F(ViewSwitching, ASwitchGivesItsChildrenItsPlaceAndKeepsThoseBeforeAFault) 
     element->SetSize(50, 60);
     EXPECT_TRUE(element->FindElement("A").IfPositionEqual(3, 4));
     EXPECT_TRUE(element->FindElement("A").IfSizeEqual(50, 60));
+}
+
+namespace {
+
+/// A tool that registers its updates, as buttons do.
+SmartPointer<GUI::DescriptionTree> Tool(char const* name) {
+    return Node({{"GUIElementType", "SmallPatch"}, {"ElementName", name}, {"Updates", "Yes"}});
+}
+
+class Selector : public ViewSwitching {
+protected:
+    Selector() {
+        for (char const* const row : {"Selector/OnClick", "Selector/OnAfterClick", "A/OnHide",
+                                      "A/SetUpdateHandler", "B/OnHide", "B/SetUpdateHandler"}) {
+            std::string const text = row;
+            auto const slash = text.find('/');
+            source.SetCallback(text.substr(0, slash), text.substr(slash + 1),
+                               Tests::MakeCallback([this, text](Anything const& argument) {
+                                   calls.push_back(text + (argument.IsValid()
+                                                               ? " " + std::string(argument.GetString())
+                                                               : ""));
+                                   if (onCall) onCall(text);
+                                   return 0L;
+                               }));
+        }
+    }
+    GUI::ViewSelector& Create(char const* justification = "Horizontal", char const* width = "10000") {
+        element = host.Create(Node({{"GUIElementType", "ViewSelector"},
+                                    {"ElementName", "Selector"},
+                                    {"Justification", justification},
+                                    {"PaneLinkElementName", "Content"},
+                                    {"MaximalWidth", width}},
+                                   {Tool("A"), Tool("B")}),
+                              &source);
+        return dynamic_cast<GUI::ViewSelector&>(*element);
+    }
+    void Click(char const* tool) {
+        GUI::EventScope const event;
+        dynamic_cast<GUI::ViewSelector&>(*element).GetCallback(tool, "OnClick").Execute(tool);
+    }
+
+    SmartPointer<GUIElement> element;
+    std::vector<std::string> calls;
+    std::function<void(std::string const&)> onCall;
+};
+
+} // namespace
+
+TEST_F(Selector, LaysItsToolsOutAndAnswersThem) {
+    auto& selector = Create();
+    selector.SetSize(200, 50);
+    EXPECT_TRUE(selector.FindElement("B").IfPositionEqual(100, 0));
+    unsigned long minimum = 0, maximum = 0, ignored = 0;
+    Create("Vertical", "0").GetSizeInformation(minimum, maximum, ignored, ignored);
+    EXPECT_TRUE(minimum == 83 && maximum == 83);
+    source.values = {{{"A", "ItemEnabled"}, false}, {{"A", "ToolTipText"}, "tip"}, {{"A", "Caption"}, "x"}};
+    GUI::DialogDataSource& answers = dynamic_cast<GUI::ViewSelector&>(*element);
+    EXPECT_FALSE(answers.GetValue("A", "Enabled").GetBool());
+    EXPECT_EQ(answers.GetValue("A", "ToolTipText").GetString(), "tip");
+    EXPECT_FALSE(answers.GetValue("A", "State").GetBool());
+    EXPECT_FALSE(answers.GetValue("A", "Caption").IsValid());
+    EXPECT_FALSE(answers.GetCallback("A", "OnOther").IsValid());
+    EXPECT_THROW(host.Create(Node({{"GUIElementType", "ViewSelector"}, {"Justification", "x"}})),
+                 std::exception);
+}
+
+TEST_F(Selector, AClickShowsTheViewInTheLinkedPaneAndTellsInOrder) {
+    Tests::TemporaryDirectory const directory;
+    Tests::WriteFile(directory / "b.xml", "<Pane ElementName=\"Inside\"/>");
+    auto const content = host.Create(Node({{"GUIElementType", "Pane"}, {"ElementName", "Content"}}), &source);
+    GUI::Application::Instance().RegisterComponent("Content", content.Get());
+    auto& selector = Create();
+    source.values[{"B", "ViewDescription"}] = (directory / "b.xml").c_str();
+    Click("A");
+    Click("A");
+    EXPECT_EQ(calls, (std::vector<std::string>{"Selector/OnClick A", "A/SetUpdateHandler Selector",
+                                               "Selector/OnAfterClick A", "Selector/OnClick A"}));
+    calls.clear();
+    Click("B");
+    EXPECT_EQ(calls, (std::vector<std::string>{"Selector/OnClick B", "A/OnHide",
+                                               "B/SetUpdateHandler Selector", "Selector/OnAfterClick B"}));
+    EXPECT_TRUE(Has(*content, "B")) << "the view has its own name";
+    GUI::DialogDataSource& answers = selector;
+    EXPECT_TRUE(answers.GetValue("B", "State").GetBool() && !answers.GetValue("A", "State").GetBool());
+    GUI::Application::Instance().UnregisterComponent("Content");
+}
+
+TEST_F(Selector, EachOfItsCallbacksMayDropIt) {
+    for (std::string const strike :
+         {"Selector/OnClick", "A/OnHide", "B/SetUpdateHandler", "Selector/OnAfterClick"}) {
+        onCall = nullptr;
+        Create();
+        Click("A");
+        onCall = [&](std::string const& call) {
+            if (call == strike) element = nullptr;
+        };
+        Click("B");
+        EXPECT_TRUE(element.IsNull()) << strike;
+        EXPECT_EQ(GUI::ReleasedElements::GetCount(), 0U);
+        EXPECT_EQ(host.GetWindowCount(), 0);
+    }
 }
