@@ -22,8 +22,6 @@ TranslationService::~TranslationService() {
     if (Living() == this) Living() = nullptr;
 }
 
-TranslationService* TranslationService::FindLiving() { return Living(); }
-
 namespace {
 
 String Translate(TranslationService& service, String const& key) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Utilities/Tools/List.h"
 #include "core/base/Exceptions.h"
 #include "core/base/String.h"
 #include "core/component/ComponentCreatorBase.h"
@@ -22,6 +23,8 @@ namespace Utilities {
 /// ```
 class Plugin {
 public:
+    using Descriptors = List<ComponentCreatorBase::Descriptor>;
+
     /// The path is absolute; links in it are followed. Throws `ResourceNotAvailableException` with path and
     /// reason: a relative path, no file, no whole module of this system, another interface, what the loader
     /// says, or an export that is missing or isn't a function.
@@ -34,7 +37,7 @@ public:
     /// @name The module's exports
     /// @{
     void Resolve(String const& name, SmartPointer<Component>& result) const;
-    void const* GetComponentDescriptors() const;
+    Descriptors const* GetComponentDescriptors() const;
     bool CanUnload() const;
     void PrepareForUnload() const;
     /// @}

@@ -116,7 +116,9 @@ void* Plugin::Find(char const* name) const {
 void Plugin::Resolve(String const& name, SmartPointer<Component>& result) const {
     As<void(String const&, SmartPointer<Component>&)>(Find(exportNames[0]))(name, result);
 }
-void const* Plugin::GetComponentDescriptors() const { return As<void const*()>(Find(exportNames[1]))(); }
+Plugin::Descriptors const* Plugin::GetComponentDescriptors() const {
+    return As<Descriptors const*()>(Find(exportNames[1]))();
+}
 bool Plugin::CanUnload() const { return As<std::int32_t()>(Find(exportNames[2]))() == 1; }
 void Plugin::PrepareForUnload() const { As<void()>(Find(exportNames[3]))(); }
 

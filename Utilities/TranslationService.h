@@ -43,9 +43,6 @@ public:
     virtual bool IsLoaded() const = 0;
     /// Throws `ResourceNotAvailableException` with a text for the user, once.
     virtual void Load() = 0;
-
-    /// The service that was made last and still lives, or null.
-    static TranslationService* FindLiving();
 };
 
 } // namespace Utilities

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages of the named groups that are missing: build, test, check, bench.
+# Installs the Debian packages of the named groups that are missing: build, test, check, bench, reference.
 # Needs root or sudo only if something is missing.
 set -euo pipefail
 
@@ -9,6 +9,7 @@ build="cmake ninja-build ccache g++ pkg-config qt6-base-dev libpugixml-dev liblc
 test="libgtest-dev libgmock-dev xvfb xauth x11-utils openbox xdotool imagemagick"
 check="clang-format-14 clang-tidy-14 clang-14 libclang-rt-14-dev"
 bench="libbenchmark-dev python3"
+reference="doxygen"
 
 packages=""
 for group in "$@"; do packages+=" ${!group}"; done

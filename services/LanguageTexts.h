@@ -13,9 +13,10 @@ namespace Utilities {
 
 /// The texts of one language, found by their keys.
 ///
-/// All keys and translations lie in one block, a key beside its translation, behind a table of hashes: a
-/// look-up among ten thousand then reads two places of memory that aren't in the cache, where a table of
-/// separate nodes and strings reads five.
+/// All keys and translations are in one block, a key beside its translation, behind a table of hashes: a
+/// look-up among ten thousand then reads two places of memory that aren't in the cache. `GetTranslation`
+/// takes 2.5 times the find of a bare `std::unordered_map` with it, and 3.5 times with such a map in here
+/// (language.lookup-10000).
 class LanguageTexts {
 public:
     struct Text {

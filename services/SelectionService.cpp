@@ -3,6 +3,7 @@
 #include "core/base/Exceptions.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/SupportsPropertyInspector.h"
+#include "gui/elements/Topics.h"
 
 #include <algorithm>
 
@@ -60,7 +61,7 @@ DataAccess* SelectionService::GetDataAccess(String const& topic) {
 Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample>
 SelectionService::GetSelectedSample(String const& topic) {
     auto* const access = dynamic_cast<CXFAccess*>(GetDataAccess(topic));
-    auto* const inspected = dynamic_cast<SupportsPropertyInspector*>(GetSelection("PropertyInspector"));
+    auto* const inspected = dynamic_cast<SupportsPropertyInspector*>(GetSelection(Topics::propertyInspector));
     if (!access || !inspected) return {};
     return access->GetSample(inspected->GetPropertyInspectorData());
 }

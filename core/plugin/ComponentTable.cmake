@@ -60,6 +60,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
+  gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp
   gui/platform/Fonts_PC.cpp
   gui/platform/KeyCodes_PC.cpp

@@ -33,7 +33,7 @@ void ReportFailedChild(String const& type, DescriptionTree const& description) {
 
 namespace Common = CommonAttributes;
 
-constexpr Attribute attributes[] = {
+constexpr Attribute attributeList[] = {
     Common::elementType,  Common::elementName,   Common::registered,    Common::minimalWidth,
     Common::maximalWidth, Common::minimalHeight, Common::maximalHeight, Common::justificationOnX,
     Common::helpFile,     Common::helpTopic,     Common::properties,
@@ -43,7 +43,7 @@ std::uint32_t Pixels(unsigned long value) { return static_cast<std::uint32_t>(va
 
 } // namespace
 
-AttributesOf<GUIElement> const GUIElement::attributeTable("GUIElement", nullptr, attributes);
+AttributesOf<GUIElement> const GUIElement::attributeTable("GUIElement", nullptr, attributeList);
 
 std::uint64_t GUIElement::layoutRevision = 0;
 std::uint64_t GUIElement::namesRevision = 0;

@@ -19,8 +19,8 @@ namespace {
 
 namespace Common = CommonAttributes;
 
-constexpr Attribute attributes[] = {Common::paneName, Common::frame, Common::backgroundColor,
-                                    Common::backgroundBitmap, Common::selectable};
+constexpr Attribute attributeList[] = {Common::paneName, Common::frame, Common::backgroundColor,
+                                       Common::backgroundBitmap, Common::selectable};
 
 /// Null in a host or test that has no such service.
 SmartPointer<SelectionServiceInterface> FindSelectionService() {
@@ -36,7 +36,7 @@ DropHandlerBase* FindDropHandler(DialogDataSource* source, String const& element
 
 } // namespace
 
-AttributesOf<Pane> const Pane::attributeTable("Pane", &GUIElement::attributeTable, attributes);
+AttributesOf<Pane> const Pane::attributeTable("Pane", &GUIElement::attributeTable, attributeList);
 
 Pane::~Pane() {
     // For a pane that no smart pointer held; one that was released has let go already.

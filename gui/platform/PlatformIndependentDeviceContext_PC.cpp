@@ -1,21 +1,13 @@
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 
-#include "Utilities/NamingService.h"
-#include "gui/elements/drawing/ImageServiceInterface.h"
 #include "gui/platform/EllipseFigure.h"
-#include "gui/platform/Fonts_PC.h"
-#include "gui/platform/Picture_PC.h"
-#include "gui/platform/TextConversion_PC.h"
 
-#include <QFontMetrics>
 #include <QImage>
 #include <QPaintEngine>
 #include <algorithm>
 #include <utility>
 
 namespace GUI {
-
-using Utilities::String;
 
 namespace {
 
@@ -168,10 +160,6 @@ RGBVector PlatformIndependentDeviceContext_PC::SetBackgroundColor(RGBVector cons
     return std::exchange(backgroundColor_, color);
 }
 
-RGBVector PlatformIndependentDeviceContext_PC::SetTextColor(RGBVector const& color) {
-    return std::exchange(textColor_, color);
-}
-
 void PlatformIndependentDeviceContext_PC::SetPen(RGBVector const& color, long width, long style) {
     FlushLines();
     penColor_ = color;
@@ -180,17 +168,6 @@ void PlatformIndependentDeviceContext_PC::SetPen(RGBVector const& color, long wi
 }
 
 void PlatformIndependentDeviceContext_PC::SetBrush(RGBVector const& color) { brushColor_ = color; }
-
-void PlatformIndependentDeviceContext_PC::SetFont(short height, short width, short escapement,
-                                                  String const& face, short bold) {
-    font_ = &FindFont(height, width, face, bold != 0);
-    escapement_ = escapement / 10.0;
-}
-
-QFont const& PlatformIndependentDeviceContext_PC::GetFont() {
-    if (!font_) SetFont(8, 0, 0, "MS Sans Serif", 0);
-    return *font_;
-}
 
 DashPattern PlatformIndependentDeviceContext_PC::NewPattern() const {
     switch (penStyle_) {
@@ -437,49 +414,5 @@ void PlatformIndependentDeviceContext_PC::Polygon(Points const& points, bool fil
 
 void PlatformIndependentDeviceContext_PC::DrawPolygon(Points points) { Polygon(points, false); }
 void PlatformIndependentDeviceContext_PC::FillPolygon(Points points) { Polygon(points, true); }
-
-void PlatformIndependentDeviceContext_PC::DrawImage(short x, short y, String const& imageName) {
-    FlushLines();
-    if (!Utilities::NamingService::Instance()->IsRegistered("ImageService")) return;
-    auto const images = Utilities::ResolveComponent<ImageServiceInterface>("ImageService");
-    auto const bitmap = images->GetBitmap(imageName);
-    if (auto* const picture = dynamic_cast<Picture_PC*>(bitmap.Get())) {
-        QPainter& painter = PainterAt(x, y);
-        picture->DrawBitmap(0, 0, painter);
-    }
-}
-
-QPainter& PlatformIndependentDeviceContext_PC::PainterAt(short x, short y) {
-    QPainter& painter = Painter(Space::Part);
-    // What the platform draws is scaled by it, but begins on a whole pixel of the device.
-    if (painterHasPixels_)
-        painter.setWorldTransform(QTransform(grid_.scale, 0, 0, grid_.scale, grid_.X(x), grid_.Y(y)) *
-                                  toDevice_);
-    else
-        painter.translate(x, y);
-    space_ = Space::Unknown;
-    return painter;
-}
-
-void PlatformIndependentDeviceContext_PC::DrawText(short x, short y, String const& text) {
-    FlushLines();
-    if (text.Length() == 0) return;
-    QFont const& font = GetFont();
-    QPainter& painter = PainterAt(x, y);
-    painter.setFont(font);
-    painter.setPen(ToColor(textColor_));
-    if (escapement_ != 0) painter.rotate(-escapement_);
-    // The base line lies on a whole pixel of the device, too.
-    double const ascent = QFontMetrics(font, device_).ascent();
-    double const baseLine =
-        painterHasPixels_ ? DeviceGrid::Nearest(ascent * grid_.scale) / grid_.scale : ascent;
-    painter.drawText(QPointF(0, baseLine), ToPlatformText(text));
-}
-
-void PlatformIndependentDeviceContext_PC::GetTextExtent(String const& text, long& width, long& height) {
-    QFontMetrics const metrics(GetFont(), device_);
-    width = text.Length() == 0 ? 0 : metrics.horizontalAdvance(ToPlatformText(text));
-    height = metrics.height();
-}
 
 } // namespace GUI

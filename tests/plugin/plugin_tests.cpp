@@ -93,8 +93,7 @@ TEST(PluginModule, ExportsAnswerAsContracted) {
     EXPECT_TRUE(result.IsNull()) << "the export leaves the result alone";
     NamingService::Instance()->Resolve("HBox", result);
     EXPECT_FALSE(result.IsNull());
-    using Descriptors = Utilities::List<std::map<std::string, Utilities::Anything>>;
-    auto const* const descriptors = static_cast<Descriptors const*>(plugin.GetComponentDescriptors());
+    auto const* const descriptors = plugin.GetComponentDescriptors();
     EXPECT_EQ(descriptors->GetSize(), 0U);
     plugin.PrepareForUnload();
     EXPECT_EQ(plugin.GetComponentDescriptors(), descriptors);
