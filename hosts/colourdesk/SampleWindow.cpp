@@ -1,6 +1,7 @@
 #include "hosts/colourdesk/SampleWindow.h"
 
 #include "Utilities/LanguageServiceInterface.h"
+#include "Utilities/NamingService.h"
 #include "Utilities/TranslationService.h"
 #include "cxf/samples/Sample.h"
 #include "gui/elements/DropDataObject.h"
@@ -22,6 +23,7 @@ constexpr char const* labChart = "LabChart";
 constexpr char const* patch = "Patch";
 constexpr char const* patchRow = "PatchRow";
 constexpr char const* droppedFiles = "text/uri-list";
+constexpr char const* languageService = "LanguageService";
 constexpr char const* firstPage = "FirstPage";
 constexpr char const* previousPage = "PreviousPage";
 constexpr char const* nextPage = "NextPage";
@@ -95,8 +97,10 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
 Anything SampleWindow::GetMenuValue(String const& item, String const& key) const {
     bool const isPage = item.FindSubstring("Page", 0) >= 0;
     if (key == "ItemEnabled") return !isPage || pages_.AreMany();
-    if (StartsWith(item, languageItem) && Utilities::TranslationService::FindLiving())
-        return item == languageItem + Utilities::TranslationService::FindLiving()->GetLanguage();
+    if (StartsWith(item, languageItem) && Utilities::NamingService::Instance()->IsRegistered(languageService))
+        return item ==
+               languageItem +
+                   Utilities::ResolveComponent<Utilities::TranslationService>(languageService)->GetLanguage();
     return {};
 }
 
