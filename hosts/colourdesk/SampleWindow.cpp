@@ -5,6 +5,7 @@
 #include "Utilities/TranslationService.h"
 #include "cxf/samples/Sample.h"
 #include "gui/elements/DropDataObject.h"
+#include "gui/elements/Topics.h"
 
 #include <algorithm>
 #include <cmath>
@@ -80,6 +81,11 @@ void SampleWindow::TurnPages(long pages) {
 }
 
 Anything SampleWindow::GetValue(String const& element, String const& key) {
+    // A chart is called by the title above it.
+    if (element == "Spectra" && key == GUI::Values::accessibleName)
+        return LanguageServiceInterface::GetTranslation("Reflectance factor over wavelength in nm");
+    if (element == labChart && key == GUI::Values::accessibleName)
+        return LanguageServiceInterface::GetTranslation("a* to the right, b* upward");
     if (element == curves) return GetCurveValue(key);
     if (element == labChart) {
         if (key == "SelectedSample" && firstPaint_) std::exchange(firstPaint_, nullptr)();
