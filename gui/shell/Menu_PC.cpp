@@ -24,6 +24,10 @@ ElementRegistration<Menu_PC, GUIElement> const registration({"Menu", "$Revision:
 
 constexpr char const* failure = "Menu: Couldn't create it !!!";
 
+String WithHotKey(String const& text, MenuItem const& item) {
+    return item.GetHotKey().Length() == 0 ? text : text + "\t" + GetHotKeyText(item.GetHotKey());
+}
+
 /// Hidden at once, and deleted when Qt is done with it.
 void ReleaseMenu(QMenu* menu) {
     if (!menu) return;
@@ -117,7 +121,7 @@ void Menu_PC::AddCommand(QWidget& target, Items& item) {
     long const command = item.GetCommand();
     auto* const action = new QAction(&target);
     action->setData(QVariant::fromValue<qlonglong>(command));
-    action->setText(ToPlatformText(ComposeText(item.GetText(), command)));
+    action->setText(ToPlatformText(WithHotKey(item.GetText(), item)));
     action->setEnabled(item.IsEnabled());
     target.addAction(action);
     QObject::connect(action, &QAction::triggered, &receiver_, [this, command] {
@@ -128,13 +132,6 @@ void Menu_PC::AddCommand(QWidget& target, Items& item) {
             },
             Qt::QueuedConnection);
     });
-}
-
-String Menu_PC::ComposeText(String const& text, long command) const {
-    auto const items = GetItems();
-    MenuItem const* const item = items.IsNull() ? nullptr : MenuItem::FindMenuItem(*items, command);
-    if (!item || item->GetHotKey().Length() == 0) return text;
-    return text + "\t" + GetHotKeyText(item->GetHotKey());
 }
 
 void Menu_PC::Refresh(QWidget& target) {
@@ -151,7 +148,9 @@ void Menu_PC::Refresh(QWidget& target) {
         // Each question may have rebuilt the menu or the window.
         if (!call.IsAttached() || !guarded) return;
         if (!action) continue;
-        if (text.Length() != 0) action->setText(ToPlatformText(ComposeText(text, command)));
+        auto const items = GetItems();
+        MenuItem const* const item = items.IsNull() ? nullptr : MenuItem::FindMenuItem(*items, command);
+        if (item && text.Length() != 0) action->setText(ToPlatformText(WithHotKey(text, *item)));
         action->setEnabled(enabled);
         action->setCheckable(checked.has_value());
         if (checked) action->setChecked(*checked);

@@ -49,7 +49,6 @@ private:
     void AddCommand(QWidget& target, Items& item);
     /// Asks what the commands of a bar or menu are called, whether they are enabled and checked.
     void Refresh(QWidget& target);
-    Utilities::String ComposeText(Utilities::String const& text, long command) const;
     void ReleaseBuilt();
 
     /// Receives what Qt's menus tell.
