@@ -89,10 +89,22 @@ void Menu_PC::BuildBar() {
     ReleaseBuilt();
     auto const items = GetItems();
     if (items.IsNull()) return;
+    NumberItems(*items);
     BuildLevel(*bar_, *items);
     for (QAction* const action : bar_->actions())
         built_.emplace_back(action->menu() ? static_cast<QObject*>(action->menu()) : action);
     Refresh(*bar_);
+}
+
+void Menu_PC::NumberItems(Items& level) {
+    for (auto it = level.GetChildren(); it.IsValid(); ++it) {
+        Items& item = *it.Current();
+        if (item.HasChildren() || item.GetText() == separatorText)
+            item.SetCommand(0);
+        else if (item.GetCommand() == 0)
+            item.SetCommand(nextCommand_--);
+        NumberItems(item);
+    }
 }
 
 void Menu_PC::BuildLevel(QWidget& target, Items& level) {
@@ -100,24 +112,25 @@ void Menu_PC::BuildLevel(QWidget& target, Items& level) {
         Items& item = *it.Current();
         if (item.HasChildren()) {
             auto* const menu = new QMenu(ToPlatformText(item.GetText()), &target);
-            BuildLevel(*menu, item);
-            QObject::connect(menu, &QMenu::aboutToShow, &receiver_,
-                             [this, menu] { RunGuardedEvent(*this, [&] { return Refresh(*menu), true; }); });
+            // Most menus are never opened: each is filled when it is opened first.
+            QObject::connect(menu, &QMenu::aboutToShow, &receiver_, [this, menu, below = it.Current()] {
+                RunGuardedEvent(*this, [&] {
+                    if (menu->actions().isEmpty()) BuildLevel(*menu, *below);
+                    return Refresh(*menu), true;
+                });
+            });
             target.addAction(menu->menuAction());
-            item.SetCommand(0);
         } else if (item.GetText() == separatorText) {
             auto* const line = new QAction(&target);
             line->setSeparator(true);
             target.addAction(line);
-            item.SetCommand(0);
         } else {
             AddCommand(target, item);
         }
     }
 }
 
-void Menu_PC::AddCommand(QWidget& target, Items& item) {
-    if (item.GetCommand() == 0) item.SetCommand(nextCommand_--);
+void Menu_PC::AddCommand(QWidget& target, MenuItem const& item) {
     long const command = item.GetCommand();
     auto* const action = new QAction(&target);
     action->setData(QVariant::fromValue<qlonglong>(command));
@@ -177,6 +190,7 @@ void Menu_PC::Popup(long x, long y) {
     ReleaseMenu(popup_);
     popup_ = new QMenu(window);
     popup_->setAttribute(Qt::WA_DeleteOnClose);
+    NumberItems(*items);
     BuildLevel(*popup_, *items);
     Refresh(*popup_);
     if (call.IsAttached() && popup_) popup_->popup(QPoint(static_cast<int>(x), static_cast<int>(y)));

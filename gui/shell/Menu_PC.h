@@ -44,9 +44,11 @@ protected:
 
 private:
     void BuildBar();
+    /// Gives commands to the items of a level and of those below it.
+    void NumberItems(Items& level);
     /// Puts one level of the tree into a bar or menu.
     void BuildLevel(QWidget& target, Items& level);
-    void AddCommand(QWidget& target, Items& item);
+    void AddCommand(QWidget& target, MenuItem const& item);
     /// Asks what the commands of a bar or menu are called, whether they are enabled and checked.
     void Refresh(QWidget& target);
     void ReleaseBuilt();

@@ -145,7 +145,7 @@ TEST_F(Menus, LettersAndArrowsChooseInAnOpenMenu) {
 TEST_F(Menus, AnItemMayDropOrRebuildTheWindowAndAnAnswerToo) {
     Watch("Save");
     onClick = [this] { element_ = nullptr; };
-    BarOf(MakeWindow()).actions()[0]->menu()->actions()[0]->trigger();
+    Open(BarOf(MakeWindow()), 0).actions()[0]->trigger();
     QApplication::processEvents();
     EXPECT_EQ(clicked, Names{"Save"});
     EXPECT_TRUE(element_.IsNull());
