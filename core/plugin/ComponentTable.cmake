@@ -19,6 +19,8 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/Edit_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
+  gui/layout/GUIDSwitch.cpp
+  gui/layout/GUIDSwitcher.cpp
   gui/layout/GumBox.cpp
   gui/layout/Boxes.cpp
   gui/controls/ImageButton.cpp
@@ -28,6 +30,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/LanguageService.cpp
   gui/controls/ListBox_PC.cpp
   gui/layout/LoopBox.cpp
+  gui/shell/Menu_PC.cpp
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
   gui/colour/Patch.cpp
@@ -41,6 +44,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/VBoxRegistration.cpp
+  gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp

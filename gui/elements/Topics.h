@@ -28,6 +28,8 @@ inline constexpr char const* state = "State";
 inline constexpr char const* visible = "Visible";
 inline constexpr char const* enable = "Enable";
 inline constexpr char const* enabled = "Enabled";
+/// Of a function that menus and tool bars offer.
+inline constexpr char const* itemEnabled = "ItemEnabled";
 /// What assistive technology calls an element that draws itself.
 inline constexpr char const* accessibleName = "AccessibleName";
 inline constexpr char const* toolTipText = "ToolTipText";

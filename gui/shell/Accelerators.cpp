@@ -1,8 +1,10 @@
 #include "gui/shell/Accelerators.h"
 
+#include "Utilities/LanguageServiceInterface.h"
 #include "core/base/Exceptions.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace GUI {
 
@@ -12,6 +14,14 @@ namespace {
 
 constexpr std::uint16_t deleteKey = 46;
 constexpr std::uint16_t firstFunctionKey = 112;
+
+constexpr std::pair<char const*, std::uint8_t> modifiers[] = {{"CTRL+", AcceleratorEntry::control},
+                                                              {"SHIFT+", AcceleratorEntry::shift},
+                                                              {"ALT+", AcceleratorEntry::alt}};
+
+String KeyOf(String const& hotKey) {
+    return hotKey.GetToken(std::max(hotKey.GetTokenCount('+') - 1, 0L), '+');
+}
 
 std::uint16_t KeyCode(String const& key) {
     if (key.Length() == 1) return static_cast<unsigned char>(key.GetStdString().front());
@@ -31,11 +41,23 @@ AcceleratorEntry ParseHotKey(String const& hotKey, long command) {
     AcceleratorEntry entry;
     entry.command = static_cast<std::uint16_t>(command);
     entry.flags = AcceleratorEntry::virtualKey;
-    if (hotKey.FindSubstring("CTRL+", 0) >= 0) entry.flags |= AcceleratorEntry::control;
-    if (hotKey.FindSubstring("SHIFT+", 0) >= 0) entry.flags |= AcceleratorEntry::shift;
-    if (hotKey.FindSubstring("ALT+", 0) >= 0) entry.flags |= AcceleratorEntry::alt;
-    entry.key = KeyCode(hotKey.GetToken(std::max(hotKey.GetTokenCount('+') - 1, 0L), '+'));
+    for (auto const& [name, flag] : modifiers)
+        if (hotKey.FindSubstring(name, 0) >= 0) entry.flags |= flag;
+    entry.key = KeyCode(KeyOf(hotKey));
     return entry;
+}
+
+String GetHotKeyText(String const& hotKey) {
+    auto const translate = [](String const& name) {
+        return Utilities::LanguageServiceInterface::GetTranslation(name);
+    };
+    String text;
+    for (auto const& modifier : modifiers)
+        if (hotKey.FindSubstring(modifier.first, 0) >= 0) text += translate(modifier.first);
+    String const key = KeyOf(hotKey);
+    if (key.Length() == 1) return text + key;
+    if (key == "Del") return text + translate("DelKey");
+    return key.FindSubstring("F", 0) == 0 ? text + translate(key) : text;
 }
 
 void CollectMenuAccelerators(AcceleratorEntry* table, long& count, Menu::Items& items) {

@@ -10,6 +10,10 @@ namespace GUI {
 /// entry whose key is 0.
 AcceleratorEntry ParseHotKey(Utilities::String const& hotKey, long command);
 
+/// The hot key as the user reads it, in the current language, such as "Strg+S"; empty for a key without a
+/// name.
+Utilities::String GetHotKeyText(Utilities::String const& hotKey);
+
 /// Appends the entries of one level of items and of those below it to `table`, which has room for
 /// `ApplicationImplementation::maximalAccelerators`; items without a hot key, or whose key has no code,
 /// get none.

@@ -12,10 +12,13 @@
 #include "gui/platform/TextConversion_PC.h"
 #include "gui/shell/EventGuard_PC.h"
 #include "gui/shell/HelpFile.h"
+#include "gui/shell/Menu_PC.h"
 #include "gui/shell/MessageService_PC.h"
 #include "gui/shell/PaintScope_PC.h"
 #include "gui/shell/ShellCommand.h"
 #include "gui/shell/ShellCommandListener_PC.h"
+#include "gui/shell/TopLevel_PC.h"
+#include "gui/shell/Window_PC.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -47,12 +50,12 @@ void ChoosePlatform(bool offscreen) {
     if (offscreen || !display) qputenv(variable, "offscreen");
 }
 
-/// Null for a window without one.
-Menu const* FindMainMenu(GUIElement const& window) {
+/// The element "MainMenu", else the window's menu bar; null for a window without one.
+Menu* FindMainMenu(GUIElement const& window) {
     try {
-        return dynamic_cast<Menu const*>(&window.FindElement("MainMenu"));
+        return dynamic_cast<Menu*>(&window.FindElement("MainMenu"));
     } catch (Norvelian::Utilities::Exceptions::OutOfRangeException const&) {
-        return nullptr;
+        return TopLevel::FindMenu(window);
     }
 }
 
@@ -105,10 +108,16 @@ long ApplicationImplementation_PC::OnLanguageChanged(Utilities::Anything const& 
     return 0;
 }
 
-void ApplicationImplementation_PC::SetMainWindow(GUIElement* /*window*/) {}
+void ApplicationImplementation_PC::SetMainWindow(GUIElement* window) {
+    if (Menu* const menu = window ? FindMainMenu(*window) : nullptr) BuildAccelerators(*menu);
+}
 
 void ApplicationImplementation_PC::BuildAccelerators(Menu& menu) {
     if (menu.GetItems().IsNull()) return;
+    // Gives the items their commands, so it comes first.
+    if (auto* const bar = dynamic_cast<Menu_PC*>(&menu))
+        if (auto* const window = dynamic_cast<Window_PC*>(Application::Instance().GetMainWindow()))
+            window->GetTopLevel().SetMenu(*bar);
     std::array<AcceleratorEntry, maximalAccelerators> table;
     long count = 0;
     CollectAccelerators(table.data(), count, *menu.GetItems());
@@ -126,13 +135,10 @@ bool ApplicationImplementation_PC::ExecuteAccelerator(long command) {
     GUIElement* const window = Application::Instance().GetMainWindow();
     if (!window) return false;
     if (IsBlockedByDialog(*window)) return false;
-    Menu const* const menu = FindMainMenu(*window);
-    MenuItem* const item =
-        menu && !menu->GetItems().IsNull() ? MenuItem::FindMenuItem(*menu->GetItems(), command) : nullptr;
-    if (!item || !item->IsEnabled()) return false;
-    Utilities::Anything argument;
-    item->Execute(argument);
-    return true;
+    Menu* const menu = FindMainMenu(*window);
+    if (!menu) return false;
+    CallScope const call(*menu);
+    return menu->IsMenuItemEnabled(command) && menu->ExecuteCommand(static_cast<unsigned short>(command));
 }
 
 bool ApplicationImplementation_PC::eventFilter(QObject* receiver, QEvent* event) {

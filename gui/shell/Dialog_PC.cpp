@@ -135,17 +135,19 @@ void Dialog_PC::CreateContents() {
     // Elements may add nodes to the tree that they are made from, and a dialog may be shown again.
     DescriptionTree const contents = description_;
     CreateChildren(*GetWindowID(), contents, GetDataSource());
+    if (IsAttached()) top_.ShowDescribedMenu();
     if (!IsAttached() || !GetDataSource()) return;
     GetDataSource()->SetDialogRootElement(this);
     auto* const observer = dynamic_cast<DialogObserver*>(GetDataSource());
-    if (!observer || !GetFirstChild()) return;
-    auto root = GetChildrenList().Begin().Current();
+    auto root = TopLevel::FindContent(*this);
+    if (!observer || root.IsNull()) return;
     observer->SetRootElement(root);
 }
 
 void Dialog_PC::ForgetRootElement() {
-    auto* const observer = GetFirstChild() ? dynamic_cast<DialogObserver*>(GetDataSource()) : nullptr;
-    if (!observer || observer->GetRootElement().Get() != GetFirstChild()) return;
+    auto const root = TopLevel::FindContent(*this);
+    auto* const observer = root.IsNull() ? nullptr : dynamic_cast<DialogObserver*>(GetDataSource());
+    if (!observer || observer->GetRootElement().Get() != root.Get()) return;
     // The root lives in this dialog's window and must not outlive it.
     Utilities::SmartPointer<GUIElement> none;
     observer->SetRootElement(none);
@@ -229,7 +231,7 @@ void Dialog_PC::OnResized() {
 
 void Dialog_PC::GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
                                    unsigned long& minimalHeight, unsigned long& maximalHeight) {
-    if (GUIElement* const child = GetFirstChild())
+    if (auto const child = TopLevel::FindContent(*this); !child.IsNull())
         child->GetSizeInformation(minimalWidth, maximalWidth, minimalHeight, maximalHeight);
     else
         GUIElement::GetSizeInformation(minimalWidth, maximalWidth, minimalHeight, maximalHeight);
@@ -252,7 +254,8 @@ void Dialog_PC::SetResizeable(bool resizeable) {
 
 void Dialog_PC::OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                         GUIElement const& /*element*/) const {
-    if (GUIElement const* const child = GetFirstChild()) child->OnPaintWindowDecorators(context, *this);
+    if (auto const child = TopLevel::FindContent(*this); !child.IsNull())
+        child->OnPaintWindowDecorators(context, *this);
 }
 
 void Dialog_PC::OnEscape() {

@@ -7,9 +7,11 @@
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 #include "gui/shell/EventGuard_PC.h"
+#include "gui/shell/Menu_PC.h"
 
 #include <QApplication>
 #include <QCursor>
+#include <QMenuBar>
 #include <QScreen>
 #include <algorithm>
 
@@ -80,11 +82,47 @@ void TopLevel::SetTitle(String const& key) {
 void TopLevel::AddBar(QWidget& bar, Qt::Edge edge) {
     if (!window_) return;
     QSize const client = GetClientSize();
+    EnterBar(bar, edge);
+    Resize(client);
+    element_.RecalculateSize();
+}
+
+void TopLevel::EnterBar(QWidget& bar, Qt::Edge edge) {
     bar.setParent(window_);
     bars_.push_back({&bar, edge});
     bar.show();
-    Resize(client);
-    element_.RecalculateSize();
+}
+
+Menu* TopLevel::FindMenu(GUIElement const& window) {
+    for (auto it = window.GetChildrenList().Begin(); it.IsValid(); ++it)
+        if (auto* const menu = dynamic_cast<Menu*>(it.Current().Get())) return menu;
+    return nullptr;
+}
+
+Utilities::SmartPointer<GUIElement> TopLevel::FindContent(GUIElement const& window) {
+    for (auto it = window.GetChildrenList().Begin(); it.IsValid(); ++it)
+        if (!dynamic_cast<Menu*>(it.Current().Get())) return it.Current();
+    return {};
+}
+
+void TopLevel::SetMenu(Menu_PC& menu) {
+    QWidget& bar = menu.MakeBar();
+    if (!window_ || menuBar_ == &bar) return;
+    if (menuBar_) menuBar_->hide();
+    menuBar_ = &bar;
+    AddBar(bar, Qt::TopEdge);
+}
+
+void TopLevel::ShowDescribedMenu() {
+    auto* const menu = dynamic_cast<Menu_PC*>(FindMenu(element_));
+    if (!menu || !window_) return;
+    CallScope const call(element_);
+    menuBar_ = &menu->MakeBar();
+    if (!call.IsAttached() || !menuBar_ || !window_) return;
+    EnterBar(*menuBar_, Qt::TopEdge);
+    Application& application = Application::Instance();
+    if (application.GetMainWindow() == &element_ && application.FindImplementation())
+        application.FindImplementation()->BuildAccelerators(*menu);
 }
 
 int TopLevel::GetBarHeight() const {
@@ -153,13 +191,11 @@ void TopLevel::MoveTo(WindowPlace const& place) {
 void TopLevel::LayOut() {
     if (!window_) return;
     LayOutBars();
-    auto const first = element_.GetChildrenList().Begin();
-    if (first.IsValid()) {
-        GUIElement& child = *first.Current();
+    if (auto const child = FindContent(element_); !child.IsNull()) {
         QSize const size = GetClientSize();
         LayoutScope const layout;
-        child.SetPosition(0, 0);
-        child.SetSize(static_cast<unsigned long>(size.width()), static_cast<unsigned long>(size.height()));
+        child->SetPosition(0, 0);
+        child->SetSize(static_cast<unsigned long>(size.width()), static_cast<unsigned long>(size.height()));
     }
     if (surface_) surface_->Settle();
 }

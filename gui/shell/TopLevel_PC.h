@@ -11,6 +11,9 @@
 
 namespace GUI {
 
+class Menu;
+class Menu_PC;
+
 /// What the platform windows of "Window" and "Dialog" have in common, as a member of the element: the Qt
 /// window, the surface that shows the elements, and the bars above and below it. The element decides.
 ///
@@ -37,6 +40,15 @@ public:
     /// A bar over the whole width, as high as it wants to be: a menu bar or tool bar at `Qt::TopEdge`, a
     /// status line at `Qt::BottomEdge`. Later bars are nearer to the client area. The window takes it over.
     void AddBar(QWidget& bar, Qt::Edge edge);
+    /// Shows a menu as the window's bar, in place of a former one. The item tree must stand.
+    void SetMenu(Menu_PC& menu);
+    /// Shows the menu that is a child of the window, if there is one, before the window is laid out; that of
+    /// the main window gives the hot keys.
+    void ShowDescribedMenu();
+    /// The first menu among the children; null if there is none.
+    static Menu* FindMenu(GUIElement const& window);
+    /// What fills the client area: the first child that is no menu. Null if there is none.
+    static Utilities::SmartPointer<GUIElement> FindContent(GUIElement const& window);
     /// Places the bars and the surface in the window's present size.
     void LayOutBars();
 
@@ -65,6 +77,7 @@ private:
         QPointer<QWidget> widget;
         Qt::Edge edge;
     };
+    void EnterBar(QWidget& bar, Qt::Edge edge);
     /// What the bars add to the client area's height.
     int GetBarHeight() const;
 
@@ -72,6 +85,7 @@ private:
     QPointer<QWidget> window_;
     QPointer<CNorvelianSurface> surface_;
     std::vector<Bar> bars_;
+    QPointer<QWidget> menuBar_;
     Utilities::String backgroundBitmap_;
 };
 

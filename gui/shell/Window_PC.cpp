@@ -58,6 +58,7 @@ void Window_PC::Initialize(PlatformIndependentWindowID const& parent, Descriptio
     if (dataSource) dataSource->SetDialogRootElement(this);
     RegisterOnUpdate();
     CreateChildren(*GetWindowID(), description, dataSource);
+    if (IsAttached()) top_.ShowDescribedMenu();
     if (!IsAttached()) return;
 
     AttributeReader const reader(description);
@@ -140,7 +141,7 @@ void Window_PC::LayOut() {
 
 void Window_PC::GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
                                    unsigned long& minimalHeight, unsigned long& maximalHeight) {
-    if (GUIElement* const child = GetFirstChild())
+    if (auto const child = TopLevel::FindContent(*this); !child.IsNull())
         child->GetSizeInformation(minimalWidth, maximalWidth, minimalHeight, maximalHeight);
     else
         GUIElement::GetSizeInformation(minimalWidth, maximalWidth, minimalHeight, maximalHeight);
@@ -183,7 +184,8 @@ void Window_PC::OnLanguageChanged() {
 
 void Window_PC::OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                         GUIElement const& /*element*/) const {
-    if (GUIElement const* const child = GetFirstChild()) child->OnPaintWindowDecorators(context, *this);
+    if (auto const child = TopLevel::FindContent(*this); !child.IsNull())
+        child->OnPaintWindowDecorators(context, *this);
 }
 
 } // namespace GUI

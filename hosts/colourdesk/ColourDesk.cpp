@@ -27,7 +27,6 @@ constexpr char const* bundledFile = "cie_named_34_36band.txt";
 constexpr char const* keyMessage = "Key";
 /// What the program posts to itself: the file replaces the window that it was dropped on.
 constexpr char const* openMessage = "OpenFile";
-constexpr char const* nextLanguageKey = "119;0;0"; // F8
 constexpr char const* pageUpKey = "33;0;0";
 constexpr char const* pageDownKey = "34;0;0";
 constexpr char const* firstKey = "36;0;1"; // Ctrl+Home
@@ -134,6 +133,7 @@ void Application::Show(std::string const& file) {
     handler_->SetDropHandler([this](String const& dropped) {
         if (!messages_.IsNull()) messages_->PostMessage(openMessage, dropped);
     });
+    handler_->SetCommandHandler([this](String const& item) { OnMenuItem(item); });
     description_ = description;
     window_ = window;
     SetMainWindow(window_.Get());
@@ -204,7 +204,6 @@ void Application::LoadLanguages() {
 
 long Application::OnKey(Utilities::Anything const& key) {
     String const& pressed = key.GetString();
-    if (pressed == nextLanguageKey) return TakeNextLanguage();
     if (!handler_) return 0;
     if (pressed == pageUpKey)
         handler_->TurnPages(-1);
@@ -221,22 +220,35 @@ long Application::OnKey(Utilities::Anything const& key) {
 
 long Application::OnOpen(Utilities::Anything const& file) { return OpenFile(file.GetString()); }
 
-long Application::TakeNextLanguage() {
+void Application::OnMenuItem(String const& name) {
+    String const prefix = SampleWindow::languageItem;
+    if (name == SampleWindow::quitItem) {
+        if (MayClose()) Quit(0);
+    } else if (name == SampleWindow::nextLanguageItem) {
+        TakeLanguage(FindNextLanguage());
+    } else if (name.FindSubstring(prefix, 0) == 0) {
+        TakeLanguage(name.Mid(prefix.Length(), name.Length()));
+    }
+}
+
+String Application::FindNextLanguage() {
     auto const service = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");
     auto const languages = service->GetLanguages();
-    if (languages.GetSize() == 0) return 0;
+    if (languages.GetSize() == 0) return service->GetLanguage();
     auto const current = std::find(languages.begin(), languages.end(), service->GetLanguage());
     bool const isLast = current == languages.end() || current + 1 == languages.end();
-    String const next = isLast ? *languages.begin() : *(current + 1);
-    service->SetLanguage(next);
+    return isLast ? *languages.begin() : *(current + 1);
+}
+
+void Application::TakeLanguage(String const& language) {
+    Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService")->SetLanguage(language);
     try {
         Utilities::ResolveComponent<Utilities::Preferences>("Preferences")
-            ->StoreValue("LanguageService", "Language", next);
+            ->StoreValue("LanguageService", "Language", language);
     } catch (TraceableException const& failure) {
         // The language has changed all the same; the next start will have the former one.
         ReportError(std::string("The language can't be kept for the next start. ") + failure.what());
     }
-    return 1;
 }
 
 int Application::WritePicture(GUI::GUIElement& window, std::string const& fileName) {

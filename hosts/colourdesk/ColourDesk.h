@@ -54,11 +54,13 @@ private:
     void LoadLanguages();
     /// The screen by the profile that the desktop names, else sRGB.
     Tintorium::ScreenRGB GetScreen();
-    /// F8 takes the next language. Page Up, Page Down, Ctrl+Home and Ctrl+End go through the samples.
+    /// Page Up, Page Down, Ctrl+Home and Ctrl+End go through the samples.
     long OnKey(Utilities::Anything const& key);
     long OnOpen(Utilities::Anything const& file);
+    void OnMenuItem(Utilities::String const& name);
+    Utilities::String FindNextLanguage();
     /// And keeps it in the settings.
-    long TakeNextLanguage();
+    void TakeLanguage(Utilities::String const& language);
     int ShowGallery();
     int WritePicture(GUI::GUIElement& window, std::string const& fileName);
     void QuitAfterFirstPaint();

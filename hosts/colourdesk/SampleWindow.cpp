@@ -1,6 +1,8 @@
 #include "hosts/colourdesk/SampleWindow.h"
 
 #include "Utilities/LanguageServiceInterface.h"
+#include "Utilities/NamingService.h"
+#include "Utilities/TranslationService.h"
 #include "cxf/samples/Sample.h"
 #include "gui/elements/DropDataObject.h"
 #include "gui/elements/Topics.h"
@@ -22,6 +24,11 @@ constexpr char const* labChart = "LabChart";
 constexpr char const* patch = "Patch";
 constexpr char const* patchRow = "PatchRow";
 constexpr char const* droppedFiles = "text/uri-list";
+constexpr char const* languageService = "LanguageService";
+constexpr char const* firstPage = "FirstPage";
+constexpr char const* previousPage = "PreviousPage";
+constexpr char const* nextPage = "NextPage";
+constexpr char const* lastPage = "LastPage";
 constexpr int bands = 36;
 /// The a*b* plane is shown at least this far out.
 constexpr double smallestRange = 60;
@@ -89,7 +96,33 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
     if (StartsWith(element, patch) && key == "Data")
         return GetSpot(pages_.GetFirst() + NumberBehind(element, patch));
     if (StartsWith(element, patch)) return GetPatchValue(element, key);
+    if (key == "ItemEnabled" || key == "State") return GetMenuValue(element, key);
     return GetDetail(element, key);
+}
+
+Anything SampleWindow::GetMenuValue(String const& item, String const& key) const {
+    bool const isPage = item.FindSubstring("Page", 0) >= 0;
+    if (key == "ItemEnabled") return !isPage || pages_.AreMany();
+    if (StartsWith(item, languageItem) && Utilities::NamingService::Instance()->IsRegistered(languageService))
+        return item ==
+               languageItem +
+                   Utilities::ResolveComponent<Utilities::TranslationService>(languageService)->GetLanguage();
+    return {};
+}
+
+long SampleWindow::OnMenuItem(Anything const& name) {
+    String const& item = name.GetString();
+    if (item == firstPage)
+        SelectFirst();
+    else if (item == lastPage)
+        SelectLast();
+    else if (item == previousPage)
+        TurnPages(-1);
+    else if (item == nextPage)
+        TurnPages(1);
+    else if (command_)
+        command_(item);
+    return 0;
 }
 
 Anything SampleWindow::GetPatchValue(String const& element, String const& key) const {
@@ -221,6 +254,10 @@ bool SampleWindow::OnDrop(GUI::PlatformIndependentWindowID const& /*window*/, GU
 Callback SampleWindow::GetCallback(String const& element, String const& event) {
     if (event == "OnLeftButtonDown" && SampleOfPatch(element) >= 0)
         return Utilities::MakeCallback(this, &SampleWindow::OnPatchClicked);
+    bool const isMenuItem = element == quitItem || element == nextLanguageItem ||
+                            StartsWith(element, languageItem) || element == firstPage ||
+                            element == previousPage || element == nextPage || element == lastPage;
+    if (event == "OnClick" && isMenuItem) return Utilities::MakeCallback(this, &SampleWindow::OnMenuItem);
     return DialogHandler::GetCallback(element, event);
 }
 

@@ -46,6 +46,11 @@ public:
     void TurnPages(long pages);
     void SelectFirst() { Select(0); }
     void SelectLast() { Select(Count() - 1); }
+    /// The element name of a language's item in the menu begins with this; the language follows.
+    static constexpr char const* languageItem = "Language";
+    static constexpr char const* nextLanguageItem = "NextLanguage";
+    static constexpr char const* quitItem = "Quit";
+
     long GetSelected() const { return selected_; }
     SampleDocument const& GetDocument() const { return document_; }
 
@@ -53,10 +58,16 @@ public:
     void SetDropHandler(std::function<void(Utilities::String const& file)> handler) {
         dropped_ = std::move(handler);
     }
+    /// Called with the element name of what was chosen in the menu, unless it concerns the samples.
+    void SetCommandHandler(std::function<void(Utilities::String const& name)> handler) {
+        command_ = std::move(handler);
+    }
     /// Called when the charts are painted for the first time.
     void SetFirstPaintHandler(std::function<void()> handler) { firstPaint_ = std::move(handler); }
 
 private:
+    Utilities::Anything GetMenuValue(Utilities::String const& item, Utilities::String const& key) const;
+    long OnMenuItem(Utilities::Anything const& name);
     Utilities::Anything GetPatchValue(Utilities::String const& element, Utilities::String const& key) const;
     Utilities::Anything GetCurveValue(Utilities::String const& key) const;
     Utilities::Anything GetLabChartValue(Utilities::String const& key) const;
@@ -89,6 +100,7 @@ private:
     long selected_ = -1;
     std::function<void()> firstPaint_;
     std::function<void(Utilities::String const&)> dropped_;
+    std::function<void(Utilities::String const&)> command_;
 };
 
 } // namespace ColourDesk

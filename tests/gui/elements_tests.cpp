@@ -188,8 +188,8 @@ TEST_P(EveryElement, LivesOnAnAlmostEmptyDescription) {
         for (bool const written : {false, true}) {
             auto const node = Node({{"GUIElementType", type.c_str()}, {"ElementName", "e"}});
             for (auto const& attribute : GUI::AttributeTable::Collect(type))
-                if (written && attribute.type != GUI::AttributeType::Map && !attribute.mandatory &&
-                    std::string_view(attribute.key) != "ElementName")
+                if (attribute.type != GUI::AttributeType::Map && !node->FindValue(attribute.key) &&
+                    (written || attribute.mandatory))
                     (*node)[attribute.key] = attribute.defaultValue;
             // A loop needs a parent.
             GUI::DescriptionTree parent;

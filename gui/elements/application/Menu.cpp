@@ -1,6 +1,41 @@
 #include "gui/elements/application/Menu.h"
 
+#include "Diagnostics/Sink.h"
+#include "Utilities/LanguageServiceInterface.h"
+#include "gui/elements/Topics.h"
+
 namespace GUI {
+
+using Utilities::Anything;
+using Utilities::SmartPointer;
+using Utilities::String;
+
+namespace {
+
+constexpr Attribute caption{"Caption", AttributeType::Text, "", "Text of the item", true};
+constexpr Attribute hotKey{"HotKey", AttributeType::Text, "",
+                           "\"CTRL+\", \"SHIFT+\", \"ALT+\", then a character, \"Del\" or \"F1\" to \"F24\""};
+constexpr Attribute command{
+    "Command", AttributeType::Number, "0", "Number of the command; 0 for a free one", false, {0, 65535}};
+constexpr Attribute itemName{"ElementName", AttributeType::ElementName, "",
+                             "Name under which the data source answers for the item"};
+constexpr Attribute itemAttributes[] = {itemName, caption, hotKey, command};
+
+constexpr char const* separator = "Separator";
+
+AttributeTable const itemTable("MenuItem", nullptr, itemAttributes, AttributeTable::Kind::Part);
+AttributeTable const separatorTable(separator, nullptr, {}, AttributeTable::Kind::Part);
+
+void Translate(Menu::Items& level) {
+    for (auto it = level.GetChildren(); it.IsValid(); ++it) {
+        Menu::Items& item = *it.Current();
+        if (item.GetCaptionKey().Length() != 0)
+            item.SetText(Utilities::LanguageServiceInterface::GetTranslation(item.GetCaptionKey()));
+        Translate(item);
+    }
+}
+
+} // namespace
 
 MenuItem* MenuItem::FindMenuItem(Utilities::Tree<MenuItem>& items, long command) {
     for (auto it = items.GetChildren(); it.IsValid(); ++it) {
@@ -11,14 +46,114 @@ MenuItem* MenuItem::FindMenuItem(Utilities::Tree<MenuItem>& items, long command)
     return nullptr;
 }
 
-bool Menu::IsMenuItemEnabled(long command) {
-    MenuItem const* const item = items_.IsNull() ? nullptr : MenuItem::FindMenuItem(*items_, command);
-    return item && item->IsEnabled();
+void Menu::OnDetach() {
+    // The tree may be held longer than this.
+    onItem_.Release();
+    GUIElement::OnDetach();
 }
 
-Utilities::String Menu::GetMenuText(long command) {
-    MenuItem const* const item = items_.IsNull() ? nullptr : MenuItem::FindMenuItem(*items_, command);
-    return item ? item->GetText() : Utilities::String();
+void Menu::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                      DialogDataSource* dataSource) {
+    GUIElement::Initialize(parent, description, dataSource);
+    SetSizeInformation(0, 0, 0, 0);
+    if (description.HasChildren()) {
+        auto const items = Utilities::MakeSmart<Items>();
+        AddItems(description, *items);
+        Translate(*items);
+        BuildMenu(items);
+    }
+    RegisterOnUpdate();
+}
+
+void Menu::AddItems(DescriptionTree const& description, Items& level) {
+    for (auto node = description.GetChildren(); node.IsValid(); ++node) {
+        DescriptionTree const& child = *node.Current();
+        AttributeReader const reader(child);
+        auto const item = Utilities::MakeSmart<Items>();
+        if (reader.Text(CommonAttributes::elementType) == separator) {
+            item->SetText(separatorText);
+        } else {
+            static_cast<MenuItem&>(*item) =
+                MenuItem(reader.Text(caption), reader.Text(hotKey), reader.Long(command), onItem_.Get());
+            item->SetSource(reader.Text(itemName), reader.Text(caption));
+        }
+        level.AddChild(item);
+        AddItems(child, *item);
+    }
+}
+
+void Menu::OnLanguageChanged() {
+    GUIElement::OnLanguageChanged();
+    if (!items_.IsNull()) Translate(*items_);
+}
+
+MenuItem* Menu::FindItem(long wanted) const {
+    return items_.IsNull() ? nullptr : MenuItem::FindMenuItem(*items_, wanted);
+}
+
+Anything Menu::AskForItem(MenuItem const& item, char const* key) {
+    if (item.GetName().Length() == 0 || !GetDataSource()) return {};
+    CallScope const call(*this);
+    return GetDataSource()->GetValue(item.GetName(), key);
+}
+
+bool Menu::IsMenuItemEnabled(long wanted) {
+    CallScope const call(*this);
+    auto const kept = items_;
+    MenuItem const* const item = FindItem(wanted);
+    if (!item) return false;
+    try {
+        Anything const enabled = AskForItem(*item, Values::itemEnabled);
+        return call.IsAttached() && (enabled.IsValid() ? enabled.GetBool() : item->IsEnabled());
+    } catch (...) {
+        Diagnostics::DropException("Menu: whether an item is enabled");
+        return false;
+    }
+}
+
+String Menu::GetMenuText(long wanted) {
+    CallScope const call(*this);
+    auto const kept = items_;
+    MenuItem const* const item = FindItem(wanted);
+    if (!item) return {};
+    try {
+        Anything const text = AskForItem(*item, Values::caption);
+        if (text.IsOfTypeString()) return text.GetString();
+    } catch (...) {
+        Diagnostics::DropException("Menu: the text of an item");
+    }
+    return item->GetText();
+}
+
+std::optional<bool> Menu::IsMenuItemChecked(long wanted) {
+    CallScope const call(*this);
+    auto const kept = items_;
+    MenuItem const* const item = FindItem(wanted);
+    if (!item) return {};
+    try {
+        Anything const state = AskForItem(*item, "State");
+        if (state.IsValid()) return state.GetBool();
+    } catch (...) {
+        Diagnostics::DropException("Menu: whether an item is checked");
+    }
+    return {};
+}
+
+bool Menu::ExecuteCommand(unsigned short wanted) {
+    CallScope const call(*this);
+    // What it does may replace the items.
+    auto const kept = items_;
+    MenuItem* const item = FindItem(wanted);
+    if (!item) return false;
+    Anything argument;
+    if (item->GetName().Length() != 0) argument = item->GetName();
+    item->Execute(argument);
+    return true;
+}
+
+long Menu::OnItem(Anything const& name) {
+    if (!name.IsOfTypeString() || !GetDataSource()) return 0;
+    return GetDataSource()->GetCallback(name.GetString(), Events::click).Execute(name);
 }
 
 } // namespace GUI

@@ -6,7 +6,8 @@
 
 namespace GUI {
 
-/// One entry of a menu: a text, a hot key such as "CTRL+SHIFT+S", a command number, and what it does.
+/// One entry of a menu: a text, a hot key such as "CTRL+SHIFT+S", a command number, and what it does. The
+/// letter behind an ampersand in the text is the entry's key in the open menu.
 class MenuItem {
 public:
     MenuItem() = default;
@@ -15,6 +16,7 @@ public:
         : text_(text), hotKey_(hotKey), command_(command), action_(action), enabled_(enabled) {}
 
     Utilities::String const& GetText() const { return text_; }
+    void SetText(Utilities::String const& text) { text_ = text; }
     Utilities::String const& GetHotKey() const { return hotKey_; }
     /// 0 stands for an item without a command of its own.
     long GetCommand() const { return command_; }
@@ -22,6 +24,15 @@ public:
     bool IsEnabled() const { return enabled_; }
     /// The action's result; 0 without one.
     long Execute(Utilities::Anything& argument) { return action_.Execute(argument); }
+
+    /// The element name under which a data source answers for the item, and the key of its text; both are
+    /// empty for an item that a program has made.
+    Utilities::String const& GetName() const { return name_; }
+    Utilities::String const& GetCaptionKey() const { return captionKey_; }
+    void SetSource(Utilities::String const& name, Utilities::String const& captionKey) {
+        name_ = name;
+        captionKey_ = captionKey;
+    }
 
     /// The item of that command anywhere in the tree, null if there is none.
     static MenuItem* FindMenuItem(Utilities::Tree<MenuItem>& items, long command);
@@ -32,6 +43,8 @@ private:
     long command_ = 0;
     Utilities::Callback action_;
     bool enabled_ = true;
+    Utilities::String name_;
+    Utilities::String captionKey_;
 };
 
 } // namespace GUI
