@@ -12,7 +12,7 @@ public:
     Unstoppable& operator=(Unstoppable const&) = delete;
 
     /// For the signal handler that is to stop the calling thread: false if none of the thread's lives; else
-    /// true, and `action` runs as soon as the last of them dies.
+    /// true, and `action` runs as soon as the last of them is destroyed.
     static bool Defer(void (*action)()) noexcept;
 };
 

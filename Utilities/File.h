@@ -23,13 +23,13 @@ public:
     String const& GetPath() const { return path_; }
     /// The last part of the path, with its extension.
     String GetName() const;
-    /// The path of the directory that it lies in.
+    /// The path of the directory that it is in.
     String GetDirectoryPath() const;
 
     /// Opens it at its start for reading. Throws `ResourceNotAvailableException` naming the path if it
     /// is no file that can be read.
     void Open();
-    /// Makes it anew and opens it for writing; throws as `Open` does.
+    /// Creates it, empty, and opens it for writing; throws as `Open` does.
     void Create();
 
     /// Throws `ResourceException` naming the path if the rest can't be read.

@@ -29,11 +29,11 @@ struct Limits {
     std::size_t textLength = 1'000'000;
     /// Bytes of all texts that the loops of one window write.
     std::size_t unrolledBytes = 256'000'000;
-    /// Bytes of the text that stands for a loop's counter.
+    /// Bytes of the text that is replaced by a loop's counter.
     std::size_t counterVariable = 256;
     /// Values and operators of one formula.
     std::size_t formulaSteps = 100'000;
-    /// Bytes of one text that is measured and drawn; what lies behind them is left out.
+    /// Bytes of one text that is measured and drawn; what is behind them is left out.
     std::size_t shownText = 32'768;
     std::size_t descriptionBytes = 64'000'000;
     /// @}

@@ -6,7 +6,7 @@
 
 namespace Utilities {
 
-/// What stands behind a `Mutex`; the component "MutexImplementation", one for each request.
+/// What is behind a `Mutex`; the component "MutexImplementation", one for each request.
 class MutexImplementation : public Component {
 public:
     virtual Diagnostics::String GetDescription() const { return {}; }

@@ -5,7 +5,8 @@
 namespace Utilities {
 
 NamingService* NamingService::Instance() {
-    // Creators of this and other modules unregister while statics die, so the directory outlives them.
+    // Creators of this and other modules unregister while statics are destroyed, so the directory outlives
+    // them.
     static auto* const service = std::make_unique<NamingService>().release();
     return service;
 }

@@ -33,7 +33,7 @@ public:
     }
 
     /// The application name that names the file written to; a process-wide setting that a host makes
-    /// once, at its start. Empty, as it is at first, stands for the executable's stem, so that both
+    /// once, at its start. Empty, as it is at first, means the executable's stem, so that both
     /// files are the same one. Used on the GUI thread.
     static void SetApplicationName(String const& name);
     static String GetApplicationName();

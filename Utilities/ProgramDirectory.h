@@ -8,10 +8,10 @@ namespace Utilities {
 std::string GetExecutablePath();
 /// The program's name: its file's name up to the first ".".
 std::string GetExecutableStem();
-/// Where the program's own files lie: the directory of the executable if "images" or "Languages" stand
+/// Where the program's own files are: the directory of the executable if "images" or "Languages" are
 /// in it, otherwise "../share/<program>".
 std::string GetProgramDirectory();
-/// Where the user's settings lie: $XDG_CONFIG_HOME, or ~/.config where that isn't an absolute path. Empty for
+/// Where the user's settings are: $XDG_CONFIG_HOME, or ~/.config where that isn't an absolute path. Empty for
 /// a user without a home.
 std::string GetConfigurationDirectory();
 /// The plug-in module of that name: beside the libraries of this system, in their directory "norvelian".

@@ -13,7 +13,7 @@ public:
     virtual String ReadLine() = 0;
     /// Whether nothing is left to read. A line end at the end of the text begins no further line.
     virtual bool IsAtEnd() = 0;
-    /// Writes the text as it stands.
+    /// Writes the text as it is.
     virtual void Write(String const& text) = 0;
     virtual void Close() = 0;
 };

@@ -14,7 +14,7 @@ public:
     virtual long Run() = 0;
 };
 
-/// What stands behind a `Thread`; the component "ThreadImplementation", one for each request. Started
+/// What is behind a `Thread`; the component "ThreadImplementation", one for each request. Started
 /// and stopped on the thread that owns it.
 class ThreadImplementation : public Component {
 public:

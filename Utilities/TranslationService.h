@@ -9,13 +9,13 @@ namespace Utilities {
 /// What the component "LanguageService" offers. GUI thread only.
 ///
 /// The key of a text is the text itself in the base language; a key without a translation is shown as it
-/// stands. Elements translate through `LanguageServiceInterface` and don't hold the service.
+/// is. Elements translate through `LanguageServiceInterface` and don't hold the service.
 ///
 /// Change of language. When what `GetTranslation` gives may have changed while the program runs, the
 /// service sends the message "LanguageChanged" through the "MessageService", with the language's name;
 /// it has been sent when `SetLanguage` or `SetMarkTexts` returns. A message has one receiver, and this
 /// one's is the application: it tells each of its windows, windows and boxes tell their children, and
-/// then the windows are laid out anew and repainted, since texts have other widths now. An element that
+/// then the windows are laid out again and repainted, since texts have other widths now. An element that
 /// keeps translated text keeps the key beside it and translates again when it is told; one that
 /// translates while it paints has nothing to do. What isn't open needs no notice.
 class TranslationService : public Component {

@@ -1,4 +1,4 @@
-// The colour library against floors (the same job by bare hands) and peers (a component that others use),
+// The colour library against floors (the same job done directly) and peers (a component that others use),
 // measured in the same run: case/ours, case/floor:what, case/peer:what. Each checks its own result.
 
 #include "bench/memory_read.h"

@@ -1,6 +1,6 @@
 // A box tree of 1000 elements resized, against the same tree as plain structs that are laid out by one
 // recursive function: what the sharing costs where nothing is virtual, nothing is asked and nothing is
-// clamped. Both check that the last leaf lies in the far corner.
+// clamped. Both check that the last leaf is in the far corner.
 
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/GUIElement.h"

@@ -1,4 +1,4 @@
-// Windows from descriptions, repaints and records, against the same job by bare hands (floor) or by a
+// Windows from descriptions, repaints and records, against the same job done directly (floor) or by a
 // component that others use (peer), measured in the same run. Each checks its result.
 
 #include "Utilities/NamingService.h"

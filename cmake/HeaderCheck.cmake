@@ -15,7 +15,7 @@ add_library(check_headers OBJECT EXCLUDE_FROM_ALL ${header_sources})
 target_compile_options(check_headers PRIVATE -fsyntax-only)
 target_link_libraries(check_headers PRIVATE norvelian_options GuiCore cxf Qt6::Widgets)
 
-# The floors hold in every build, not only where somebody looks.
+# The floors hold in every build, not only where someone looks.
 add_custom_target(check_layers ALL
   COMMAND ${CMAKE_COMMAND} -DROOT=${CMAKE_SOURCE_DIR} -P ${CMAKE_SOURCE_DIR}/cmake/CheckLayers.cmake
   COMMENT "Checking the floors")

@@ -12,7 +12,7 @@ install(FILES "${CMAKE_BINARY_DIR}/NorvelianConfig.cmake" "${CMAKE_BINARY_DIR}/N
   DESTINATION "${package_dir}")
 install(EXPORT NorvelianTargets NAMESPACE Norvelian:: FILE NorvelianTargets.cmake DESTINATION "${package_dir}")
 
-# The headers that hosts call: those of the floors they stand on, and of the plug-in the abstract classes with
+# The headers that hosts call: those of the floors they build on, and of the plug-in the abstract classes with
 # operations for hosts. None of what the platform's classes or the colour library keep to themselves: its parsers, tables and kernels.
 set(private_headers "cxf/(verification/Checks|files/(AttributeNotes|Cgats|ConditionWords|ReadProgress|Utf8|Xml)|colorimetry/(Illuminants|Kernels|Lagrange|Resolved|Tables))[^/]*[.]h$")
 foreach(folder Diagnostics Utilities core cxf gui/elements)

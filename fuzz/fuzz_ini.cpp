@@ -1,4 +1,4 @@
-// Settings files: reading anything, and editing it without harm to what stands beside the edited line.
+// Settings files: reading anything, and editing it without harm to what is beside the edited line.
 
 #include "services/IniText.h"
 
@@ -16,7 +16,7 @@ void Require(bool condition) {
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     using namespace Utilities::IniText;
-    // Section, key and value stand before the text, each with its length.
+    // Section, key and value are before the text, each with its length.
     std::string_view rest(reinterpret_cast<char const*>(data), size);
     auto const take = [&rest] {
         if (rest.empty()) return std::string_view();

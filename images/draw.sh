@@ -15,7 +15,7 @@ picture() {
   done
 }
 
-# A button's face: NAME WIDTH FILL EDGE TEXTCOLOR SHIFT LABEL; pressed ones stand one pixel lower.
+# A button's face: NAME WIDTH FILL EDGE TEXTCOLOR SHIFT LABEL; pressed ones are one pixel lower.
 face() {
   local name=$1 width=$2 fill=$3 edge=$4 ink=$5 shift=$6 label=$7
   picture "$name" "$width" 26 "fill $fill stroke $edge stroke-width 1
@@ -112,7 +112,7 @@ picture PropertyAmbientPatch 48 48 "fill #303840 stroke none rectangle 0,0 48,48
   line 10.5,10.5 14,14 line 34,34 37.5,37.5 line 37.5,10.5 34,14 line 14,34 10.5,37.5
   stroke none fill #fff3c0 circle 24,24 24,14"
 
-# What stands for a picture that isn't there.
+# What means a picture that isn't there.
 picture UnknownBitmap 24 24 "fill #ffffff stroke #b00000 stroke-width 1 rectangle 0.5,0.5 23.5,23.5
   stroke #e0a0a0 line 1,1 23,23 line 23,1 1,23
   fill #b00000 stroke none font-size 16 gravity center text 0,0 '?'"

@@ -13,7 +13,7 @@ namespace GUI {
 ///
 /// A picture is a file of that name with any extension in the directory "images" of the program; if there
 /// is none, in its sub-directory named after the current language; if there is none either, in
-/// "images/English". Pictures of the last two kinds are looked for anew when the language changes. A name
+/// "images/English". Pictures of the last two kinds are looked for again when the language changes. A name
 /// that isn't found gives the picture "UnknownBitmap" and is looked for again the next time; a file that
 /// can't be shown gives null.
 ///

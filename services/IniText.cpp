@@ -74,7 +74,7 @@ Line ReadLine(std::string_view text, std::size_t start) {
     return line;
 }
 
-/// Where a setting stands, or where it would be put.
+/// Where a setting is, or where it would be put.
 struct Place {
     std::optional<std::string_view> value;
     /// Behind the last setting of the first section of that name.

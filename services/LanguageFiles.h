@@ -13,7 +13,7 @@ namespace Utilities {
 /// each language.
 ///
 /// The first line of every file is its version and must be the same in all. Line n of a language file is
-/// the translation of line n of the key file. `\n` in a line stands for a line break; an empty key line
+/// the translation of line n of the key file. `\n` in a line means a line break; an empty key line
 /// defines nothing.
 class LanguageFiles {
 public:

@@ -37,7 +37,7 @@ QImage AsShown(QImage image) {
                                                         : QImage::Format_RGB32);
 }
 
-/// The format by the file's first bytes: names often lie, and the platform would ask each of its readers.
+/// The format by the file's first bytes: names often are, and the platform would ask each of its readers.
 /// Empty for one that isn't told here.
 char const* FormatOf(std::string_view file) {
     struct Signature {

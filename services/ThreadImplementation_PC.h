@@ -7,7 +7,7 @@
 namespace Utilities {
 
 /// A thread of the operating system, with normal priority and the default stack. Started a second time
-/// it lets go of the first thread, which runs on.
+/// it releases the first thread, which runs on.
 class ThreadImplementation_PC : public ThreadImplementation {
 public:
     ThreadImplementation_PC();
@@ -21,7 +21,7 @@ public:
     bool IsRunning() const override;
     long GetExitCode() const override;
 
-    /// How many threads run whose objects of this class have let go of them.
+    /// How many threads run whose objects of this class have release them.
     static long GetLeftBehind();
 
 private:

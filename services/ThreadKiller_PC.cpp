@@ -29,7 +29,7 @@ struct Range {
 };
 
 /// The libraries whose own locks a dead thread must not hold. With a sanitizer, or an allocator that is
-/// linked in, `malloc` lies in another one than `read`.
+/// linked in, `malloc` is in another one than `read`.
 struct GuardedCode {
     std::array<Range, 3> ranges;
     bool Holds(Address address) const {
@@ -83,7 +83,7 @@ struct Interrupted {
 
 Interrupted WhereInterrupted(ucontext_t const& context) {
     // A system call that a signal breaks off without restarting it returns -EINTR, and only those that
-    // wait do so; the program counter stands behind the call instruction.
+    // wait do so; the program counter comes after the call instruction.
 #if defined(__x86_64__)
     auto const instruction = static_cast<Address>(context.uc_mcontext.gregs[REG_RIP]);
     auto const* const before = reinterpret_cast<std::uint8_t const*>(instruction) - 2;

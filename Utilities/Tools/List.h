@@ -9,13 +9,13 @@
 
 namespace Utilities {
 
-/// A doubly linked list that stays safe to change while iterators stand on it.
+/// A doubly linked list that stays safe to change while iterators are on it.
 ///
-/// Differences from `std::list`: an element may be removed while any number of iterators stand on it.
+/// Differences from `std::list`: an element may be removed while any number of iterators are on it.
 /// Those iterators turn invalid, further walks pass the element over, and its node is freed by a later
-/// `Remove` or by the last iterator to leave after the list has died. That is safety against re-entry
-/// on one thread (a callback removes what its caller is visiting), not between threads. Insertion and
-/// removal are constant-time, except for the sweep that a removal under an iterator leaves behind.
+/// `Remove` or by the last iterator to leave after the list has been destroyed. That is safety against
+/// re-entry on one thread (a callback removes what its caller is visiting), not between threads. Insertion
+/// and removal are constant-time, except for the sweep that a removal under an iterator leaves behind.
 ///
 /// ```
 /// for (auto it = list.Begin(); it.IsValid(); ++it) Visit(it.Current());
@@ -29,7 +29,7 @@ public:
     List() = default;
     List(List const& other) { CopyFrom(other); }
     List(List&& other) noexcept { Swap(other); }
-    /// What is assigned may lie within an element of this list, so the former elements die last.
+    /// What is assigned may be within an element of this list, so the former elements are destroyed last.
     List& operator=(List const& other) {
         if (this != &other) List(other).Swap(*this);
         return *this;
@@ -96,9 +96,9 @@ public:
         return value;
     }
 
-    /// Removes all elements; iterators that stand on one are invalid from then on.
+    /// Removes all elements; iterators that are on one are invalid from then on.
     void Clear() noexcept {
-        // An element that dies may ask for the list it was in.
+        // An element that is destroyed may ask for the list it was in.
         Node* node = std::exchange(first_, nullptr);
         last_ = nullptr;
         count_ = 0;
@@ -137,7 +137,7 @@ private:
         (node->previous ? node->previous->next : first_) = node->next;
         (node->next ? node->next->previous : last_) = node->previous;
     }
-    /// Frees the removed nodes that no iterator stands on any more.
+    /// Frees the removed nodes that no iterator is on any more.
     void Sweep() {
         purgePending_ = false;
         Node* dead = nullptr;

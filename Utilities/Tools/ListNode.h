@@ -21,15 +21,15 @@ template <class T> struct ListNode {
     std::uint32_t iteratorCount = 0;
     /// The element was removed while an iterator stood on it.
     bool removed = false;
-    /// The list has died; the last iterator to leave deletes the node.
+    /// The list has been destroyed; the last iterator to leave deletes the node.
     bool orphaned = false;
     T value;
 };
 
 } // namespace Detail
 
-/// A position in a `List`, counted in the node that it stands on; `T` is const for a const list.
-/// It is valid while it stands on an element that hasn't been removed.
+/// A position in a `List`, counted in the node that it is on; `T` is const for a const list.
+/// It is valid while it is on an element that hasn't been removed.
 template <class T> class ListIterator {
     using Value = std::remove_const_t<T>;
     using Node = Detail::ListNode<Value>;
@@ -38,7 +38,7 @@ public:
     ListIterator() = default;
     ListIterator(ListIterator const& other) { Enter(other.node_); }
     ListIterator(ListIterator&& other) noexcept : node_(std::exchange(other.node_, nullptr)) {}
-    /// A position in a list that may be changed serves where one to read is wanted.
+    /// A position in a list that may be changed is accepted where one to read is wanted.
     ListIterator(ListIterator<Value> const& other) requires std::is_const_v<T> { Enter(other.node_); }
     ListIterator& operator=(ListIterator const& other) {
         ListIterator copy(other);

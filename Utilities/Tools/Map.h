@@ -83,7 +83,7 @@ private:
 /// the order of iteration (by chain, within a chain by insertion) is stable between insertions. Keys
 /// need `operator==` and `GetHash(bucketCount)`. The const `operator[]` throws `OutOfRangeException`
 /// for a key that isn't there: that is the system's way to read an optional attribute, and so the
-/// exception's type is an interface. A value may be removed while an iterator stands on it.
+/// exception's type is an interface. A value may be removed while an iterator is on it.
 template <class Key, class T> class Map {
     using Entry = Pair<Key, T>;
     using Chain = List<Entry>;
@@ -101,7 +101,7 @@ public:
         if (this != &other) *this = Map(other);
         return *this;
     }
-    /// What is assigned may lie within a value of this map, so the former values die last.
+    /// What is assigned may be within a value of this map, so the former values are destroyed last.
     Map& operator=(Map&& other) noexcept {
         Map taken(std::move(other));
         std::swap(count_, taken.count_);

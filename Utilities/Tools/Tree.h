@@ -63,7 +63,7 @@ public:
     Tree* GetParent() const { return parent_; }
 
 private:
-    /// A child may outlive its place in the tree in somebody's hands.
+    /// A child may outlive its place in the tree in someone's hands.
     void Disown() {
         for (auto it = children_.Begin(); it.IsValid(); ++it)
             if (it.Current()->parent_ == this) it.Current()->parent_ = nullptr;

@@ -30,7 +30,7 @@ public:
         if (this != &other) *this = Vector(other);
         return *this;
     }
-    /// What is assigned may lie within an element of this vector, so the former elements die last.
+    /// What is assigned may be within an element of this vector, so the former elements are destroyed last.
     Vector& operator=(Vector&& other) noexcept {
         Vector taken(std::move(other));
         std::swap(size_, taken.size_);
@@ -60,7 +60,7 @@ public:
         size_ = size;
     }
 
-    /// An iterator at `index`, clamped to the size; on an empty vector it stands before the start.
+    /// An iterator at `index`, clamped to the size; on an empty vector it is before the start.
     VectorIterator<T> Begin(std::uint32_t index = 0) { return BeginOf<VectorIterator<T>>(*this, index); }
     VectorIterator<T const> Begin(std::uint32_t index = 0) const {
         return BeginOf<VectorIterator<T const>>(*this, index);

@@ -33,7 +33,7 @@ std::string Location::GetText() const {
 }
 
 void ThrowConverted(std::exception const& caught, std::string const& location) {
-    // Derived classes stand before their bases, which would match them as well.
+    // Derived classes come before their bases, which would match them as well.
     ThrowIf<std::overflow_error, OverflowException>(caught, location);
     ThrowIf<std::underflow_error, UnderflowException>(caught, location);
     ThrowIf<std::range_error, RangeException>(caught, location);

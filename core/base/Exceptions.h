@@ -14,7 +14,7 @@
 /// map's const look-up is ordinary control flow; the others are failures.
 namespace Norvelian::Utilities::Exceptions {
 
-/// An exception that knows where it has been: the newest location stands last.
+/// An exception that knows where it has been: the newest location is last.
 class TraceableException {
 public:
     virtual ~TraceableException() = default;
@@ -128,7 +128,7 @@ NORVELIAN_EXCEPTION(BadAllocException, ExceptionAdapter<std::bad_alloc>);
 NORVELIAN_EXCEPTION(BadCastException, ExceptionAdapter<std::bad_cast>);
 NORVELIAN_EXCEPTION(BadTypeidException, ExceptionAdapter<std::bad_typeid>);
 
-/// A service or file that is needed can't be had.
+/// A service or file that is needed isn't available.
 NORVELIAN_EXCEPTION(ResourceException, RuntimeException);
 NORVELIAN_EXCEPTION(ResourceNotAvailableException, ResourceException);
 /// Raised by the colour library; others only catch it.

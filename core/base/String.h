@@ -47,7 +47,7 @@ public:
     /// Length in bytes.
     long Length() const { return static_cast<long>(text_.size()); }
 
-    /// The bytes from `start`, at most `count` of them; what lies outside the text is left out.
+    /// The bytes from `start`, at most `count` of them; what is outside the text is left out.
     String Mid(long start, long count) const;
     /// Position of the first occurrence at or behind `start`, -1 if there is none.
     long FindSubstring(String const& what, long start) const;
@@ -62,7 +62,7 @@ public:
     String GetAsUpper() const;
 
     /// @name The text as a number
-    /// Leading blanks are passed over, then a number must stand there; what follows it is ignored.
+    /// Leading blanks are passed over, then a number must be there; what follows it is ignored.
     /// A text without a number, or one that the type can't hold, throws `OutOfRangeException`; the
     /// long forms hold 32 bits. A text of blanks counts as 0.
     /// @{

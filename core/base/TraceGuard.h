@@ -20,7 +20,7 @@ struct Location {
     std::string GetText() const;
 };
 
-/// Throws the member of the family that stands for a standard exception, told by its dynamic type:
+/// Throws the member of the family that corresponds to a standard exception, told by its dynamic type:
 /// the most derived match wins, and a type without a match becomes a `RuntimeException` whose text is
 /// the type's name, one blank and the message.
 [[noreturn]] void ThrowConverted(std::exception const& caught, std::string const& location);

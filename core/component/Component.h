@@ -18,7 +18,7 @@ public:
 
     /// Self-check; may stay empty.
     virtual void Invariant() const {}
-    /// Lets go of what is held beyond the plug-in's life and says whether that succeeded.
+    /// Releases what is held beyond the plug-in's life and says whether that succeeded.
     virtual bool PrepareForUnload() { return false; }
     virtual void Destroy() { delete this; }
 };

@@ -23,7 +23,7 @@ public:
     virtual Descriptor GetDescriptor() = 0;
     virtual void Create(SmartPointer<Component>& result) = 0;
     virtual bool PrepareForUnload() = 0;
-    /// How many objects that it made still live and are held by somebody else; the module that their code
+    /// How many objects that it made still live and are held by someone else; the module that their code
     /// is in must not be unloaded before they have gone. 0 for a creator that doesn't count.
     virtual long GetLivingCount() const { return 0; }
 };

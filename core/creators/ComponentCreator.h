@@ -41,7 +41,7 @@ private:
 
 namespace Detail {
 
-/// What a singleton makes in its constructor is a part of it, and lives and dies with it.
+/// What a singleton makes in its constructor is a part of it, and lives as long as it.
 class SingletonBeingMade {
 public:
     SingletonBeingMade() { ++depth_; }
@@ -74,7 +74,7 @@ private:
         ~Counted() override { --living_; }
     };
 
-    /// Threads let go of components too, of mutexes for example.
+    /// Threads release components too, of mutexes for example.
     static inline std::atomic<long> living_ = 0;
 };
 
@@ -103,7 +103,7 @@ public:
 };
 
 /// Makes one `T` on the first request, and so must not be a constant itself, and hands out that one until the
-/// creator dies.
+/// creator is destroyed.
 template <class T> class ComponentCreatorSingleton final : public RegisteringComponentCreator {
 public:
     explicit ComponentCreatorSingleton(ComponentDescription const& description)

@@ -9,7 +9,7 @@
 #include <memory>
 #include <string>
 
-/// What stands behind the plug-in's four exports; one a plug-in, made on the first call of an export.
+/// What is behind the plug-in's four exports; one a plug-in, made on the first call of an export.
 ///
 /// Creators enter themselves into `Utilities::NamingService`, so both containers stay empty; they are
 /// the declared shape of the factory. Unsynchronised: the host's GUI thread only.

@@ -1,4 +1,4 @@
-# The plug-in's sources. The rows that hold creators stand in the order of the table of components:
+# The plug-in's sources. The rows that hold creators are in the order of the table of components:
 # static initialisers run in link order, so this order is the order of registration. The first three
 # components of the table come first; the rest is alphabetical by component.
 set(NORVELIAN_COMPONENT_SOURCES

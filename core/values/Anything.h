@@ -47,7 +47,7 @@ public:
 
     Anything(Anything const&) = default;
     Anything(Anything&&) noexcept = default;
-    /// The value assigned may lie within the one that is replaced, so that one dies last.
+    /// The value assigned may be within the one that is replaced, so that one is destroyed last.
     Anything& operator=(Anything const& other) {
         if (this != &other) Value(other.value_).swap(value_);
         return *this;

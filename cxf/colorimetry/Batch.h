@@ -5,7 +5,7 @@
 #include <span>
 
 /// Many colours at once, on contiguous arrays: what the objects call with one, and what charts and bulk
-/// tools call with a million. Spectra lie one behind the other, 36 values each; colours three. All throw
+/// tools call with a million. Spectra are one behind the other, 36 values each; colours three. All throw
 /// `TristimException` if the lengths of the arrays don't fit. Values aren't looked at: one that isn't finite
 /// gives a result that isn't, too. Any thread.
 namespace Norvelian::Tristim::Batch {

@@ -104,7 +104,7 @@ ColourTemperature ColourTemperatureOf(XYZ const& light) {
         Point const black = PlanckAt(std::exp(logarithm));
         return std::hypot(black.x - wanted.x, black.y - wanted.y);
     };
-    // One minimum lies along the locus near it; a coarse walk finds where, a golden section how exactly.
+    // One minimum is along the locus near it; a coarse walk finds where, a golden section how exactly.
     double const first = std::log(1000);
     double const last = std::log(100000);
     constexpr int steps = 200;

@@ -84,7 +84,7 @@ double DeltaEFmc2(XYZ const& reference, XYZ const& sample) {
     double const dS = s(sample) - S;
     double const sum = P * P + Q * Q;
     // A reference without light has no threshold to measure in; the smallest reference of the formula's
-    // range stands in for it.
+    // range replaces it.
     double const safe = std::max(sum, 1e-6);
     double const fourth = P * P * P * P + Q * Q * Q * Q;
     double const a2 = 17.3e-6 * safe / (1 + 2.73 * P * P * Q * Q / std::max(fourth, 1e-12));

@@ -29,7 +29,7 @@ DeltaEFormula FormulaOf(NVMeasureConditions const& conditions);
 /// Whether the formula needs nothing but L*a*b*.
 bool IsOfLab(DeltaEFormula formula);
 
-/// The weights of a formula; zero stands for the formula's own default.
+/// The weights of a formula; zero means the formula's own default.
 ///  - CMC: l and c, default 2 and 1 (acceptability, ISO 105-J03); `third` unused.
 ///  - 94, 2000: kL, kC, kH, default 1 (reference conditions; for 94, K1 and K2 are 0.045 and 0.015).
 ///  - 94 textile: the same with kL 2, K1 0.048 and K2 0.014 (CIE 116).

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-/// The published tables that the colour library stands on, compiled in from the files below `data/`.
+/// The published tables that the colour library builds on, compiled in from the files below `data/`.
 ///
 /// Each number table has the wavelength in nm in its first column and rises in equal steps. Where the
 /// tables come from, and under which licence, is said in `LICENSES/README.md`.

@@ -36,7 +36,7 @@ public:
                                         NVMeasureConditions const& conditions);
 
     /// The colour difference by the formula of the conditions. The weights are those of `DeltaEWeights`
-    /// in `DeltaE.h`; 0 stands for the formula's default. The first colour is the reference.
+    /// in `DeltaE.h`; 0 means the formula's default. The first colour is the reference.
     static float GetDeltaE(NVSpectrum const& reference, NVSpectrum const& sample,
                            NVMeasureConditions const& conditions, float weight1, float weight2,
                            float weight3);

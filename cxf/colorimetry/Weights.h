@@ -42,7 +42,7 @@ struct WeightSet {
 enum class Bandpass { Uncorrected, Triangles, Neighbours };
 Bandpass BandpassOf(Viewing const& viewing);
 
-/// The text of the method, as it stands in the conditions of results.
+/// The text of the method, as it is in the conditions of results.
 char const* MethodOf(Bandpass bandpass);
 
 /// Tristimulus values of a spectrum on a grid of its own, `first` and `step` in nm: interpolated to 1 nm by

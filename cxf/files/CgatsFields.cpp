@@ -327,7 +327,8 @@ CgatsLayout MakeCgatsLayout(CgatsScanner const& scanner, std::vector<CgatsToken>
     for (std::size_t i = 0; i < fields.size(); ++i) {
         layout.names.push_back(fields[i].Unquoted());
         if (!places.emplace(fields[i].text, i).second)
-            scanner.Fail(fields[i], "the field " + layout.names.back() + " stands twice in the data format");
+            scanner.Fail(fields[i],
+                         "the field " + layout.names.back() + " is given twice in the data format");
     }
     std::vector<bool> used(fields.size(), false);
     auto const take = [&](std::string_view name) -> std::optional<std::size_t> {

@@ -59,7 +59,7 @@ std::optional<CgatsBand> CgatsBandOf(std::string_view field);
 
 /// Sorts out the fields of a table. `start` and `end` are the header's SPECTRAL_START_NM and SPECTRAL_END_NM,
 /// which tell the exact wavelengths where names are rounded (a step of 3.33 nm). A colour's fields may carry
-/// its illuminant and observer: "LAB_L_D65", "D50_XYZ_X", "L*(F11/10)". Fails at a field that stands twice,
+/// its illuminant and observer: "LAB_L_D65", "D50_XYZ_X", "L*(F11/10)". Fails at a field that is given twice,
 /// at bands that disagree on their scale, and at wavelengths that aren't evenly spaced.
 CgatsLayout MakeCgatsLayout(CgatsScanner const& scanner, std::vector<CgatsToken> const& fields,
                             std::optional<double> start, std::optional<double> end);

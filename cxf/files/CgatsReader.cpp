@@ -134,7 +134,7 @@ void Reader::ReadHeader(SampleSet& set, Stated& stated) {
         }
         if (keyword.Is("BEGIN_DATA") || keyword.Is("END_DATA") || keyword.Is("END_DATA_FORMAT"))
             scanner_.Fail(keyword,
-                          std::string(keyword.text) + " stands in the header; expected BEGIN_DATA_FORMAT");
+                          std::string(keyword.text) + " is in the header; expected BEGIN_DATA_FORMAT");
         CgatsToken const next = scanner_.Peek();
         bool const alone = next.startsLine || next.atEnd;
         if (first && alone)
@@ -181,7 +181,7 @@ void Reader::ReadData(SampleSet& set, Stated const& stated) {
     CgatsToken token = scanner_.Next();
     for (; !token.Is("END_DATA"); token = scanner_.Next()) {
         bool const setBegins = table_.data.size() % width == 0;
-        // The first set may stand behind BEGIN_DATA on its line.
+        // The first set may come after BEGIN_DATA on its line.
         if (token.startsLine || table_.data.empty()) {
             endLine();
             lineStart = token;
@@ -242,10 +242,10 @@ SampleSetPointer Reader::ReadTable() {
     CheckCoverage();
     CgatsToken token = scanner_.Next();
     for (; !token.Is("BEGIN_DATA"); token = scanner_.Next()) {
-        // Keywords may stand between format and data.
+        // Keywords may be between format and data.
         if (token.atEnd) scanner_.Fail(token, "the file ends before the data; expected BEGIN_DATA");
         if (token.Is("BEGIN_DATA_FORMAT") || token.Is("END_DATA_FORMAT") || token.Is("END_DATA"))
-            scanner_.Fail(token, token.Unquoted() + " stands behind the data format; expected BEGIN_DATA");
+            scanner_.Fail(token, token.Unquoted() + " comes after the data format; expected BEGIN_DATA");
         TakeKeyword(token, *set, stated);
     }
     if (stated.fields && *stated.fields != static_cast<double>(table_.format.size()))

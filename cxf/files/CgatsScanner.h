@@ -25,17 +25,17 @@ struct CgatsToken {
 /// to the end of the line.
 class CgatsScanner {
 public:
-    /// The name stands in error messages; the text must outlive the scanner.
+    /// The name is in error messages; the text must outlive the scanner.
     CgatsScanner(std::string_view text, std::string const& file);
 
     CgatsToken Next();
     CgatsToken Peek();
-    /// The words up to the end of the line: one word without its quotes, several as they stand.
+    /// The words up to the end of the line: one word without its quotes, several as they are.
     std::string RestOfLine();
     /// The comments since they were last taken, without "#".
     std::vector<std::string_view> TakeComments();
 
-    /// How many bytes of the text lie before a word.
+    /// How many bytes of the text are before a word.
     std::size_t OffsetOf(CgatsToken const& where) const {
         return static_cast<std::size_t>(where.text.data() - text_.data());
     }

@@ -23,7 +23,7 @@ public:
     CgatsScanner const& scanner;
     ReadOptions const& options;
     ReadProgress& progress;
-    /// Where each property of the set stands.
+    /// Where each property of the set is.
     std::vector<CgatsToken> properties;
     std::optional<double> norm;    ///< what the header says of the spectra's scale
     std::optional<double> xyzNorm; ///< and of that of XYZ

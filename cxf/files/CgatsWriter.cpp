@@ -18,7 +18,7 @@ using namespace Tristim::Vocabulary;
 
 namespace {
 
-/// Keywords that are made anew for each table.
+/// Keywords that are written again for each table.
 bool IsMade(std::string_view key) {
     static constexpr std::array<std::string_view, 14> made{
         "CGATSIDENTIFIER", "SPECTRALSCALE",   "SPECTRALNORM",  "SPECTRALNORMALIZATION",
@@ -60,7 +60,7 @@ std::string Word(std::string const& text) {
     return plain && !taken && !text.empty() ? text : Quote(text);
 }
 
-/// A keyword's value: numbers stand bare.
+/// A keyword's value: numbers are not quoted.
 std::string HeaderValue(std::string const& value) {
     double number = 0;
     return Tristim::Numbers::Parse(value, number) ? value : Quote(value);

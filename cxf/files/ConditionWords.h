@@ -30,8 +30,8 @@ struct ConditionWords {
     std::vector<std::string> unknown;
 
     /// Throws `TristimException` for a light without a table and for two values of one condition.
-    /// With `loose` the text is somebody's sentence: only words that can't mean anything else are taken, and
-    /// nothing is where a "no" or "without" stands.
+    /// With `loose` the text is someone's sentence: only words that can't mean anything else are taken, and
+    /// nothing is where a "no" or "without" is.
     static ConditionWords Parse(std::string_view value, unsigned about, bool loose);
 };
 

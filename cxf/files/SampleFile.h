@@ -36,7 +36,7 @@ std::vector<SampleSetPointer> ReadSampleSets(std::string const& path, ReadOption
 /// all its tables, keep what `ReadSampleSets` gives.
 SampleSetPointer ReadSampleSet(std::string const& path, ReadOptions const& options = {});
 
-/// The same from a text; `name` stands in messages.
+/// The same from a text; `name` is in messages.
 std::vector<SampleSetPointer> ParseSampleSets(std::string_view text, std::string const& name,
                                               ReadOptions const& options = {});
 

@@ -227,7 +227,7 @@ SampleSetPointer Reader::ReadSet(pugi::xml_node node) {
     auto sample = MakeSmart<Sample>(Text(node, Xml::Name), node.attribute(Xml::Description).value());
     sample->SetId(node.attribute(Xml::Id).value());
     ForeignParts foreign = Foreign(node, {Xml::Name, Xml::Description, Xml::Id}, {});
-    // Foreign elements stand among the sample's attributes; what isn't an element stays with the sample.
+    // Foreign elements are among the sample's attributes; what isn't an element stays with the sample.
     foreign.children.clear();
     for (pugi::xml_node const child : node.children()) {
         if (child.type() != pugi::node_element) {
@@ -261,7 +261,7 @@ Sample::AttributePointer Reader::ReadAttribute(pugi::xml_node node) const {
         return unknown;
     }
     for (char const* const misplaced : {Format::Name, Format::SampleSet, Format::Sample})
-        if (Is(node, misplaced)) Fail(node, std::string("<") + misplaced + "> stands inside a sample");
+        if (Is(node, misplaced)) Fail(node, std::string("<") + misplaced + "> is inside a sample");
     return MakeSmart<UnknownSampleAttribute>(node.name(), Markup(node), true);
 }
 
@@ -316,7 +316,7 @@ Conditions Reader::ReadConditions(pugi::xml_node node) const {
         // Conditions are kept and written in the order of their keys, which are valid text when they are
         // written.
         std::string const key = ToValidUtf8(Text(child, Xml::Name));
-        if (conditions.GetAll().contains(key)) Fail(child, "the condition " + key + " stands twice");
+        if (conditions.GetAll().contains(key)) Fail(child, "the condition " + key + " is given twice");
         std::string const value = Text(child, Xml::Value);
         CheckCondition(child, key, value);
         std::string const by = child.attribute(Xml::Assumed).value();

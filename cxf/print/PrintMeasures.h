@@ -42,7 +42,7 @@ struct InkHue {
 };
 InkHue HueErrorAndGreyness(Densities const& ink);
 
-/// Grey balance of a three-colour grey after ISO 12647-2:2013: the grey wanted at its lightness lies between
+/// Grey balance of a three-colour grey after ISO 12647-2:2013: the grey wanted at its lightness is between
 /// the paper and the overprint of solid C, M and Y, a* = a*(paper) (1 - 0.85 (L*(paper) - L*) / (L*(paper) -
 /// L*(CMY))), b* alike; the balance is the distance in a*, b* from it (delta Ch). That C, M, Y and not black
 /// is the dark end say normaprint.fr ("ISO 12647-2:2013 & gris neutre": "la surimpression C100, M100, J100")

@@ -52,7 +52,7 @@ void AddShares(std::map<std::size_t, double>& to, double position, std::size_t c
 }
 
 /// The band as an instrument with a triangular bandpass of 10 nm would have measured it. On a grid that 10 nm
-/// are a multiple of, the values are weighted as they stand (1, 2, 1 for 5 nm); other grids are taken as
+/// are a multiple of, the values are weighted as they are (1, 2, 1 for 5 nm); other grids are taken as
 /// linear between their values. Near an end of the spectrum the triangle is as wide as there are values on
 /// both sides, so that a slope stays what it is.
 void AddTriangle(std::map<std::size_t, double>& to, double position, double step, std::size_t count) {
@@ -140,7 +140,7 @@ Tristim::NVSpectrum Cxf2NV(Spectrum const& spectrum) {
             Tristim::Numbers::Shortest(spectrum.GetLast()) + " nm; expected " +
             (spectrum.MayExtrapolate() ? "at least 400 to 700 nm, which can be extended" : "380 to 730 nm"));
 
-    // All spectra of a file lie on the same grid.
+    // All spectra of a file are on the same grid.
     thread_local Resampling resampling;
     if (resampling.first != spectrum.GetFirst() || resampling.step != spectrum.GetStep() ||
         resampling.count != values.size())

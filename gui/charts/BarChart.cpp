@@ -60,7 +60,7 @@ String NumberText(double value, int decimals) {
     std::string text = String(value, decimals, '.').GetStdString();
     std::string const zeros = "." + std::string(static_cast<std::size_t>(decimals), '0');
     if (text.ends_with(zeros)) text.resize(text.size() - zeros.size());
-    // Sums of steps that should be 0 may lie below it.
+    // Sums of steps that should be 0 may be below it.
     return text == "-0" ? "0" : text.c_str();
 }
 
@@ -104,7 +104,7 @@ void BarChart::BuildGraphDescription(AttributeMap const& attributes) {
     auto const frame = Utilities::MakeSmart<DescriptionTree>();
     (*frame)["GUIElementType"] = "FrameBox";
     (*frame)["ElementName"] = "BarGraphFrameBox";
-    // The side ruler's growth comes behind the upper margin: the upper ruler then lies on the frame's edge.
+    // The side ruler's growth comes behind the upper margin: the upper ruler then is on the frame's edge.
     (*frame)["Top"] = String(showTopRuler_ ? rulerMargin_ : 0);
     (*frame)["Bottom"] = String(showTopRuler_ ? 0L : long{baseLine_});
     if (showSideRuler_) rulerMargin_ += sideRulerGrowth;

@@ -12,8 +12,8 @@ class BarGraph;
 /// the bars over; only if it is there the chart has rulers), "LineColor", "BackgroundColor",
 /// "XScaleDrawLines", "XScaleGraduation", "YScaleDrawLines", "YScaleGraduation" (0 each; distances of numbers
 /// and of ticks on the rulers, handed on to the graph; a scale for which both are 0 has no ruler),
-/// "ThickLineGraduation", "NumbersAtLines" (No; with Yes the side ruler and the limit marks stand beside the
-/// graph wherever it lies, and an X scale runs downward as the bars do; else they count from the chart's
+/// "ThickLineGraduation", "NumbersAtLines" (No; with Yes the side ruler and the limit marks are beside the
+/// graph wherever it is, and an X scale runs downward as the bars do; else they count from the chart's
 /// upper edge, and upward). A distance of numbers that isn't positive writes none. What the graph asks of the
 /// data source it asks under the name "BarGraph".
 class BarChart : public Chart {

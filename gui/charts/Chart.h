@@ -37,7 +37,7 @@ public:
                      Utilities::Callback const& callback) override;
     /// Always invalid.
     Utilities::Callback GetCallback(Utilities::String const& element, Utilities::String const& name) override;
-    /// A child that dies takes its callbacks out.
+    /// A child that is destroyed takes its callbacks out.
     void RemoveAllCallbacks(Utilities::String const& element) override { callbacks_.Remove(element); }
 
 protected:

@@ -18,7 +18,7 @@ namespace GUI {
 ///
 /// A data message is "a;first-b;last" or "a;number". Points count from 1: the message's first number says
 /// where reading begins, and the graph then has `last - first + 1` points. A message of neither form leaves
-/// one point at (0, 0). A point whose number lies beyond throws `OutOfRangeException`. Every update repaints.
+/// one point at (0, 0). A point whose number is beyond throws `OutOfRangeException`. Every update repaints.
 class CrossGraph : public Graph {
 public:
     Diagnostics::String GetValueString() override { return "CrossGraph"; }

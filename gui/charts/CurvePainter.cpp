@@ -70,7 +70,7 @@ public:
 private:
     short Column(std::size_t k) const { return map_.AlongX(static_cast<double>(k) * xStep_ + xBegin_); }
 
-    /// The first value behind `begin` that lies on another column. Columns are monotone in the number,
+    /// The first value behind `begin` that is on another column. Columns are monotone in the number,
     /// so a search does; `guess` is the length of the column before.
     std::size_t FindEnd(std::size_t begin, short column, std::size_t guess) const {
         std::size_t inside = begin;
@@ -80,7 +80,7 @@ private:
             outside += step;
         }
         outside = std::min(outside, values_.size());
-        // As a rule the end lies within one or two of the guess.
+        // As a rule the end is within one or two of the guess.
         if (outside - inside > 4 && Column(outside - 3) == column) inside = outside - 3;
         while (outside - inside > 1) {
             std::size_t const middle = inside + (outside - inside) / 2;

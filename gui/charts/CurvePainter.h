@@ -12,7 +12,7 @@ namespace GUI {
 ///
 /// Where many values fall on one column of pixels (one row, if the X scale runs downward), that column
 /// is drawn through its first, lowest, highest and last value alone. The picture is the same: the lines
-/// between values of one column cover all pixels between its lowest and its highest, whatever lies
+/// between values of one column cover all pixels between its lowest and its highest, whatever is
 /// between, and since a map is monotone the extreme values have the extreme pixels. The last column is
 /// drawn whole, as nothing follows it that would set the pixel that a line leaves out.
 void DrawCurve(PlatformIndependentDeviceContext& context, ScaleMap const& map, double xBegin, double xStep,

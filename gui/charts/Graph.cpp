@@ -175,7 +175,7 @@ void Graph::DrawAxes(PlatformIndependentDeviceContext& context, ScaleMap const& 
 }
 
 void Graph::DrawGrid(PlatformIndependentDeviceContext& context, ScaleMap const& map) const {
-    // The axes lie at zero, so the walks leave it out. On X the positive side comes first, on Y the other.
+    // The axes are at zero, so the walks leave it out. On X the positive side comes first, on Y the other.
     auto const vertical = [&](double x) { DrawValueLine(context, map, x, yScaleBegin_, x, yScaleEnd_); };
     auto const horizontal = [&](double y) { DrawValueLine(context, map, xScaleBegin_, y, xScaleEnd_, y); };
     double const xStep = xScaleDrawLines_;

@@ -25,7 +25,7 @@ inline constexpr Attribute drawAxis{"DrawAxis", AttributeType::Flag, "Yes", "Whe
 inline constexpr Attribute thickLineGraduation{"ThickLineGraduation", AttributeType::Number, "0",
                                                "A separating line behind every so many bars; 0 for none"};
 inline constexpr Attribute numbersAtLines{"NumbersAtLines", AttributeType::Flag, "No",
-                                          "Numbers stand at the lines that they belong to"};
+                                          "Numbers are at the lines that they belong to"};
 inline constexpr Attribute colorBarType{
     "ColorBarType", AttributeType::Text, "No",
     "Coloured bars along the edges: \"ab\", \"L\" or none; \"NoGraph\" crosses out"};

@@ -102,7 +102,7 @@ void LabChart::CreateChildren() {
     (*bar)["MaximalWidth"] = "1000";
     (*bar)["MinimalHeight"] = "40";
 
-    // The captions stand in the margins above.
+    // The captions are in the margins above.
     auto const box = Utilities::MakeSmart<DescriptionTree>();
     (*box)["GUIElementType"] = "HBox";
     (*box)["ElementName"] = "HBox";

@@ -10,7 +10,7 @@
 namespace GUI {
 
 /// Samples as star marks on a picture of a colour plane and a lightness bar, which is the pane's background.
-/// Where both lie in the picture is told by `LabGraphSetting` children, one for each view.
+/// Where both are in the picture is told by `LabGraphSetting` children, one for each view.
 ///
 /// Attributes beyond `Graph`'s: "DrawAxis" (No). The scale and the grid of `Graph` are not used.
 ///

@@ -8,7 +8,7 @@ namespace GUI {
 /// Turns values of a two-axis scale into pixels of a plot and back.
 ///
 /// Each coordinate is cut towards zero twice: once as scaled, and again after the margin is added. What
-/// lies beyond 16 bits gives the nearest 16-bit number, and what is no number (an empty scale divides by
+/// is beyond 16 bits gives the nearest 16-bit number, and what is no number (an empty scale divides by
 /// zero) gives 0. Both coordinates are monotone in their value.
 struct ScaleMap {
     double xBegin = 0;

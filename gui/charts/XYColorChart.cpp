@@ -142,7 +142,7 @@ void XYColorChart::FindVisible(Places const& places, long selected) {
     std::size_t const wordsInRow = width / 64 + 1;
     taken_.assign(wordsInRow * height, 0);
     visible_.clear();
-    // From the last one, which lies on top. The selected one has another pen and covers more than
+    // From the last one, which is on top. The selected one has another pen and covers more than
     // another one there would.
     for (std::size_t i = spots_.size(); i-- > 0;) {
         Pixel const place = places.Of(spots_[i]);
@@ -189,7 +189,7 @@ void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
         DrawSpot(context, spots_[spot.number], spot.place);
     }
     if (!marksOutside_ || selected < 0 || selected >= static_cast<long>(spots_.size())) return;
-    // What is marked beside it lies on top, or its mark would be covered.
+    // What is marked beside it is on top, or its mark would be covered.
     Spot const& spot = spots_[static_cast<std::size_t>(selected)];
     Pixel const place = places.Of(spot);
     context.SetPen(outline, 1, PlatformIndependentDeviceContext::solid);
@@ -232,7 +232,7 @@ String XYColorChart::GetToolTipText(unsigned short x, unsigned short y) {
     std::size_t found = spots_.size();
     while (found > 0 && !isUnder(found - 1)) --found;
     if (marksOutside_) {
-        // The selected spot lies on top.
+        // The selected spot is on top.
         Anything const selection = GetValue("SelectedSample");
         long const selected = selection.IsValid() ? selection.GetLong() : -1;
         if (selected >= 0 && static_cast<std::size_t>(selected) < spots_.size() &&

@@ -15,7 +15,7 @@ namespace GUI {
 /// "Isotropic" (No; with Yes one unit is as long on both axes, and the longer side of the pane shows more
 /// than its range), "ZeroAxes" (No; axes through zero with ticks and numbers, beneath the spots),
 /// "LineColor" (92,92,92; of these axes), "GridColor" (none; of lines at their numbers), "MarkOutside" (No;
-/// with Yes the selected spot lies on top with two rings around it, instead of a white outline).
+/// with Yes the selected spot is on top with two rings around it, instead of a white outline).
 ///
 /// Values asked of the data source under the element's name: "BackgroundBitmapExtension" (appended to the
 /// stem), "NrOfPatches", "XValueBegin", "XValueEnd", "YValueBegin", "YValueEnd" (the ranges, as short), at
@@ -24,7 +24,7 @@ namespace GUI {
 /// "Color", "XValue" and "YValue".
 ///
 /// A click is told to the data source as "Click", a map of "x" and "y" in values, and passed on. The
-/// event "SelectSample" of the element "ColorChart" repaints; "OnUpdate" reads everything anew.
+/// event "SelectSample" of the element "ColorChart" repaints; "OnUpdate" reads everything again.
 class XYColorChart : public Pane {
 public:
     ~XYColorChart() override;

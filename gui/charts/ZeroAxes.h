@@ -6,7 +6,7 @@
 
 namespace GUI {
 
-/// A plane of values on a pane: where its zero lies and how long a unit is, in pixels. X grows to the right
+/// A plane of values on a pane: where its zero is and how long a unit is, in pixels. X grows to the right
 /// and Y upward; a negative unit turns its axis over.
 struct ValuePlane {
     long paneWidth = 0;
@@ -17,9 +17,9 @@ struct ValuePlane {
     double yUnit = 0;
 };
 
-/// Draws the two axes through zero, or along the pane's edge where zero lies outside, with ticks at steps of
+/// Draws the two axes through zero, or along the pane's edge where zero is outside, with ticks at steps of
 /// 1, 2 or 5 times a power of ten, and with a grid of lines at these steps if there is a colour for it. Steps
-/// are the same on both axes if the units are. The numbers stand along the left and lower edge, each beside
+/// are the same on both axes if the units are. The numbers are along the left and lower edge, each beside
 /// its line, where data seldom are; those that have no room are left out.
 void DrawZeroAxes(PlatformIndependentDeviceContext& context, ValuePlane const& plane, RGBVector const& color,
                   std::optional<RGBVector> const& gridColor);

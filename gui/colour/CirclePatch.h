@@ -8,7 +8,7 @@ namespace GUI {
 /// mark of the selected or active state is a circle around it.
 ///
 /// Attributes: "BackgroundColor" (an empty one gives 100,100,100), "SurroundColor" (222,251,255; around the
-/// disc), "MarkOutside" (No; with Yes the disc is smaller, and the mark stands around it in two tones).
+/// disc), "MarkOutside" (No; with Yes the disc is smaller, and the mark is around it in two tones).
 /// Values beyond `Patch`'s: at an update "BitmapOnly" (no disc, the background picture alone).
 class CirclePatch : public Patch {
 public:

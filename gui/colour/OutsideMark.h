@@ -6,8 +6,8 @@
 
 namespace GUI {
 
-/// The mark of a selected colour that stands beside it: a gap, a white and a black line. One of the two can
-/// be seen on any ground, and nothing lies on the colour.
+/// The mark of a selected colour that is beside it: a gap, a white and a black line. One of the two can
+/// be seen on any ground, and nothing is on the colour.
 struct OutsideMark {
     /// Of each line, in pixels; 0 where there is no room for the mark.
     int tone = 2;
@@ -30,7 +30,7 @@ struct OutsideMark {
     void Draw(PlatformIndependentDeviceContext& context, short left, short top, short right, short bottom,
               bool isRound) const {
         if (tone == 0) return;
-        // The odd pixel of an even pen lies outside an ellipse on every side, but before the left and
+        // The odd pixel of an even pen is outside an ellipse on every side, but before the left and
         // upper sides of a rectangle alone.
         int const before = tone / 2;
         int const behind = isRound ? before : (tone - 1) / 2;

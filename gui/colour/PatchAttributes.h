@@ -6,9 +6,9 @@
 namespace GUI::PatchAttributes {
 
 inline constexpr Attribute updates{"Updates", AttributeType::Flag, "No",
-                                   "Whether the event \"OnUpdate\" shows the colour anew"};
+                                   "Whether the event \"OnUpdate\" shows the new colour"};
 inline constexpr Attribute markOutside{"MarkOutside", AttributeType::Flag, "No",
-                                       "The mark stands beside the colour in two tones, not on it"};
+                                       "The mark is beside the colour in two tones, not on it"};
 inline constexpr Attribute surroundColor{"SurroundColor", AttributeType::Colour, "222,251,255",
                                          "Around the colour"};
 

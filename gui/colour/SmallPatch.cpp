@@ -19,7 +19,7 @@ void SmallPatch::Initialize(PlatformIndependentWindowID const& parent, Descripti
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): contracted, a patch's own black background is left out
     Pane::Initialize(parent, description, dataSource);
     ReadSurround(description);
-    // The rectangle lies 2 pixels inside, and only a frame fills what is around it.
+    // The rectangle is 2 pixels inside, and only a frame fills what is around it.
     SetLeavesPixels(!MarksOutside());
     if (AttributeReader(description).Flag(PatchAttributes::updates)) RegisterOnUpdate();
 }

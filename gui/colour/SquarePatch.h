@@ -7,8 +7,8 @@ namespace GUI {
 /// A patch that fills its pane. With a frame its corners are marked by lines instead; the mark of the
 /// selected state is a rectangle inside. It keeps the background of its description.
 ///
-/// Attributes: "Updates" (No; with Yes the event "OnUpdate" shows the colour anew), "MarkOutside" (No; with
-/// Yes the colour is smaller and the mark stands around it in two tones), "SurroundColor" (222,251,255;
+/// Attributes: "Updates" (No; with Yes the event "OnUpdate" shows the new colour), "MarkOutside" (No; with
+/// Yes the colour is smaller and the mark is around it in two tones), "SurroundColor" (222,251,255;
 /// around the colour with "MarkOutside").
 class SquarePatch : public Patch {
 public:

@@ -21,7 +21,7 @@ struct ButtonState {
 
 /// The pictures of a picture button, of the image service, by the button's caption and a suffix: "U" normal,
 /// "D" pressed, "F" with the focus, "X" disabled, and "U2" for a toggle that isn't checked. A picture that
-/// is named as the caption itself stands for a missing normal one; without either the service's picture for
+/// is named as the caption itself means a missing normal one; without either the service's picture for
 /// unknown names does. The others may be missing.
 class ButtonPictures {
 public:

@@ -10,7 +10,7 @@ using Utilities::String;
 
 namespace {
 
-/// The number that a key stands for; `size` for any other text, "01" among them.
+/// The number that a key means; `size` for any other text, "01" among them.
 std::uint32_t IndexOf(String const& key, std::uint32_t size) {
     std::string const& text = key.GetStdString();
     std::uint32_t index = 0;

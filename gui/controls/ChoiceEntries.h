@@ -34,7 +34,7 @@ private:
     /// Null while there are none.
     Utilities::Anything::VectorOfAnythings const* vector_ = nullptr;
     long size_ = 0;
-    /// Where sorted entries stand in the vector; empty for the order of the vector.
+    /// Where sorted entries are in the vector; empty for the order of the vector.
     std::vector<std::uint32_t> order_;
     mutable bool searched_ = false;
     mutable std::unordered_map<std::string_view, long> index_;

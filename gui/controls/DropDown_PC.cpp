@@ -32,7 +32,7 @@ void DropDown_PC::Initialize(PlatformIndependentWindowID const& parent, Descript
     box.setModel(&model_);
     if (!reader.Flag(readOnly)) {
         box.setEditable(true);
-        // What the user types stands as it was typed.
+        // What the user types is as it was typed.
         box.setCompleter(nullptr);
         control_.Connect(*box.lineEdit(), &QLineEdit::textEdited,
                          [this](QString const& text) { ReportSelection(FromPlatformText(text), -1); });

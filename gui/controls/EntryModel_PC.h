@@ -11,7 +11,7 @@
 
 namespace GUI {
 
-/// Where the entries stand when they are sorted in the order of the user's language.
+/// Where the entries are when they are sorted in the order of the user's language.
 inline std::vector<std::uint32_t> SortByLanguage(ChoiceEntries const& entries) {
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);

@@ -8,7 +8,7 @@ namespace GUI {
 
 namespace {
 
-/// None for a language that has no short forms, and where the component can't be had.
+/// None for a language that has no short forms, and where the component isn't available.
 Utilities::SmartPointer<Utilities::TextAdapter> MakeAdapter(Utilities::String const& component) {
     if (component.Length() == 0) return {};
     try {

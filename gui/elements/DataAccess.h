@@ -16,10 +16,10 @@ public:
 };
 
 /// A data source whose data are samples. A sample key is a map that holds "ElementName" and what the
-/// element adds; it tells which sample the element stands for.
+/// element adds; it tells which sample the element represents.
 class CXFAccess : public DataAccess {
 public:
-    /// A null pointer if the key stands for no sample.
+    /// A null pointer if the key means no sample.
     virtual Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample>
     GetSample(Utilities::Anything const& sampleKey) = 0;
     /// `what` is the text "Name" or "Description".

@@ -296,7 +296,7 @@ void GUIElement::ReleaseChildren() {
     for (auto it = released.Begin(); it.IsValid(); ++it) {
         GUIElement& child = *it.Current();
         ReleasedElements::KeepParentOf(child, *this);
-        // Somebody may hold a child longer than its parent lives.
+        // Someone may hold a child longer than its parent lives.
         child.Detach();
         child.parentElement_ = nullptr;
     }

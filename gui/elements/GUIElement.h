@@ -63,7 +63,7 @@ public:
     /// Reads the optional common attributes of a node.
     virtual void SetAttributes(DescriptionTree const& description);
     /// Translations have changed. Containers pass it on; an element that keeps translated text translates
-    /// its key again. The windows are laid out anew and repainted afterwards.
+    /// its key again. The windows are laid out again and repainted afterwards.
     virtual void OnLanguageChanged();
 
     bool PrepareForUnload() override { return true; }
@@ -113,7 +113,7 @@ protected:
     void CreateChildren(PlatformIndependentWindowID const& window, DescriptionTree const& description,
                         DialogDataSource* dataSource);
     void ReleaseChildren();
-    /// The element has been released. A class lets go of what others know of it, and of its window of the
+    /// The element has been released. A class releases what others know of it, and of its window of the
     /// platform, and then calls its base's. The data source is still there.
     virtual void OnDetach();
     /// Registers `OnUpdate` with the data source under the element's own name until it is released. An
@@ -136,7 +136,7 @@ protected:
     GUIElement* GetFirstChild() const;
 
     /// A number that grows with every known change of some element's size range or children. What a
-    /// container worked out from size ranges stands only while the number does.
+    /// container worked out from size ranges is valid only while the number is the same.
     static std::uint64_t GetLayoutRevision() { return layoutRevision; }
     static void AdvanceLayoutRevision() { ++layoutRevision; }
     /// Grows whenever this element gets or loses children.
@@ -157,7 +157,7 @@ private:
     /// Grows whenever an element gets another name, or some element gets or loses children.
     static std::uint64_t namesRevision;
 
-    // What a layout reads and writes stands together in front, and the alignment keeps it in one cache
+    // What a layout reads and writes is together in front, and the alignment keeps it in one cache
     // line. Sizes are 32 bits wide by contract; only the signatures widen them.
     std::uint32_t minimalWidth_ = 0;
     std::uint32_t maximalWidth_ = 10000;

@@ -30,7 +30,7 @@ public:
     void Release() {
         if (!link_.IsNull()) link_->Cut();
     }
-    /// The same, and takes the callback out of the data source if it still stands there.
+    /// The same, and takes the callback out of the data source if it is still there.
     void Release(DialogDataSource* source, Utilities::String const& element, char const* event) {
         try {
             if (source && !link_.IsNull() && source->GetCallback(element, event) == Get())

@@ -26,7 +26,7 @@ namespace GUI {
 /// An update repaints the pane unless "|NoRepaint" is in the command.
 ///
 /// A pane holds the selection of a topic while the component "SelectionService" says so; the pane that
-/// held it before is told and repaints. A pane that dies gives its selections up.
+/// held it before is told and repaints. A pane that is destroyed gives its selections up.
 class Pane : public GUIElement, public SupportsPropertyInspector, public SelectableObject {
 public:
     static AttributesOf<Pane> const attributeTable;

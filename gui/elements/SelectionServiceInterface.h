@@ -12,8 +12,8 @@ namespace GUI {
 ///
 /// A selection is kept for each topic, a free text such as "PropertyInspector". Who is selected
 /// publishes itself under the topic, whoever advised the topic is called back, and anybody may ask. The
-/// selected objects aren't owned and the service isn't told when one dies: it clears its selection
-/// first. Subscribers end their subscription before they die.
+/// selected objects aren't owned and the service isn't told when one is destroyed: it clears its selection
+/// first. Subscribers end their subscription before they are destroyed.
 class SelectionServiceInterface : public Utilities::Component {
 public:
     /// Null is a legal object. Subscribers see the new selection when they are called, each with the

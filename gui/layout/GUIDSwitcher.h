@@ -10,7 +10,7 @@ namespace GUI {
 /// Of the data source at each update: "CurrentView" (string), the name of the view to show; an answer that is
 /// no string leaves the view. The callback "OnUpdate" is registered under the pane's name. An unknown name
 /// leaves the pane empty; the view that is asked for next is made even if it is the one that was shown
-/// before. After a change the elements of the dialog get an "OnUpdate", and the dialog lays itself out anew.
+/// before. After a change the elements of the dialog get an "OnUpdate", and the dialog lays itself out again.
 ///
 /// The size range is that of the pane's attributes, whichever view is shown.
 class GUIDSwitcher : public Pane {

@@ -20,7 +20,7 @@ namespace GUI {
 /// be built ends the construction of the children behind it, without a word but to the diagnostics sink.
 ///
 /// While the outermost `SetSize` runs, an element is asked for its size range once: what a box has added
-/// up stands until that call returns or some size range or list of children changes. Without that the time
+/// up is kept until that call returns or some size range or list of children changes. Without that the time
 /// grew with the square of the depth.
 ///
 /// The sharing itself is `ShareSpace`. What is kept here between layouts makes the layout of a tree of 1000

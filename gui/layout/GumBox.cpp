@@ -28,7 +28,7 @@ void GumBox::Initialize(PlatformIndependentWindowID const& parent, DescriptionTr
     try {
         GUIElement::Initialize(parent, description, dataSource);
     } catch (OutOfRangeException const&) {
-        // Only the size range can't be read, which is read anew here.
+        // Only the size range can't be read, which is read again here.
         Diagnostics::DropException("GumBox::Initialize");
     }
     unsigned long maximalWidth = 0;

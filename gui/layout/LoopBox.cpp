@@ -21,7 +21,7 @@ namespace {
 
 constexpr Attribute repetitionsKey{"Repetitions", AttributeType::Number, "1", "Number of passes"};
 constexpr Attribute counterVariableKey{"CounterVariable", AttributeType::Text, "",
-                                       "Text that stands for the counter in the children's attributes"};
+                                       "Text that is replaced by the counter in the children's attributes"};
 constexpr Attribute baseKey{"Base", AttributeType::Number, "0", "Counter of the first pass"};
 constexpr Attribute ownAttributes[] = {repetitionsKey, counterVariableKey, baseKey};
 constexpr auto attributeList =

@@ -12,9 +12,9 @@ namespace GUI {
 /// its own entry, pass by pass. The parent then creates them as ordinary siblings. The loop box itself
 /// takes no space. It can't be the root of a description; initialising it twice inserts twice.
 ///
-/// Attributes: "Repetitions" (1), "CounterVariable" (empty; the text that stands for the counter, wherever
-/// it occurs), "Base" (0; the first counter). The data source's "Repetitions", if valid, overrides the
-/// description's; the loop box tells it the "Repetitions" and "Base" that it uses.
+/// Attributes: "Repetitions" (1), "CounterVariable" (empty; the text that is replaced by the counter,
+/// wherever it occurs), "Base" (0; the first counter). The data source's "Repetitions", if valid, overrides
+/// the description's; the loop box tells it the "Repetitions" and "Base" that it uses.
 ///
 /// What all passes make is charged against `Utilities::Limits` before the first one: the elements, those of
 /// loops inside this one too as far as the description says how often they run, and the bytes of all texts.

@@ -31,7 +31,7 @@ bool IsOperator(std::string_view token) {
     return token == "+" || token == "-" || token == "/" || token == "*";
 }
 
-/// False if the result can't be had in 32 bits.
+/// False if the result isn't available in 32 bits.
 bool Apply(char operation, std::int32_t a, std::int32_t b, long& result) {
     std::int32_t number = 0;
     bool fault = false;
@@ -120,7 +120,7 @@ bool EvaluateLoopBoxFormula(String& value) {
         ReportFault("formula with wrong syntax, right parentehesis not found. Value: ", value);
         return true;
     }
-    // The last byte of the keyword may be that of the text: nothing stands behind it then.
+    // The last byte of the keyword may be that of the text: nothing comes after it then.
     auto const from = std::min(open + 1, close);
     std::string_view const formula =
         std::string_view(value.GetStdString())

@@ -17,8 +17,8 @@ struct ChildLimits {
 ///
 /// A child's maximum is its weight as well. Each child is offered `maximum / sum * available`, where the
 /// sum is taken in single precision and counts a maximum above 1000000 as 1000000. The first child
-/// whose offer, cut to whole unsigned pixels of 32 bits, lies outside its limits gets that limit (the
-/// maximum, if both are crossed), and the rest is shared anew among the others. If no offer lies outside,
+/// whose offer, cut to whole unsigned pixels of 32 bits, is outside its limits gets that limit (the
+/// maximum, if both are crossed), and the rest is shared again among the others. If no offer is outside,
 /// all get theirs uncut. With a sum of weights below about 1 every offer is 0.
 ///
 /// A negative offer counts as one near 4294967296, so that an over-full box gives its elastic children

@@ -11,7 +11,7 @@ namespace GUI {
 /// Attributes: "Justification" (mandatory; "Horizontal" makes a row, anything else a column),
 /// "PaneLinkElementName" (mandatory; the name under which the application knows the pane that shows the view,
 /// see `Application::RegisterComponent`). The children of the description are the tools; a tool's element
-/// name is the name of its view. A size range of 0 to 0 in width stands for 83 pixels.
+/// name is the name of its view. A size range of 0 to 0 in width means 83 pixels.
 ///
 /// The tools have the selector as their data source: it answers "State" (bool, whether the view is shown),
 /// "Enabled" and "Enable" (the data source's "ItemEnabled" for the tool) and "ToolTipText" (the data

@@ -59,7 +59,7 @@ void PlatformIndependentDeviceContext_PC::DrawText(short x, short y, String cons
     painter.setFont(font);
     painter.setPen(QColor(textColor_.GetRed(), textColor_.GetGreen(), textColor_.GetBlue()));
     if (escapement_ != 0) painter.rotate(-escapement_);
-    // The base line lies on a whole pixel of the device, too.
+    // The base line is on a whole pixel of the device, too.
     double const ascent = QFontMetrics(font, device_).ascent();
     double const baseLine =
         painterHasPixels_ ? DeviceGrid::Nearest(ascent * grid_.scale) / grid_.scale : ascent;

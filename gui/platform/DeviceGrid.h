@@ -5,7 +5,7 @@
 
 namespace GUI {
 
-/// Where the pixels of drawing code lie on a device whose own pixels may be finer.
+/// Where the pixels of drawing code are on a device whose own pixels may be finer.
 ///
 /// Each edge goes to the nearest edge between two pixels of the device, so that boxes which share an
 /// edge neither overlap nor leave a gap, at any scale. A pen is as many pixels of the device wide as its

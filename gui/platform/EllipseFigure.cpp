@@ -14,7 +14,7 @@ struct Stretch {
     int end = 0;
 };
 
-/// The pixels of one row whose centres lie inside the ellipse of a box.
+/// The pixels of one row whose centres are inside the ellipse of a box.
 Stretch Row(PixelBox const& box, int y) {
     double const a = (box.right - box.left) / 2.0;
     double const b = (box.bottom - box.top) / 2.0;

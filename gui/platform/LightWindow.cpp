@@ -130,7 +130,7 @@ void LightWindowTree::Settle() {
     if (!moved_.empty()) {
         settling_ = true;
         if (root_->movedAt_ != LightWindow::notMoved) Resize();
-        // Most of a layout's windows lie below others that moved: the topmost one places them all.
+        // Most of a layout's windows are below others that moved: the topmost one places them all.
         for (LightWindow* const moved : moved_) {
             LightWindow* top = nullptr;
             for (LightWindow* window = moved; window; window = window->parent_)

@@ -24,7 +24,7 @@ public:
 /// the parent, above the parent and above the siblings that were made before it. A tree of them shares one
 /// surface.
 ///
-/// A light window lives as long as somebody holds it; it leaves its tree when it dies, and those in it
+/// A light window lives as long as someone holds it; it leaves its tree when it is destroyed, and those in it
 /// aren't in any tree from then on.
 class LightWindow : public std::enable_shared_from_this<LightWindow> {
 public:
@@ -74,7 +74,7 @@ private:
     int height_ = 0;
     PixelBox box_;
     PixelBox visible_;
-    /// Where it stands in the order of stacking, while that is known.
+    /// Where it is in the order of stacking, while that is known.
     std::uint32_t order_ = 0;
     /// The last search that found it.
     std::uint32_t found_ = 0;

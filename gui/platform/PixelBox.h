@@ -4,7 +4,7 @@
 
 namespace GUI {
 
-/// A box of pixels; right and bottom lie outside.
+/// A box of pixels; right and bottom are outside.
 struct PixelBox {
     int left = 0;
     int top = 0;

@@ -35,7 +35,7 @@ struct FigureSpan {
 /// 0xffRRGGBB.
 ///
 /// It exists since the platform's painter decides for itself which end of a line it leaves out and where
-/// an outline lies.
+/// an outline is.
 class PixelSurface {
 public:
     PixelSurface() = default;
@@ -51,7 +51,7 @@ public:
     /// A figure at (x, y).
     virtual void Figure(std::vector<FigureSpan> const& spans, int x, int y, std::uint32_t pen,
                         std::uint32_t brush);
-    /// The pixels whose centres lie inside a polygon, by the odd-even rule; points are corners of pixels.
+    /// The pixels whose centres are inside a polygon, by the odd-even rule; points are corners of pixels.
     void Polygon(std::span<PixelPoint const> points, std::uint32_t color);
 
 private:

@@ -341,7 +341,7 @@ void PlatformIndependentDeviceContext_PC::Ellipse(short left, short top, short r
     }
     PixelSurface* const pixels = Pixels();
     if (pixels && (penStyle_ == solid || !HasPen())) {
-        // The odd pixel of an even width lies outside on every side.
+        // The odd pixel of an even width is outside on every side.
         long const before = HasPen() ? penWidth_ / 2 : 0;
         PixelBox const box{grid_.X(left - before), grid_.Y(top - before), grid_.X(right + before),
                            grid_.Y(bottom + before)};

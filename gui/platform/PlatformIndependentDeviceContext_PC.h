@@ -19,7 +19,7 @@ namespace GUI {
 
 /// A part of a surface, in the surface's logical pixels.
 struct SurfacePart {
-    /// Where (0, 0) of the drawing lies.
+    /// Where (0, 0) of the drawing is.
     QPoint origin;
     /// Not relative to the origin. May have several rectangles; an empty one lets nothing through.
     QRegion clip;

@@ -10,7 +10,7 @@ namespace GUI {
 /// thousands of small figures are drawn. Nothing is drawn outside the clip.
 class RasterSurface final : public PixelSurface {
 public:
-    /// `bits` is the pixel (0, 0) of the memory, which is not owned; the boxes of `clip` lie in it and don't
+    /// `bits` is the pixel (0, 0) of the memory, which is not owned; the boxes of `clip` are in it and don't
     /// overlap.
     RasterSurface(std::uint32_t* bits, std::ptrdiff_t pixelsPerRow, std::vector<PixelBox> clip)
         : bits_(bits), pixelsPerRow_(pixelsPerRow), clip_(std::move(clip)) {}

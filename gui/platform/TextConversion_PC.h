@@ -9,7 +9,7 @@ namespace GUI {
 /// The one place where the system's bytes become the platform's text and back: well-formed UTF-8
 /// sequences are UTF-8, and any other byte is read as Windows-1252.
 QString ToPlatformText(Utilities::String const& text);
-/// The same for a text that is only measured and drawn: what lies behind the first bytes that
+/// The same for a text that is only measured and drawn: what is behind the first bytes that
 /// `Utilities::Limits` allows for it could not be seen, takes long to shape, and becomes an ellipsis.
 QString ToShownText(Utilities::String const& text);
 /// Always UTF-8.

@@ -181,7 +181,7 @@ void CNorvelianSurface::PaintPanes(QRegion const& region) {
     Pass pass{region, {}, 0};
     PixelBox const box = ToBox(region.boundingRect());
     auto const found = tree_.FindIn(box);
-    // A pane paints all its pixels: what lies under one that covers everything isn't seen.
+    // A pane paints all its pixels: what is under one that covers everything isn't seen.
     auto const covers = [&box](LightWindow const* window) {
         return window->GetKind() == LightWindow::Kind::Pane && window->GetVisibleBox().Contains(box);
     };

@@ -77,7 +77,7 @@ void Menu_PC::SetMenuTree(Utilities::SmartPointer<Items> const& items) {
         if (!qApp) throw RuntimeException(failure);
         bar_ = new QMenuBar;
         bar_->hide();
-        // It stands beside the client area, in the window.
+        // It is beside the client area, in the window.
         bar_->setNativeMenuBar(false);
     }
     BuildBar();

@@ -17,7 +17,7 @@ namespace GUI {
 /// that it may rebuild the window.
 ///
 /// An item without a command gets one that counts down from `firstFreeCommand`, and keeps it. A hot key
-/// stands behind the text in the user's language.
+/// comes after the text in the user's language.
 class Menu_PC : public Menu {
 public:
     static constexpr long firstFreeCommand = 60000;

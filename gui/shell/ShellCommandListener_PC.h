@@ -13,7 +13,7 @@ namespace GUI {
 ///
 /// They come through a local socket in the folder "norvelian" of the user's runtime directory, or of the
 /// configuration folder where there is none; it is named after the program. A folder that is a link, belongs
-/// to somebody else or may be written by others isn't used, and both sides ask the system who the other one
+/// to someone else or may be written by others isn't used, and both sides ask the system who the other one
 /// is. Nothing here waits: not for the other side, and not for a lock.
 ///
 /// Of the instances of a program the first one listens, until it ends. A command is one packet of at most

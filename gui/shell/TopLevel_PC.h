@@ -40,7 +40,7 @@ public:
     /// A bar over the whole width, as high as it wants to be: a menu bar or tool bar at `Qt::TopEdge`, a
     /// status line at `Qt::BottomEdge`. Later bars are nearer to the client area. The window takes it over.
     void AddBar(QWidget& bar, Qt::Edge edge);
-    /// Shows a menu as the window's bar, in place of a former one. The item tree must stand.
+    /// Shows a menu as the window's bar, in place of a former one. The item tree must be.
     void SetMenu(Menu_PC& menu);
     /// Shows the menu that is a child of the window, if there is one, before the window is laid out; that of
     /// the main window gives the hot keys.

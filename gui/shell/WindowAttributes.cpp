@@ -33,7 +33,7 @@ std::optional<WindowPlace> FindSavedPlace(String const& windowName) {
     try {
         return WindowPlace{value.GetToken(1, ',').GetShort(), value.GetToken(0, ',').GetShort()};
     } catch (Norvelian::Utilities::Exceptions::OutOfRangeException const&) {
-        // Somebody edited the file; the window opens where it would without one.
+        // Someone edited the file; the window opens where it would without one.
         Diagnostics::DropException("Window: saved place");
         return {};
     }

@@ -106,7 +106,7 @@ Tintorium::ScreenRGB Application::GetScreen() {
     try {
         return Tintorium::ScreenRGB(profile);
     } catch (Norvelian::Tristim::TristimException const& failure) {
-        std::fprintf(stderr, "The display's colour profile can't be used, sRGB stands for it: %s\n",
+        std::fprintf(stderr, "The display's colour profile can't be used, sRGB is used instead: %s\n",
                      failure.what());
         return {};
     }

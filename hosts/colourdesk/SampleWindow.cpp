@@ -40,7 +40,7 @@ long NumberBehind(String const& text, char const* prefix) {
     return text.Mid(String(prefix).Length(), text.Length()).GetLong();
 }
 
-/// Few samples stand in few rows of large patches, many in as many columns as stay legible.
+/// Few samples are in few rows of large patches, many in as many columns as stay legible.
 long ColumnsFor(long samples) {
     auto const columns = [samples](double shape) {
         return static_cast<long>(std::ceil(std::sqrt(shape * static_cast<double>(samples))));
@@ -273,7 +273,7 @@ void SampleWindow::SelectNearest(double a, double b) {
     double smallest = reach;
     for (long i = pages_.GetFirst(); pages_.IsShown(i); ++i) {
         auto const& lab = At(i).lab;
-        // Later spots lie on top, so they win a tie.
+        // Later spots are on top, so they win a tie.
         if (double const distance = std::hypot(lab[1] - a, lab[2] - b); distance <= smallest) {
             smallest = distance;
             nearest = i;

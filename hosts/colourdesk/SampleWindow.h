@@ -12,7 +12,7 @@ namespace ColourDesk {
 /// The logic behind the window: answers what the elements of `descriptions/ColourDesk.xml` ask, and
 /// keeps one sample selected in all of them.
 ///
-/// Patches stand in rows and are named "Patch<row>_<column>"; the loops that make them ask how often. Charts
+/// Patches are in rows and are named "Patch<row>_<column>"; the loops that make them ask how often. Charts
 /// and patches show one page of the samples (see `SamplePages`); their elements count from the page's first
 /// sample, everything here counts from the document's.
 class SampleWindow : public GUI::DialogHandler, public GUI::CXFAccess {

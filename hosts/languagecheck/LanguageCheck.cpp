@@ -104,9 +104,9 @@ void CheckFiles(std::string const& directory, std::vector<KeyLine>& keys, std::v
             if (isNew)
                 keys.push_back({i + 1, key});
             else
-                findings.push_back({path, i + 1,
-                                    "the key " + Quoted(key) + " stands on line " +
-                                        std::to_string(entry->second) + " already"});
+                findings.push_back(
+                    {path, i + 1,
+                     "the key " + Quoted(key) + " is on line " + std::to_string(entry->second) + " already"});
         }
         auto const languages = files->GetFiles("*", "lang");
         for (File const& language : languages) CheckLanguage(language, keyLines, findings);

@@ -36,14 +36,14 @@ std::vector<UsedKey> ExtractKeys(std::string const& file, std::string const& con
                                  std::vector<Finding>& findings);
 
 /// Checks `Languages.key` in a directory and every `*.lang` beside it: files and version lines, keys that
-/// stand twice, translations that are missing or superfluous, files of mixed encodings. Fills `keys`.
+/// are given twice, translations that are missing or superfluous, files of mixed encodings. Fills `keys`.
 void CheckFiles(std::string const& directory, std::vector<KeyLine>& keys, std::vector<Finding>& findings);
 
 /// Reports, once for each text, what is used and has no key.
 void CheckUse(std::vector<UsedKey> const& used, std::vector<KeyLine> const& keys,
               std::vector<Finding>& findings);
 
-/// A key as it stands in the key file.
+/// A key as it is in the key file.
 std::string Folded(std::string const& key);
 
 } // namespace LanguageCheck

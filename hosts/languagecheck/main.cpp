@@ -3,7 +3,7 @@
 //     (*.h, *.cpp) given has a key. Findings go to standard output as file:line: text. Exit code 0 without
 //     findings, 1 with some, 2 for wrong usage or a file that can't be read.
 // languagecheck --extract FILE|DIRECTORY ...
-//     prints the keys of descriptions and sources, one a line, as they stand in a key file.
+//     prints the keys of descriptions and sources, one a line, as they are in a key file.
 
 #include "hosts/languagecheck/LanguageCheck.h"
 

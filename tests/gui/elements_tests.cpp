@@ -58,8 +58,8 @@ TEST(DescriptionReader, TellsWhereAndWhy) {
         {"<HBux/>", "there is no component named \"HBux\"; did you mean \"HBox\"?"},
         {"<HBox Register='yes'/>", "expected \"Yes\" or \"No\""},
         {"<Pane ElementName='a' BackgroundColor='red'/>", "expected three numbers"},
-        {"<HBox A='1' A='2'/>", "stands twice"},
-        {"<HBox>text</HBox>", "text stands between elements"},
+        {"<HBox A='1' A='2'/>", "is given twice"},
+        {"<HBox>text</HBox>", "there is text between elements"},
         {"<HBox/><HBox/>", "second root"},
         {deep, "more than 200 elements inside each other"},
     };

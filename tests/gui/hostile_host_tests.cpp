@@ -82,7 +82,7 @@ template <class Call> std::function<void(GUIElement&, FakeWindowHost&)> OnPane(C
     };
 }
 
-/// Each stands in the table of `docs/reentrancy.md` by its name.
+/// Each is in the table of `docs/reentrancy.md` by its name.
 Operation const operations[] = {
     {"creation",
      [](GUIElement& element, FakeWindowHost&) {
@@ -255,7 +255,7 @@ TEST_F(Release, WaitsForTheLastCallAlsoInANestedLoop) {
         }
         EXPECT_EQ(alive, 2);
     }
-    EXPECT_EQ(alive, 1) << "somebody still holds the child";
+    EXPECT_EQ(alive, 1) << "someone still holds the child";
 }
 
 TEST_F(Release, KeepsAParentThatACallCameThroughBeforeItLostTheChild) {

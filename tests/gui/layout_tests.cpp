@@ -332,7 +332,7 @@ TEST(LoopBox, UnrollsItselfIntoItsParent) {
               "L a550 b5 c5 a660 b6 c6 end ");
     EXPECT_EQ(Unroll({{"CounterVariable", "#"}, {"Repetitions", "0"}}), " a00 b0 c0 end ");
     EXPECT_EQ(Unroll({}), " a#LOOPBOX_CALC(#,10,*) b# c# end ");
-    // The reading ends at the first fault; what was read stands.
+    // The reading ends at the first fault; what was read is.
     EXPECT_EQ(Unroll({{"Repetitions", "x"}, {"CounterVariable", "#"}}), " a#LOOPBOX_CALC(#,10,*) b# c# end ");
     EXPECT_EQ(Unroll({{"Repetitions", "-1"}}), "") << "the box ends its construction";
 

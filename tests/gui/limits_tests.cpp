@@ -52,7 +52,7 @@ bool Has(std::string const& text, char const* part) {
     return false;
 }
 
-/// What the sink hears while a window is made of a description; the error that came out stands behind it.
+/// What the sink hears while a window is made of a description; the error that came out comes after it.
 std::string Open(std::string const& text, FakeDataSource* source = nullptr) {
     std::string told;
     auto const former = Diagnostics::SetSink([&told](auto const& where, auto const& what) {

@@ -235,7 +235,7 @@ TEST(Bitmap, IsDrawnIntoAndReadBack) {
     bitmap.BeginDraw().FillRectangle(1, 1, 4, 4);
     bitmap.EndDraw();
     EXPECT_EQ(shared.pixel(2, 2), before) << "a copy stays as it is";
-    { // dies open
+    { // is destroyed open
         Bitmap_PC open;
         open.Create(1, 1);
         open.BeginDraw();

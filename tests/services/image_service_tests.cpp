@@ -78,7 +78,7 @@ TEST_F(ImageServiceTest, LooksInImagesThenInTheLanguageThenInEnglish) {
     Image("German/Local.png", 12);
     EXPECT_EQ(WidthOf(service, "Local"), 3U);
     service.OnLanguageChanged();
-    EXPECT_EQ(WidthOf(service, "Local"), 12U) << "a language's picture is looked for anew";
+    EXPECT_EQ(WidthOf(service, "Local"), 12U) << "a language's picture is looked for again";
     EXPECT_EQ(service.GetBitmap("Root").Get(), kept.Get());
     EXPECT_EQ(service.GetBitmap("Base").Get(), kept.Get()) << "one made at run time isn't a language's";
 }

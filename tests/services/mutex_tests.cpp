@@ -227,7 +227,7 @@ TEST(Mutex, TakesNoFileThatAnotherUserCanReach) {
     if (::geteuid() == 0) {
         fs::permissions(folder, fs::perms::owner_all);
         ASSERT_EQ(::chown(folder.c_str(), Tests::nobody, Tests::nobody), 0);
-        EXPECT_FALSE(isShared()) << "a folder of somebody else";
+        EXPECT_FALSE(isShared()) << "a folder of someone else";
     }
     fs::rename(folder, directory / "elsewhere");
     fs::create_directory_symlink(directory / "elsewhere", folder);

@@ -79,7 +79,7 @@ TEST_F(PreferencesTest, WritesToTheApplicationsFileAndReadsFromTheExecutables) {
 TEST_F(PreferencesTest, AFailureIsDroppedAndLeavesTheFileAlone) {
     std::filesystem::create_directories(file_);
     Set("s", "k", "v");
-    EXPECT_EQ(Get("s", "k"), "default") << "a directory stands where the file should";
+    EXPECT_EQ(Get("s", "k"), "default") << "a directory is where the file should";
     std::filesystem::remove(file_);
 
     ASSERT_EQ(::mkfifo(file_.c_str(), 0600), 0);

@@ -86,7 +86,7 @@ TEST_F(SelectionServiceTest, SubscribersSeeTheNewSelection) {
     EXPECT_EQ(seen, &object_);
     EXPECT_TRUE(service_.PrepareForUnload());
     service_.Notify("T");
-    EXPECT_EQ(Calls(), Names{"a:T"}) << "subscribers are let go of, selections stay";
+    EXPECT_EQ(Calls(), Names{"a:T"}) << "subscribers are release, selections stay";
     EXPECT_EQ(service_.GetSelection("T"), &object_);
 }
 

@@ -35,7 +35,7 @@ public:
     Utilities::SmartPointer<GUI::GUIElement> Create(Utilities::SmartPointer<GUI::DescriptionTree> const& node,
                                                     GUI::DialogDataSource* dataSource = nullptr);
 
-    /// The platform asks the window to paint itself, and then what lies in it, on one surface.
+    /// The platform asks the window to paint itself, and then what is in it, on one surface.
     void Paint(GUI::Pane const& pane, GUI::PlatformIndependentDeviceContext& context);
     bool Click(GUI::Pane const& pane, long x, long y, bool controlKey = false);
     bool Move(GUI::Pane const& pane, long x, long y);

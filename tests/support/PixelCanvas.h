@@ -41,7 +41,7 @@ public:
 
 private:
     void Set(int x, int y, std::uint32_t color);
-    /// The pen's square around a point; the odd pixel of an even width lies above and to the left.
+    /// The pen's square around a point; the odd pixel of an even width is above and to the left.
     void Stamp(int x, int y);
     void Ellipse(int left, int top, int right, int bottom, bool filled);
 

@@ -76,8 +76,8 @@ public:
     /// itself out by `RemoveDialogFromList`.
     void EnterWindow(GUIElement& window);
 
-    /// Has pictures that hang on the language found anew, tells every open window that translations have
-    /// changed, and lays it out anew.
+    /// Has pictures that depend on the language found again, tells every open window that translations have
+    /// changed, and lays it out again.
     void OnLanguageChanged();
 
     /// Components that others ask for by name; not owned, null if unknown.
@@ -97,7 +97,7 @@ public:
     ApplicationImplementation* FindImplementation() const { return implementation_.Get(); }
     /// Makes the implementation on first use.
     ApplicationImplementation& GetImplementation();
-    /// Lets go of the implementation, and with it of the platform, before the plug-in is unloaded.
+    /// Releases the implementation, and with it of the platform, before the plug-in is unloaded.
     void ReleaseImplementation();
 
 private:

@@ -49,7 +49,7 @@ public:
     virtual bool ExecuteCommand(unsigned short command);
     Utilities::SmartPointer<Items> GetItems() const { return items_; }
 
-    /// Translates the described items anew.
+    /// Translates the described items again.
     void OnLanguageChanged() override;
 
 protected:

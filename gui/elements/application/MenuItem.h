@@ -18,7 +18,7 @@ public:
     Utilities::String const& GetText() const { return text_; }
     void SetText(Utilities::String const& text) { text_ = text; }
     Utilities::String const& GetHotKey() const { return hotKey_; }
-    /// 0 stands for an item without a command of its own.
+    /// 0 means an item without a command of its own.
     long GetCommand() const { return command_; }
     void SetCommand(long command) { command_ = command; }
     bool IsEnabled() const { return enabled_; }

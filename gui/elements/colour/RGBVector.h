@@ -6,7 +6,7 @@ namespace GUI {
 
 /// A screen colour: red, green and blue of 8 bits each, and whether the screen can really show it.
 ///
-/// A colour that was converted from a measured one may lie outside what the screen can show; the
+/// A colour that was converted from a measured one may be outside what the screen can show; the
 /// in-gamut flag says so and travels with the colour wherever it goes as a record.
 class RGBVector {
 public:
@@ -15,7 +15,7 @@ public:
     RGBVector(unsigned char red, unsigned char green, unsigned char blue)
         : red_(red), green_(green), blue_(blue) {}
     /// Reads the record that `GetAnything` makes, or three decimal numbers with commas, red first, as
-    /// they stand in a description. Anything else throws `OutOfRangeException`.
+    /// they are in a description. Anything else throws `OutOfRangeException`.
     explicit RGBVector(Utilities::Anything const& value);
     explicit RGBVector(Utilities::String const& text);
 

@@ -12,7 +12,7 @@
 
 namespace GUI {
 
-/// What the text of an attribute stands for.
+/// What the text of an attribute means.
 enum class AttributeType : std::uint8_t { Text, Flag, Number, Colour, ElementName, ImageName, Map };
 
 /// The numbers that an attribute can hold.
@@ -30,7 +30,7 @@ inline constexpr AttributeRange shortRange{0, 65535.0};
 struct Attribute {
     char const* key = "";
     AttributeType type = AttributeType::Text;
-    /// The text that stands when the attribute is absent.
+    /// The text used when the attribute is absent.
     char const* defaultValue = "";
     char const* meaning = "";
     /// Its absence is an error.
@@ -119,7 +119,7 @@ public:
     bool HasColour(Attribute const& attribute) const;
 
 private:
-    /// The text in the description, null if the default stands.
+    /// The text in the description, null if the default applies.
     Utilities::String const* Find(Attribute const& attribute) const;
     bool Is(Attribute const& attribute, char const* text) const;
 

@@ -156,7 +156,7 @@ public:
             Anything& value = target[attribute.name()];
             if (value.IsValid())
                 Fail(node.offset_debug(),
-                     "the attribute \"" + std::string(attribute.name()) + "\" stands twice");
+                     "the attribute \"" + std::string(attribute.name()) + "\" is given twice");
             value = attribute.value();
             Check(node, known, attribute, inLoop);
         }
@@ -226,7 +226,7 @@ private:
 
     void BuildChild(pugi::xml_node const& child, DescriptionTree& target, std::size_t depth, bool inLoop) {
         if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
-            Fail(child.offset_debug(), "text stands between elements; expected a tag");
+            Fail(child.offset_debug(), "there is text between elements; expected a tag");
         if (child.type() != pugi::node_element) return;
         if (std::string_view(child.name()) == CommonAttributes::properties.key) {
             target[CommonAttributes::properties.key] = BuildProperties(child, depth + 1);

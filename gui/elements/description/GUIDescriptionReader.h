@@ -33,14 +33,14 @@ private:
 /// can't be read. An attribute that no table of the component knows is reported to the diagnostics
 /// sink and kept.
 ///
-/// What a description may hold at most stands in `Utilities::Limits`; elements and attributes are counted
+/// What a description may hold at most is in `Utilities::Limits`; elements and attributes are counted
 /// before anything is built.
 class GUIDescriptionReader {
 public:
     /// A bare name is looked for as `name.xml` in the directory of descriptions; anything with a "/" or
     /// an extension is a path.
     static DescriptionTree GetGUIDescriptionTree(Utilities::String const& fileName);
-    /// The same from text; `name` stands for the file in messages.
+    /// The same from text; `name` is the file in messages.
     static DescriptionTree Parse(std::string_view text, std::string const& name);
 
     /// At first "descriptions" below the program's directory.

@@ -14,8 +14,8 @@ namespace GUI {
 /// A picture that is created empty or loaded, drawn into, and read back pixel by pixel.
 ///
 /// Drawing has two states. `BeginDraw` opens the picture and gives the context to draw with, which lives
-/// until `EndDraw`; calling either in the wrong state throws `RuntimeException`. A picture that dies open
-/// closes itself.
+/// until `EndDraw`; calling either in the wrong state throws `RuntimeException`. A picture that is destroyed
+/// open closes itself.
 class Bitmap : public Utilities::Component {
 public:
     /// Name of a format and extension of its files.

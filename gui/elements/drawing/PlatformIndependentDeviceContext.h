@@ -16,14 +16,14 @@ namespace GUI {
 /// Conventions, which every implementation keeps to the pixel:
 /// - Coordinates are pixels from the surface's origin, 16-bit signed, x to the right, y downward.
 /// - A box is given by left, top, right, bottom with right and bottom outside: the outline of width 1
-///   of a rectangle lies on left, top, right - 1 and bottom - 1. A box whose right or bottom does not
-///   lie beyond left or top draws nothing.
+///   of a rectangle is on left, top, right - 1 and bottom - 1. A box whose right or bottom does not
+///   are beyond left or top draws nothing.
 /// - A line leaves out its last point; a line without length draws nothing. The outline of a polygon
 ///   is closed and has all its points.
-/// - Pens of width 0 and 1 are one pixel wide, without antialiasing. Wider pens lie centred on the
+/// - Pens of width 0 and 1 are one pixel wide, without antialiasing. Wider pens are centred on the
 ///   line, with the odd pixel of an even width above and to the left, of ellipses outside.
 /// - Angles are degrees, counter-clockwise from the x axis.
-/// - On a screen with finer pixels each edge of a box lies on the nearest edge between two pixels of the
+/// - On a screen with finer pixels each edge of a box is on the nearest edge between two pixels of the
 ///   screen. A pen is as many of them wide as its width comes to, the same everywhere.
 /// - Positive font heights are points at 96 pixels an inch, of which the smallest is 8; negative ones are
 ///   pixels. A face that isn't installed is substituted: Arial by Liberation Sans, others by the platform's

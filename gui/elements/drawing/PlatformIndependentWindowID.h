@@ -9,7 +9,7 @@
 namespace GUI {
 
 /// The system's name for a window, passed down the element tree. A copy stays valid as long as its
-/// window does; nobody tells it when the window dies.
+/// window does; nobody tells it when the window is destroyed.
 class PlatformIndependentWindowID : public Utilities::Component {
 public:
     PlatformIndependentWindowID() = default;

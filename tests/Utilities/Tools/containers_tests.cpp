@@ -374,7 +374,7 @@ TEST(List, AnElementThatDiesMayLookAtItsList) {
         looker.seen = &seen;
     }
     list.Clear();
-    EXPECT_EQ(seen, 0) << "a list that is cleared is empty before the first element dies";
+    EXPECT_EQ(seen, 0) << "a list that is cleared is empty before the first element is destroyed";
 }
 
 } // namespace

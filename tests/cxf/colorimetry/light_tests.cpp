@@ -17,7 +17,7 @@ using Tristim::TristimException;
 using Tristim::TristimService;
 
 TEST(Light, TemperatureAndDistance) {
-    // Equal energy lies above the black body at 5455 K (CIE 15 lists 5454 K for E).
+    // Equal energy is above the black body at 5455 K (CIE 15 lists 5454 K for E).
     auto const equal = Tristim::ColourTemperatureOf({100, 100, 100});
     EXPECT_NEAR(equal.kelvin, 5455, 3);
     EXPECT_LT(equal.duv, 0);

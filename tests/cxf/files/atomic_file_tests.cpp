@@ -61,7 +61,7 @@ TEST_F(AtomicFile, ALinkStaysALink) {
 
 TEST_F(AtomicFile, AFailureNamesTheFileAndKeepsTheOldContents) {
     EXPECT_THROW(WriteFileAtomically((directory_ / "no" / "file").string(), "x"), ResourceException);
-    // A directory stands in the way: the rename fails after everything was written.
+    // A directory is in the way: the rename fails after everything was written.
     fs::path const inTheWay = directory_ / "taken";
     fs::create_directory(inTheWay);
     std::string const message =

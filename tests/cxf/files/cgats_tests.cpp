@@ -182,12 +182,11 @@ TEST(Cgats, ErrorsSayWhereAndWhatWasExpected) {
              Case{std::string("CGATS\0x", 7), "t:1:6: the file is binary; expected CGATS text"},
              Case{"\x89PNG\r\n\x1a\n\x01", "t:3:1: the file is binary; expected CGATS text"},
              Case{"hello world\n", "t:2:1: the file ends in the header; expected BEGIN_DATA_FORMAT"},
-             Case{"CGATS.17\nBEGIN_DATA\n",
-                  "t:2:1: BEGIN_DATA stands in the header; expected BEGIN_DATA_FORMAT"},
+             Case{"CGATS.17\nBEGIN_DATA\n", "t:2:1: BEGIN_DATA is in the header; expected BEGIN_DATA_FORMAT"},
              Case{"CGATS.17\nBEGIN_DATA_FORMAT\nA B\n",
                   "t:4:1: the data format doesn't end; expected END_DATA_FORMAT"},
              Case{"CGATS.17\nBEGIN_DATA_FORMAT\nA A\nEND_DATA_FORMAT\n",
-                  "t:3:3: the field A stands twice in the data format"},
+                  "t:3:3: the field A is given twice in the data format"},
              Case{"CGATS.17\nBEGIN_DATA_FORMAT\nEND_DATA_FORMAT\n", "t:3:1: the data format has no fields"},
              Case{"X \"open\nY\n", "t:1:3: the quoted text doesn't end on its line; expected \""},
              Case{good.substr(0, good.size() - 12), "t:6:325: the file ends in the data; expected END_DATA"},
@@ -216,7 +215,7 @@ TEST(Cgats, ErrorsSayWhereAndWhatWasExpected) {
              Case{Table("NM380 NM390", Values(2)), "t:3:1: a spectrum of 2 bands; expected at least 4"},
              Case{"CGATS.17\nBEGIN_DATA_FORMAT\nA\nEND_DATA_FORMAT\nBEgIN_DATA_FORMAT\nB\nBEGIN_DATA\n1\nEND_"
                   "DATA\n",
-                  "t:5:1: BEgIN_DATA_FORMAT stands behind the data format; expected BEGIN_DATA"},
+                  "t:5:1: BEgIN_DATA_FORMAT comes after the data format; expected BEGIN_DATA"},
              Case{Table("SAMPLE_ID", ""), "t:1:1: the file holds no samples"},
          })
         EXPECT_EQ(MessageOf<Cxf::FileException>([&] { Cxf::ParseSampleSets(one.text, "t"); }), one.message);

@@ -1,4 +1,4 @@
-// What is too much in a file of measurements is refused where it stands, and long reading can be watched and
+// What is too much in a file of measurements is refused where it is, and long reading can be watched and
 // ended.
 #include "Utilities/Limits.h"
 #include "cxf/tolerance/ToleranceFile.h"

@@ -96,7 +96,7 @@ TEST(Xml, ErrorsSayWhereAndWhatWasExpected) {
           Case{"<CXF/>", "t:1:2: <CXF> lacks the attribute Version"},
           Case{"<CXF Version=\"2\"/>", "t:1:2: the format's version is \"2\"; expected \"1\""},
           Case{"<CXF Version=\"1\"/>", "t:1:1: the file holds no samples"},
-          Case{Document("<CXFSample Name=\"x\"/>"), "t:4:2: <CXFSample> stands inside a sample"},
+          Case{Document("<CXFSample Name=\"x\"/>"), "t:4:2: <CXFSample> is inside a sample"},
           Case{Document("<CXFSpectrum Step=\"10\">" + values + "</CXFSpectrum>"),
                "t:4:2: <CXFSpectrum> lacks the attribute First"},
           Case{Document("<CXFSpectrum First=\"a\" Step=\"10\"/>"),

@@ -76,7 +76,7 @@ TEST(Difference, HasItsComponentsFormulaAndCondition) {
     EXPECT_NEAR(difference.lightness, 2, 1e-9);
     EXPECT_NEAR(difference.a, -3, 1e-9);
     EXPECT_NEAR(difference.b, -4, 1e-9);
-    EXPECT_NEAR(difference.chroma, -5, 1e-9) << "both lie on the same hue";
+    EXPECT_NEAR(difference.chroma, -5, 1e-9) << "both are on the same hue";
     EXPECT_NEAR(difference.hue, 0, 1e-6);
     EXPECT_NEAR(difference.total, Tristim::DeltaECmc({50, 30, 40}, {52, 27, 36}, 1, 1), 1e-9);
     EXPECT_THAT(difference.GetText(), HasSubstr("CMC(1:1) "));

@@ -88,7 +88,7 @@ TEST_F(LabGraphTest, LeavesOutWhatHasNoPlace) {
     MakeGraph();
     Get().OnUpdate("all");
     EXPECT_THAT(Tops(), ElementsAre("DrawLine 10 44 10 49", "DrawLine 10 4 10 9", "DrawLine 90 54 90 59"))
-        << "the sixth has no answer, and lies at 0 below the bar";
+        << "the sixth has no answer, and is at 0 below the bar";
     Get().OnUpdate("Properties");
     EXPECT_EQ(Tops().size(), 3U) << "data stay";
     source.values[{"E", "5"}] = "no vector";

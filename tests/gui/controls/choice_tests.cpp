@@ -46,7 +46,7 @@ TEST_F(Choices, ADropDownShowsEntriesInOrderOrSorted) {
     };
     EXPECT_EQ(texts(Show<CNorvelianComboBox>("DropDown", {{"ReadOnly", "Yes"}})), "zwei eins Ärger eins");
     EXPECT_EQ(Window().findChild<CNorvelianComboBox*>()->currentIndex(), -1) << "nothing is selected";
-    // Where letters with marks stand hangs on the language.
+    // Where letters with marks are hangs on the language.
     QString const sorted = texts(Show<CNorvelianComboBox>("DropDown", {{"AlphaSort", "Yes"}}));
     EXPECT_TRUE(sorted.contains("eins eins zwei")) << sorted.toStdString();
     EXPECT_EQ(TakeTold(), "");

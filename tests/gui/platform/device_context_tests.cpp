@@ -69,7 +69,7 @@ std::vector<Figure> Figures() {
              }
          },
          {".####..", ".......", ".####.."}},
-        {"a rectangle's outline lies inside its box",
+        {"a rectangle's outline is inside its box",
          [](Context& dc) { dc.DrawRectangle(1, 0, 6, 3); },
          {".#####.", ".#...#.", ".#####."}},
         {"filled", [](Context& dc) { dc.FillRectangle(1, 0, 6, 3); }, {".#####.", ".#+++#.", ".#####."}},
@@ -165,7 +165,7 @@ TEST(DeviceContext, MeasuresAndPlacesText) {
         dc.GetTextExtent("HHHH", width, height);
         dc.DrawText(10, 5, "HHHH");
     });
-    // Ink stands within the measured box and nowhere else.
+    // Ink is within the measured box and nowhere else.
     int left = 80;
     int right = 0;
     for (int y = 0; y < 30; ++y)

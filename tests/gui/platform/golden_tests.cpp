@@ -1,4 +1,4 @@
-// A few pictures, named by state, for what only pixels show. NORVELIAN_WRITE_GOLDENS=1 writes them anew;
+// A few pictures, named by state, for what only pixels show. NORVELIAN_WRITE_GOLDENS=1 writes them again;
 // look at them before committing. No text is drawn: fonts differ between machines.
 #include "Utilities/NamingService.h"
 #include "gui/elements/Pane.h"

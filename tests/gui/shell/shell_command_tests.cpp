@@ -198,7 +198,7 @@ TEST_F(ShellCommandsOfOthers, OnlyOneUserIsHeardWhateverTheMask) {
     EXPECT_EQ(status.st_mode & 07777U, 0700U);
     if (::geteuid() != 0) return;
 
-    // Though somebody opened everything up, another user isn't heard.
+    // Though someone opened everything up, another user isn't heard.
     for (auto const& path : {directory_.GetPath(), directory_ / "norvelian", Socket()})
         ASSERT_EQ(::chmod(path.c_str(), 0777), 0);
     EXPECT_EQ(Tests::RunUnprivileged([&] {

@@ -236,7 +236,7 @@ TEST_F(Windows, BackgroundPicturesLieUnderTheElementsAtTheirOwnSize) {
         check("told by the data source",
               {{0, 50, red}, {60, 89, pane}, {0, 100, QColor(222, 251, 255)}, {0, 150, face}});
         dialog.SetGUIDescriptionTree(*described("Green"));
-        check("described anew", {{0, 0, green}, {60, 39, face}});
+        check("described again", {{0, 0, green}, {60, 39, face}});
         dialog.Close(0);
     });
     dialog.RunModal();

@@ -31,7 +31,7 @@ std::vector<std::string> Lines(std::string const& file) {
     return lines;
 }
 
-/// The program's directory, with the files that stand there when it is installed.
+/// The program's directory, with the files that are there when it is installed.
 class ProgramFiles {
 public:
     ProgramFiles() {

@@ -30,7 +30,7 @@ TEST(LanguageCheck, NamesFileAndLineOfEachFault) {
     Tests::WriteFile(directory / "Mixed.lang", "V1\na\n\nGr\xFC\xDF\x85\na\nc\n");
     Tests::WriteFile(directory / "Wrong.lang", "V1\na\nx\n\na\nc\nd\n");
     CheckFiles(directory.GetPath(), keys, findings);
-    std::string const twice = "/Languages.key:5: the key \"One\" stands on line 2 already";
+    std::string const twice = "/Languages.key:5: the key \"One\" is on line 2 already";
     EXPECT_EQ(Texts(findings, directory.GetPath()),
               (std::vector<std::string>{"/Languages.key:0: there is no key file", twice,
                                         ":0: there is no language file", twice,
