@@ -15,9 +15,9 @@ namespace {
 constexpr std::uint16_t deleteKey = 46;
 constexpr std::uint16_t firstFunctionKey = 112;
 
-constexpr std::pair<char const*, std::uint8_t> modifiers[] = {{"CTRL+", AcceleratorEntry::control},
-                                                              {"SHIFT+", AcceleratorEntry::shift},
-                                                              {"ALT+", AcceleratorEntry::alt}};
+constexpr std::pair<char const*, std::uint8_t> modifierTexts[] = {{"CTRL+", AcceleratorEntry::control},
+                                                                  {"SHIFT+", AcceleratorEntry::shift},
+                                                                  {"ALT+", AcceleratorEntry::alt}};
 
 String KeyOf(String const& hotKey) {
     return hotKey.GetToken(std::max(hotKey.GetTokenCount('+') - 1, 0L), '+');
@@ -41,7 +41,7 @@ AcceleratorEntry ParseHotKey(String const& hotKey, long command) {
     AcceleratorEntry entry;
     entry.command = static_cast<std::uint16_t>(command);
     entry.flags = AcceleratorEntry::virtualKey;
-    for (auto const& [name, flag] : modifiers)
+    for (auto const& [name, flag] : modifierTexts)
         if (hotKey.FindSubstring(name, 0) >= 0) entry.flags |= flag;
     entry.key = KeyCode(KeyOf(hotKey));
     return entry;
@@ -52,7 +52,7 @@ String GetHotKeyText(String const& hotKey) {
         return Utilities::LanguageServiceInterface::GetTranslation(name);
     };
     String text;
-    for (auto const& modifier : modifiers)
+    for (auto const& modifier : modifierTexts)
         if (hotKey.FindSubstring(modifier.first, 0) >= 0) text += translate(modifier.first);
     String const key = KeyOf(hotKey);
     if (key.Length() == 1) return text + key;

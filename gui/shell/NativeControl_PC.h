@@ -39,17 +39,14 @@ public:
         Take(*widget, place);
         return *widget;
     }
-    template <class Sender, class Signal, class Handler>
-    void Connect(Sender& sender, Signal signal, Handler handler) {
-        connect(&sender, signal, this, [this, handler](auto&&... arguments) {
-            RunGuardedEvent(element_, [&] {
-                // A handler may leave out what it doesn't need of the signal.
-                if constexpr (std::is_invocable_v<Handler const&, decltype(arguments)...>)
-                    handler(std::forward<decltype(arguments)>(arguments)...);
-                else
-                    handler();
-                return true;
-            });
+    template <class Sender, class Source, class... Arguments, class Handler>
+    void Connect(Sender& sender, void (Source::*signal)(Arguments...), Handler handler) {
+        connect(&sender, signal, this, [this, handler](Arguments... arguments) {
+            // A handler may leave out what it doesn't need of the signal.
+            if constexpr (std::is_invocable_v<Handler const&, Arguments...>)
+                RunGuardedEvent(element_, [&] { return handler(arguments...), true; });
+            else
+                RunGuardedEvent(element_, [&] { return handler(), true; });
         });
     }
     /// The control has got or lost the keyboard focus. A menu that opens over it doesn't count.

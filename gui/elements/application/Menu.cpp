@@ -12,14 +12,15 @@ using Utilities::String;
 
 namespace {
 
-constexpr Attribute caption{"Caption", AttributeType::Text, "", "Text of the item", true};
-constexpr Attribute hotKey{"HotKey", AttributeType::Text, "",
-                           "\"CTRL+\", \"SHIFT+\", \"ALT+\", then a character, \"Del\" or \"F1\" to \"F24\""};
-constexpr Attribute command{
+constexpr Attribute captionKey{"Caption", AttributeType::Text, "", "Text of the item", true};
+constexpr Attribute hotKeyKey{
+    "HotKey", AttributeType::Text, "",
+    "\"CTRL+\", \"SHIFT+\", \"ALT+\", then a character, \"Del\" or \"F1\" to \"F24\""};
+constexpr Attribute commandKey{
     "Command", AttributeType::Number, "0", "Number of the command; 0 for a free one", false, {0, 65535}};
 constexpr Attribute itemName{"ElementName", AttributeType::ElementName, "",
                              "Name under which the data source answers for the item"};
-constexpr Attribute itemAttributes[] = {itemName, caption, hotKey, command};
+constexpr Attribute itemAttributes[] = {itemName, captionKey, hotKeyKey, commandKey};
 
 constexpr char const* separator = "Separator";
 
@@ -73,9 +74,9 @@ void Menu::AddItems(DescriptionTree const& description, Items& level) {
         if (reader.Text(CommonAttributes::elementType) == separator) {
             item->SetText(separatorText);
         } else {
-            static_cast<MenuItem&>(*item) =
-                MenuItem(reader.Text(caption), reader.Text(hotKey), reader.Long(command), onItem_.Get());
-            item->SetSource(reader.Text(itemName), reader.Text(caption));
+            static_cast<MenuItem&>(*item) = MenuItem(reader.Text(captionKey), reader.Text(hotKeyKey),
+                                                     reader.Long(commandKey), onItem_.Get());
+            item->SetSource(reader.Text(itemName), reader.Text(captionKey));
         }
         level.AddChild(item);
         AddItems(child, *item);

@@ -71,7 +71,8 @@ TEST(Weights, TheCorrectedOnesUndoATriangularBandpass) {
     }
     for (auto const& [light, method] :
          {std::pair{"D65", "triangles"}, {"E", "triangles"}, {"F11", "Stearns"}, {"LED-B3", "Stearns"}}) {
-        auto const y = [&](std::vector<float> const& values, char const* bandpass) {
+        auto const y = [&, light = light, method = method](std::vector<float> const& values,
+                                                           char const* bandpass) {
             auto conditions = Tristim::Under(light, 10);
             conditions.SetMeasureCondition(Key::ColorSpaceType, "CIEXYZ");
             conditions.SetMeasureCondition(Key::Bandpass, bandpass);

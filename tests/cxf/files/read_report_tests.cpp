@@ -81,8 +81,9 @@ TEST(ReadReport, StrictReadingRefusesWhatTheFileDoesntState) {
         Cxf::ReadOptions options;
         options.allowExtrapolation = true;
         options.strict = true;
-        EXPECT_THAT(MessageOf<Cxf::FileException>([&] { Cxf::ReadSampleSets(TestFile(file), options); }),
-                    HasSubstr(std::string(file) + reason));
+        EXPECT_THAT(
+            MessageOf<Cxf::FileException>([&, file = file] { Cxf::ReadSampleSets(TestFile(file), options); }),
+            HasSubstr(std::string(file) + reason));
     }
     Cxf::ReadOptions strict;
     strict.strict = true;
@@ -133,7 +134,7 @@ TEST(ReadReport, XmlRefusesConditionsThatDontExist) {
               "the condition Physical.SpectrumType is \"Reflectance\"; expected one of Remission"},
              {"no_temperature.xml", "illumination Dxx needs the condition"},
              {"comma.xml", "\"50,5\" in <Values> has a decimal comma"}})
-        EXPECT_THAT(MessageOf<Cxf::FileException>([&] { Cxf::ReadSampleSets(TestFile(file)); }),
+        EXPECT_THAT(MessageOf<Cxf::FileException>([file = file] { Cxf::ReadSampleSets(TestFile(file)); }),
                     HasSubstr(reason));
 }
 

@@ -61,7 +61,7 @@ TEST(Density, EveryStatusHasItsTabulatedProducts) {
 TEST(Density, NarrowBandsLieAtTheirCentresAndSayThatThoseAreUnverified) {
     for (auto const& [standard, red, green] :
          {std::tuple{"DINNB", 620, 530}, {"ANSII", 630, 540}, {"SPI", 630, 540}}) {
-        auto const density = [&](int nm) {
+        auto const density = [standard = standard](int nm) {
             std::vector<float> bands(36, 1.0F);
             bands[static_cast<std::size_t>((nm - 380) / 10)] = 0.1F;
             return GetDensity(Tristim::NVSpectrum(bands), With({{Key::DensityStandard, standard}}));

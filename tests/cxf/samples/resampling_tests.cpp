@@ -72,7 +72,8 @@ TEST(Resampling, EveryResultSaysSo) {
 TEST(Resampling, LessThanTheVisibleRangeIsNotExtended) {
     auto const half = [](double) { return 0.5; };
     for (auto const& [first, last] : {std::pair{410.0, 700.0}, {400.0, 690.0}, {500.0, 600.0}})
-        EXPECT_THAT(MessageOf<Tristim::TristimException>([&] { Cxf2NV(Sampled(first, last, 10, half)); }),
+        EXPECT_THAT(MessageOf<Tristim::TristimException>(
+                        [&, first = first, last = last] { Cxf2NV(Sampled(first, last, 10, half)); }),
                     HasSubstr("expected at least 400 to 700 nm"));
     EXPECT_NO_THROW(Cxf2NV(Sampled(400, 700, 10, half)));
 }

@@ -209,6 +209,6 @@ TEST(ToleranceFile, KeepsEverythingAndRefusesWhatItDoesntKnow) {
                     "Value=\"2\"/></Conditions></ToleranceSet>",
              "t:2:14: the condition Colorimetric.Observer is \"2\"; expected one of TwoDegree"},
             {"<ToleranceSet Version=\"1\" Match=\"Colour\"/>", "expected Name, Id or Device"}})
-        EXPECT_THAT(MessageOf<Cxf::FileException>([&] { Cxf::ParseToleranceSet(xml, "t"); }),
+        EXPECT_THAT(MessageOf<Cxf::FileException>([&xml = xml] { Cxf::ParseToleranceSet(xml, "t"); }),
                     HasSubstr(reason));
 }
