@@ -58,8 +58,9 @@ void Button_PC::ShowCaption() {
 }
 
 void Button_PC::SetSize(unsigned long width, unsigned long height) {
+    // A picture keeps its own size.
     if (GetPictureButton())
-        Button::SetSize(width, height);
+        Button::SetSize(width, height); // NOLINT(bugprone-parent-virtual-call)
     else
         NativeElement::SetSize(width, height);
 }

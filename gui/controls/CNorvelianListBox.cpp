@@ -48,14 +48,14 @@ void CNorvelianListBox::scrollTo(QModelIndex const& index, ScrollHint hint) {
 void CNorvelianListBox::doItemsLayout() {
     if (GetRowCount() != 0) rowHeight_ = std::max(sizeHintForIndex(model()->index(0, 0)).height(), 1);
     // Not the base class's, which visits all rows.
-    QAbstractItemView::doItemsLayout();
+    QAbstractItemView::doItemsLayout(); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void CNorvelianListBox::updateGeometries() {
     verticalScrollBar()->setRange(0, std::max(GetRowCount() - GetPage(), 0));
     verticalScrollBar()->setPageStep(GetPage());
     verticalScrollBar()->setSingleStep(1);
-    QAbstractItemView::updateGeometries();
+    QAbstractItemView::updateGeometries(); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void CNorvelianListBox::scrollContentsBy(int /*dx*/, int /*dy*/) { viewport()->update(); }
