@@ -23,6 +23,8 @@ String NameOf(DescriptionTree const& node) {
 /// Sends "OnUpdate" to each element below one that has registered it.
 void UpdateBelow(GUIElement const& element, GUIElement const& but, DialogDataSource const* source) {
     for (auto it = element.GetChildrenList().Begin(); it.IsValid(); ++it) {
+        // Held: what it is told may release it.
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         SmartPointer<GUIElement> const child = it.Current();
         // What is inside a control has the control as its data source.
         if (child->GetDataSource() != source) continue;

@@ -46,6 +46,8 @@ DescriptionTree DescribeTools(DescriptionTree const& description) {
 
 void UpdateBelow(GUIElement const& element, CallbackTable const& callbacks) {
     for (auto it = element.GetChildrenList().Begin(); it.IsValid(); ++it) {
+        // Held: what it is told may release it.
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         SmartPointer<GUIElement> const child = it.Current();
         callbacks.Find(child->GetElementName(), Events::update).Execute({});
         if (child->IsAttached()) UpdateBelow(*child, callbacks);
@@ -161,6 +163,7 @@ void ViewSelector::FireForView(String const& view, char const* event, Anything c
 long ViewSelector::OnClick(Anything const& argument) {
     CallScope const call(*this);
     if (!argument.IsOfTypeString()) return 0;
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the argument may go with its sender
     String const view = argument.GetString();
     Fire(Events::click, argument);
     if (!IsAttached() || view == currentView_) return 0;

@@ -7,7 +7,6 @@
 namespace GUI {
 
 using Utilities::Anything;
-using Utilities::SmartPointer;
 using Utilities::String;
 
 namespace {
