@@ -81,6 +81,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/controls/NumberRule.cpp
   gui/controls/ScrollBar.cpp
   gui/controls/TextAdaption.cpp
+  gui/layout/FramePanel.cpp
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
@@ -88,6 +89,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/EllipseFigure.cpp
   gui/platform/Fonts_PC.cpp
   gui/platform/KeyCodes_PC.cpp
+  gui/platform/CNorvelianStyle.cpp
   gui/platform/PlatformIndependentDeviceContext_PC.cpp
   gui/platform/DisplayProfile_PC.cpp
   gui/platform/PixelSurface.cpp
@@ -100,6 +102,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/CNorvelianAdvancedControl.cpp
   gui/shell/CNorvelianDialog.cpp
   gui/shell/CNorvelianSurface.cpp
+  gui/shell/CNorvelianSurfaceTheme.cpp
   gui/shell/CNorvelianSurfaceInput.cpp
   gui/shell/CNorvelianWnd.cpp
   gui/shell/HelpFile.cpp
@@ -107,6 +110,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/PaintScope_PC.cpp
   gui/shell/ShellCommand.cpp
   gui/shell/ShellCommandListener_PC.cpp
+  gui/shell/TopLevelTheme_PC.cpp
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
   services/ImageDirectory.cpp

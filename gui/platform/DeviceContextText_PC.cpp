@@ -1,6 +1,7 @@
 // What the device context leaves to Qt's painter: text and images.
 #include "Utilities/NamingService.h"
 #include "gui/elements/drawing/ImageServiceInterface.h"
+#include "gui/platform/Color_PC.h"
 #include "gui/platform/Fonts_PC.h"
 #include "gui/platform/Picture_PC.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
@@ -14,7 +15,7 @@ namespace GUI {
 using Utilities::String;
 
 RGBVector PlatformIndependentDeviceContext_PC::SetTextColor(RGBVector const& color) {
-    return std::exchange(textColor_, color);
+    return std::exchange(textColor_, Resolve(color));
 }
 
 void PlatformIndependentDeviceContext_PC::SetFont(short height, short width, short escapement,
@@ -35,7 +36,7 @@ void PlatformIndependentDeviceContext_PC::DrawImage(short x, short y, String con
     auto const bitmap = images->GetBitmap(imageName);
     if (auto* const picture = dynamic_cast<Picture_PC*>(bitmap.Get())) {
         QPainter& painter = PainterAt(x, y);
-        picture->DrawBitmap(0, 0, painter);
+        picture->DrawInTone(0, 0, painter, ToColor(textColor_));
     }
 }
 
@@ -57,7 +58,7 @@ void PlatformIndependentDeviceContext_PC::DrawText(short x, short y, String cons
     QFont const& font = GetFont();
     QPainter& painter = PainterAt(x, y);
     painter.setFont(font);
-    painter.setPen(QColor(textColor_.GetRed(), textColor_.GetGreen(), textColor_.GetBlue()));
+    painter.setPen(ToColor(textColor_));
     if (escapement_ != 0) painter.rotate(-escapement_);
     // The base line is on a whole pixel of the device, too.
     double const ascent = QFontMetrics(font, device_).ascent();
