@@ -119,6 +119,8 @@ private:
     void EnterPane(Control const& control);
     void SetFocusPane(Control const& control, Qt::FocusReason reason);
     LightWindow* GetFocusWindow();
+    /// Where Tab goes from a window, which may be null for the beginning or end; null past the last stop.
+    LightWindow* FindStop(LightWindow const* from, bool next);
     bool FocusStop(LightWindow& stop, Qt::FocusReason reason);
     void ShowToolTip();
     void ShowDragCursor(bool dragable);
