@@ -35,8 +35,8 @@ button() {
   face "$1OA" "$2" '#fff2d0' '#d09000' '#202020' 0 "$3"
 }
 
-# tab NAME WIDTH FILL EDGE SHAPE DETAIL: one end of a tab, 14 pixels high: its face, then lines on it.
-tab() { picture "$1" "$2" 14 "fill $3 stroke none $5 fill none stroke $4 stroke-width 1 $6"; }
+# tab NAME WIDTH FILL EDGE SHAPE DETAIL: one end of a tab, 14 pixels high: its face on the dark strip, then lines.
+tab() { picture "$1" "$2" 14 "fill #3f3f3f stroke none rectangle 0,0 $2,14 fill $3 $5 fill none stroke $4 $6"; }
 
 button PaperPress 72 ''
 mkdir -p English German French

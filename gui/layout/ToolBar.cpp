@@ -188,8 +188,7 @@ void ToolBar::CreateRow() {
     }
     if (scrolling_.Length() != 0)
         AddScrollParts(*row, AttributeReader(description_).Text(scrollWidthKey),
-                       AttributeReader(description_).Text(scrollHeightKey),
-                       description_.FindValue(handler.key));
+                       AttributeReader(description_).Text(scrollHeightKey), description_);
     auto const frame = MakeNode("FrameBox", margin);
     for (Attribute const& side : margins) (*frame)[side.key] = AttributeReader(description_).Text(side);
     (*frame)[widthKey] = "0";

@@ -75,7 +75,7 @@ SmartPointer<DescriptionTree> MakeSeparator(DescriptionTree const& entry, long n
 }
 
 void AddScrollParts(DescriptionTree& row, String const& width, String const& height,
-                    Anything const* handler) {
+                    AttributeMap const& bar) {
     auto const space = MakeNode("GumBox", scrollSpace);
     (*space)[Common::maximalHeight.key] = "0";
     (*space)[Common::maximalWidth.key] = "10000";
@@ -85,7 +85,8 @@ void AddScrollParts(DescriptionTree& row, String const& width, String const& hei
         auto const button = MakeNode("ImageButton", name);
         (*button)[Common::elementName.key] = name;
         (*button)["Caption"] = caption;
-        if (handler) (*button)["Handler"] = *handler;
+        for (char const* const key : {"Handler", Common::backgroundColor.key})
+            if (Anything const* const value = bar.FindValue(key)) (*button)[key] = *value;
         for (char const* const key : {Common::minimalWidth.key, Common::maximalWidth.key, widthKey})
             (*button)[key] = width;
         for (char const* const key : {Common::minimalHeight.key, Common::maximalHeight.key})

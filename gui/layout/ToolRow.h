@@ -21,9 +21,9 @@ Utilities::SmartPointer<DescriptionTree> MakeNode(char const* type, Utilities::S
 Utilities::SmartPointer<DescriptionTree> CopyOf(DescriptionTree const& node);
 /// A gap with 5 pixels on either side.
 Utilities::SmartPointer<DescriptionTree> MakeSeparator(DescriptionTree const& entry, long number);
-/// The elastic space and the two buttons, which are told a handler unless it is null.
+/// The elastic space and the two buttons, with the bar's handler and background if it has them.
 void AddScrollParts(DescriptionTree& row, Utilities::String const& width, Utilities::String const& height,
-                    Utilities::Anything const* handler);
+                    AttributeMap const& bar);
 
 /// Empty if there is no such key.
 Utilities::String TextOf(DescriptionTree const& node, char const* key);
