@@ -5,6 +5,7 @@
 #include "gui/elements/GUIElement.h"
 #include "gui/elements/application/Application.h"
 #include "gui/elements/description/GUIDescriptionReader.h"
+#include "gui/elements/drawing/ImageServiceInterface.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 
 #include <benchmark/benchmark.h>
@@ -69,6 +70,20 @@ inline GUI::DescriptionTree Describe(std::string const& inside) {
                                                 "' Height='" + std::to_string(height) + "'>" + inside +
                                                 "</Window>",
                                             "bench");
+}
+
+/// A picture of one colour: benchmarks have no pictures of their own.
+inline void MakePicture(char const* name, short pictureWidth, short pictureHeight) {
+    auto const images = Utilities::ResolveComponent<GUI::ImageServiceInterface>("ImageService");
+    auto const picture = Utilities::ResolveComponent<GUI::Bitmap>("Bitmap");
+    picture->Create(pictureWidth, pictureHeight);
+    auto& context = picture->BeginDraw();
+    GUI::RGBVector const color(200, 210, 220);
+    context.SetBrush(color);
+    context.SetPen(color, 1, GUI::PlatformIndependentDeviceContext::solid);
+    context.FillRectangle(0, 0, pictureWidth, pictureHeight);
+    picture->EndDraw();
+    images->SetBitmap(name, picture);
 }
 
 template <class Run> void Register(char const* name, Run run) {

@@ -39,6 +39,7 @@ public:
 // ------------------------------------------------------------------ tabs
 
 constexpr int tabCount = 30;
+constexpr int stripWidth = 1600;
 
 std::string Tab(int i) { return "T" + std::to_string(i); }
 
@@ -48,14 +49,19 @@ void OurTabs(benchmark::State& state, char const* useBitmaps) {
     for (int i = 0; i < tabCount; ++i)
         tabs += "<TabCaption ElementName='" + Tab(i) + "' Caption='" + Tab(i) + "' UseBitmaps='" +
                 useBitmaps + "' FontName='Arial' FontSize='8'/>";
-    auto const window = Open(Describe("<TabbedPaneSelector ElementName='it' UseBitmaps='" +
-                                      std::string(useBitmaps) + "'>" + tabs + "</TabbedPaneSelector>"),
-                             source);
+    std::string const strip = "<TabbedPaneSelector ElementName='it' UseBitmaps='" + std::string(useBitmaps) +
+                              "' MinimalHeight='22' MaximalHeight='22'>" + tabs + "</TabbedPaneSelector>";
+    auto const window = Open(
+        GUI::GUIDescriptionReader::Parse("<Window ElementName='Main' Width='" + std::to_string(stripWidth) +
+                                             "' Height='" + std::to_string(height) + "'><VBox>" + strip +
+                                             "<GumBox MaximalHeight='10000'/></VBox></Window>",
+                                         "bench"),
+        source);
     QApplication::processEvents();
-    auto& strip = dynamic_cast<GUI::TabbedPaneSelector&>(window->FindElement("it"));
+    auto& it = dynamic_cast<GUI::TabbedPaneSelector&>(window->FindElement("it"));
     QWidget* const surface = WidgetOf(*window)->findChild<QWidget*>();
     Paints const paints(*surface);
-    if (strip.GetVisibleCount() != 0) state.SkipWithError("some tabs are cut off");
+    if (it.GetVisibleCount() != 0) state.SkipWithError("some tabs are cut off");
     int turn = 0;
     for (auto _ : state) {
         int const before = paints.count;
@@ -63,9 +69,9 @@ void OurTabs(benchmark::State& state, char const* useBitmaps) {
         Anything::MapOfAnythings chosen;
         chosen["ElementName"] = String(Tab(turn));
         auto const start = Clock::now();
-        strip.OnTabSelectedExecute(chosen);
+        it.OnTabSelectedExecute(chosen);
         state.SetIterationTime(Since(start));
-        if (paints.count == before || !(strip.GetCurrentTab() == Tab(turn).c_str()))
+        if (paints.count == before || !(it.GetCurrentTab() == Tab(turn).c_str()))
             state.SkipWithError("not painted");
     }
 }
@@ -74,7 +80,7 @@ void PeerTabs(benchmark::State& state) {
     QTabBar bar;
     for (int i = 0; i < tabCount; ++i) bar.addTab(QString::fromStdString(Tab(i)));
     bar.setUsesScrollButtons(false);
-    bar.resize(width, 40);
+    bar.resize(stripWidth, 40);
     bar.show();
     QApplication::processEvents();
     Paints const paints(bar);
@@ -105,10 +111,10 @@ struct Chord {
 
 /// Letters and function keys with one or two modifiers, each once.
 Chord ChordOf(int i) {
-    constexpr Qt::KeyboardModifiers modifiers[] = {Qt::ControlModifier, Qt::AltModifier,
+    constexpr Qt::KeyboardModifiers modifiers[] = {Qt::ControlModifier, Qt::ShiftModifier | Qt::AltModifier,
                                                    Qt::ControlModifier | Qt::ShiftModifier,
                                                    Qt::ControlModifier | Qt::AltModifier};
-    constexpr char const* texts[] = {"CTRL+", "ALT+", "CTRL+SHIFT+", "CTRL+ALT+"};
+    constexpr char const* texts[] = {"CTRL+", "SHIFT+ALT+", "CTRL+SHIFT+", "CTRL+ALT+"};
     constexpr int letters = 26;
     int const set = i / letters % 4;
     char const letter = static_cast<char>('A' + i % letters);
@@ -116,7 +122,7 @@ Chord ChordOf(int i) {
 }
 
 std::string DescribeMenu() {
-    std::string menu = "<Menu ElementName='menu'>";
+    std::string menu = "<Menu ElementName='MainMenu'>";
     for (int m = 0; m < menuCount; ++m) {
         menu += "<MenuItem Caption='&amp;" + std::string(1, static_cast<char>('A' + m)) + " menu'>";
         for (int i = 0; i < itemsAMenu; ++i) {
@@ -227,6 +233,10 @@ int main(int argc, char** argv) {
     setenv("XDG_CONFIG_HOME", "/nonexistent", 1);
     Application application;
     application.GetImplementation();
+    for (char const* const name :
+         {"TabBorderLeft", "TabBorderLeft2", "TabBorderMostLeft", "TabBorderLeft Selected", "TabBorderRight",
+          "TabBorderRight Selected", "TabBorderMostRight", "TabBorderMostRight Selected"})
+        MakePicture(name, 3, 14);
     Register("controls.tab-30/ours", [](auto& state) { OurTabs(state, "No"); });
     Register("controls.tab-30/peer:QTabBar", PeerTabs);
     Register("controls.tab-pictures-30/ours", [](auto& state) { OurTabs(state, "Yes"); });

@@ -2,7 +2,6 @@
 // Each checks its result.
 
 #include "bench/DescribedWindow.h"
-#include "gui/elements/drawing/ImageServiceInterface.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -44,20 +43,6 @@ private:
 constexpr int buttonRows = 20;
 constexpr int buttonColumns = 10;
 constexpr QColor buttonColor(200, 210, 220);
-
-/// What drawn buttons show, made here: the benchmark has no pictures of its own.
-void MakePicture() {
-    auto const images = Utilities::ResolveComponent<GUI::ImageServiceInterface>("ImageService");
-    auto const picture = Utilities::ResolveComponent<GUI::Bitmap>("Bitmap");
-    picture->Create(width / buttonColumns, height / buttonRows);
-    auto& context = picture->BeginDraw();
-    GUI::RGBVector const color(200, 210, 220);
-    context.SetBrush(color);
-    context.SetPen(color, 1, GUI::PlatformIndependentDeviceContext::solid);
-    context.FillRectangle(0, 0, width, height);
-    picture->EndDraw();
-    images->SetBitmap("ButtonUp", picture);
-}
 
 std::string Buttons(char const* begin, char const* end) {
     std::string text = "<VBox>";
@@ -272,7 +257,7 @@ int main(int argc, char** argv) {
     setenv("XDG_CONFIG_HOME", "/nonexistent", 1);
     Application application;
     application.GetImplementation();
-    MakePicture();
+    MakePicture("ButtonUp", width / buttonColumns, height / buttonRows);
     std::string const native = Buttons("<Button ElementName='b", "' Caption='Button'/>");
     std::string const drawn = Buttons("<TextImageButton ElementName='b",
                                       "' Caption='Button'><General Text='Button'/></TextImageButton>");

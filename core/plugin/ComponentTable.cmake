@@ -96,6 +96,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/DisplayProfile_PC.cpp
   gui/platform/PixelSurface.cpp
   gui/platform/RasterSurface.cpp
+  gui/platform/ShapedTexts_PC.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
   gui/platform/DropData_PC.cpp

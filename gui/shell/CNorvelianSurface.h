@@ -104,6 +104,8 @@ private:
     void PaintPanes(QRegion const& region);
     void PaintBackground(QRegion const& region);
     void Fill(QRegion const& region);
+    /// Whether a pane has nothing but the background under it.
+    bool IsLowest(LightWindow const& window);
     SurfaceBacking GetBacking() const;
     void PaintDecorators(QRect const& rect);
     void PaintFocusMark(QRect const& rect);
