@@ -40,9 +40,12 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/SelectionService.cpp
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
+  gui/layout/TabbedPaneSelector.cpp
+  gui/layout/TabCaption.cpp
   services/TextAdapter.cpp
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
+  gui/layout/ToolBar.cpp
   gui/layout/VBoxRegistration.cpp
   gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
@@ -85,6 +88,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
+  gui/layout/ToolRow.cpp
   gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp
   gui/platform/Fonts_PC.cpp
@@ -94,6 +98,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/DisplayProfile_PC.cpp
   gui/platform/PixelSurface.cpp
   gui/platform/RasterSurface.cpp
+  gui/platform/ShapedTexts_PC.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
   gui/platform/DropData_PC.cpp

@@ -5,6 +5,7 @@
 #include "gui/platform/Fonts_PC.h"
 #include "gui/platform/Picture_PC.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
+#include "gui/platform/ShapedTexts_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 
 #include <QFontMetrics>
@@ -64,12 +65,18 @@ void PlatformIndependentDeviceContext_PC::DrawText(short x, short y, String cons
     double const ascent = QFontMetrics(font, device_).ascent();
     double const baseLine =
         painterHasPixels_ ? DeviceGrid::Nearest(ascent * grid_.scale) / grid_.scale : ascent;
-    painter.drawText(QPointF(0, baseLine), ToShownText(text));
+    if (ShapedText const* const shaped = FindShapedText(font, text))
+        shaped->layout.draw(&painter, QPointF(0, baseLine - shaped->ascent));
+    else
+        painter.drawText(QPointF(0, baseLine), ToShownText(text));
 }
 
 void PlatformIndependentDeviceContext_PC::GetTextExtent(String const& text, long& width, long& height) {
     QFontMetrics const metrics(GetFont(), device_);
-    width = text.Length() == 0 ? 0 : metrics.horizontalAdvance(ToShownText(text));
+    if (ShapedText const* const shaped = FindShapedText(GetFont(), text))
+        width = shaped->width;
+    else
+        width = text.Length() == 0 ? 0 : metrics.horizontalAdvance(ToShownText(text));
     height = metrics.height();
 }
 

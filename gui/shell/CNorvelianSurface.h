@@ -117,6 +117,8 @@ private:
     void PaintPanes(QRegion const& region);
     void PaintBackground(QRegion const& region);
     void Fill(QRegion const& region);
+    /// Whether a pane has nothing but the background under it.
+    bool IsLowest(LightWindow const& window);
     SurfaceBacking GetBacking() const;
     void PaintDecorators(QRect const& rect);
     void PaintFocusMark(QRect const& rect);
@@ -136,6 +138,8 @@ private:
     void EnterPane(Control const& control);
     void SetFocusPane(Control const& control, Qt::FocusReason reason);
     LightWindow* GetFocusWindow();
+    /// Where Tab goes from a window, which may be null for the beginning or end; null past the last stop.
+    LightWindow* FindStop(LightWindow const* from, bool next);
     bool FocusStop(LightWindow& stop, Qt::FocusReason reason);
     void ShowToolTip();
     void ShowDragCursor(bool dragable);

@@ -123,6 +123,7 @@ Anything Gallery::GetValue(String const& element, String const& name) {
     if (name == "NumberOfShowValues") return 25L;
     if (name == "Position") return 30L;
     if (name == "ButtonColor") return "229,112,68";
+    if (name == "CurrentTab") return String(state + "Readings");
     return {};
 }
 
