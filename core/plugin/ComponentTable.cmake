@@ -67,6 +67,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/ZeroAxes.cpp
   gui/colour/GamutPlane.cpp
   gui/colour/HarmonyElement.cpp
+  gui/colour/ScreenModel.cpp
   gui/colour/SkyDrawing.cpp
   gui/controls/ButtonPictures.cpp
   gui/controls/CheckBox.cpp

@@ -21,6 +21,9 @@ namespace {
 /// The profile connection space of the library, in which L*a*b* goes to the profile.
 XYZ const kPcsWhite{cmsD50X * 100, cmsD50Y * 100, cmsD50Z * 100};
 
+/// No number counts as none of the channel.
+double Clipped(double channel) { return channel > 0 ? std::min(channel, 1.0) : 0; }
+
 struct CloseContext {
     void operator()(cmsContext context) const { cmsDeleteContext(context); }
 };
@@ -93,12 +96,14 @@ void ScreenTransform::Evaluate(std::span<double const> lab, std::span<Shown> sho
         double const* const wanted = lab.data() + 3 * done;
         auto const pixels = static_cast<cmsUInt32Number>(count);
         cmsDoTransform(implementation_->toDevice.get(), wanted, rgb.data(), pixels);
+        for (std::size_t i = 0; i < count; ++i)
+            std::copy_n(rgb.begin() + static_cast<std::ptrdiff_t>(3 * i), 3, shown[done + i].rgb.begin());
         // A screen clips; the way back through the clipped values tells what it will show.
-        for (std::size_t i = 0; i < 3 * count; ++i) rgb[i] = rgb[i] > 0 ? std::min(rgb[i], 1.0) : 0;
+        std::transform(rgb.begin(), rgb.begin() + static_cast<std::ptrdiff_t>(3 * count), rgb.begin(),
+                       Clipped);
         cmsDoTransform(implementation_->toLab.get(), rgb.data(), back.data(), pixels);
         for (std::size_t i = 0; i < count; ++i) {
             Shown& result = shown[done + i];
-            std::copy_n(rgb.begin() + static_cast<std::ptrdiff_t>(3 * i), 3, result.rgb.begin());
             result.difference = std::hypot(wanted[3 * i] - back[3 * i], wanted[3 * i + 1] - back[3 * i + 1],
                                            wanted[3 * i + 2] - back[3 * i + 2]);
         }
@@ -110,7 +115,7 @@ void ScreenTransform::Convert(std::span<double const> lab, std::span<ScreenColou
     Evaluate(lab, shown);
     for (std::size_t i = 0; i < shown.size(); ++i) {
         auto const device = [&shown, i](std::size_t channel) {
-            return static_cast<std::uint8_t>(std::lround(255 * shown[i].rgb[channel]));
+            return static_cast<std::uint8_t>(std::lround(255 * Clipped(shown[i].rgb[channel])));
         };
         colours[i].red_ = device(0);
         colours[i].green_ = device(1);

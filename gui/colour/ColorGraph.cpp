@@ -52,21 +52,13 @@ Utilities::SmartPointer<Tintorium::ScreenRGB> HostsScreen() {
     return Utilities::SmartPointer<Tintorium::ScreenRGB>(screen);
 }
 
-/// What to convert with; sRGB is opened once.
-template <class Use> auto WithScreen(Use use) {
-    auto const screen = HostsScreen();
-    if (!screen.IsNull()) return use(screen->GetTransform());
-    static GamutPlane::Transform const standard;
-    return use(standard);
-}
-
 } // namespace
 
 void ColorGraph::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                             DialogDataSource* dataSource) {
     ColorGUIElement::Initialize(parent, description, dataSource);
     AttributeReader const attributes(description);
-    plane_ = attributes.Text(planeKey);
+    kind_ = attributes.Text(planeKey);
     lightness_ = attributes.Number(lightnessKey);
     hue_ = attributes.Number(hueKey);
     range_ = attributes.Number(rangeKey);
@@ -82,7 +74,7 @@ void ColorGraph::Initialize(PlatformIndependentWindowID const& parent, Descripti
 long ColorGraph::OnUpdate(Anything const& command) {
     CallScope const call(*this);
     long const result = ReadUpdate(command);
-    if (Anything const plane = GetValue(planeKey.key); plane.IsOfTypeString()) plane_ = plane.GetString();
+    if (Anything const plane = GetValue(planeKey.key); plane.IsOfTypeString()) kind_ = plane.GetString();
     auto const read = [this](Attribute const& attribute, double lowest, double& field) {
         Anything const answer = GetValue(attribute.key);
         if (!answer.IsValid()) return;
@@ -117,6 +109,17 @@ void ColorGraph::ReadSpots() {
         spots.push_back(spot);
     }
     spots_ = std::move(spots);
+}
+
+GamutPlane const& ColorGraph::GetPlane() {
+    auto screen = HostsScreen();
+    if (screen_.IsNull() || (!screen.IsNull() && screen.Get() != screen_.Get())) {
+        plane_ = nullptr;
+        screen_ = screen.IsNull() ? Utilities::MakeSmart<Tintorium::ScreenRGB>() : screen;
+        picture_ = {};
+    }
+    if (!plane_) plane_ = std::make_unique<GamutPlane>(screen_->GetTransform());
+    return *plane_;
 }
 
 // ------------------------------------------------------------------ places
@@ -193,12 +196,11 @@ void ColorGraph::DrawPlane(PlatformIndependentDeviceContext& context, Axes const
     wanted.colours.outside = Packed(outsideColor_);
     if (edgeColor_) wanted.colours.edge = Packed(*edgeColor_);
     wanted.colours.edgeWidth = edgeColor_ ? static_cast<int>(std::max(std::lround(scale), 1L)) : 0;
+    GamutPlane const& plane = GetPlane();
     bool const isKnown = picture_.place == wanted.place && picture_.colours == wanted.colours &&
                          picture_.width == wanted.width && picture_.height == wanted.height;
     if (!isKnown) {
-        wanted.pixels = WithScreen([&wanted](GamutPlane::Transform const& transform) {
-            return GamutPlane::Compute(transform, wanted.place, wanted.width, wanted.height, wanted.colours);
-        });
+        wanted.pixels = plane.Compute(wanted.place, wanted.width, wanted.height, wanted.colours);
         picture_ = std::move(wanted);
     }
     context.DrawPixels(0, 0, static_cast<short>(paneWidth), static_cast<short>(paneHeight), picture_.pixels,
@@ -237,11 +239,8 @@ bool ColorGraph::OnLeftButtonDown(KeyState keyState, long x, long y) {
     double const atX = axes.left + (static_cast<double>(x) + 0.5) * axes.xPerPixel;
     double const atY = axes.upper - (static_cast<double>(y) + 0.5) * axes.yPerPixel;
     auto const lab = ToLab(atX, atY);
-    auto const shown = WithScreen([&lab](GamutPlane::Transform const& transform) {
-        Norvelian::ColorExchangeFormat::ScreenColour result;
-        transform.Convert(lab, {&result, 1});
-        return result;
-    });
+    Norvelian::ColorExchangeFormat::ScreenColour shown;
+    GetPlane().GetTransform().Convert(lab, {&shown, 1});
     RGBVector color(shown.GetRed(), shown.GetGreen(), shown.GetBlue());
     color.SetInGamut(shown.IsInGamut());
     Anything::MapOfAnythings click;

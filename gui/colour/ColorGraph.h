@@ -2,7 +2,9 @@
 
 #include "gui/colour/ColorGUIElement.h"
 #include "gui/colour/GamutPlane.h"
+#include "gui/elements/colour/ScreenRGB.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -53,18 +55,20 @@ private:
         double yPerPixel = 1;
     };
 
-    bool IsLeaf() const { return plane_ == "LC"; }
+    bool IsLeaf() const { return kind_ == "LC"; }
     Axes GetAxes() const;
     GamutPlane::Lab ToLab(double x, double y) const;
     GamutPlane::Place GetPlace(Axes const& axes, double scale) const;
     void ReadSpots();
+    /// For the host's screen.
+    GamutPlane const& GetPlane();
     void DrawPlane(PlatformIndependentDeviceContext& context, Axes const& axes);
     void DrawSpot(PlatformIndependentDeviceContext& context, Axes const& axes, Spot const& spot,
                   bool isSelected) const;
     /// Where a spot's middle is; nothing for one that is too far outside for a pixel.
     std::optional<std::pair<short, short>> PixelOf(Axes const& axes, Spot const& spot) const;
 
-    Utilities::String plane_;
+    Utilities::String kind_;
     double lightness_ = 50;
     double hue_ = 0;
     double range_ = 100;
@@ -83,6 +87,8 @@ private:
         std::vector<std::uint32_t> pixels;
     };
     Picture picture_;
+    Utilities::SmartPointer<Tintorium::ScreenRGB> screen_;
+    std::unique_ptr<GamutPlane> plane_;
 };
 
 } // namespace GUI

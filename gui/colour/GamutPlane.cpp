@@ -6,88 +6,17 @@ namespace GUI {
 
 namespace {
 
-constexpr std::size_t cell = 8;
-constexpr std::size_t half = cell / 2;
-constexpr auto tolerance = static_cast<float>(GamutPlane::Transform::gamutTolerance);
 /// No colour: its pixel is outside.
 constexpr std::uint32_t none = 0xFF000000;
-
-/// Red, green and blue from 0 to 255, and the difference.
-using Corner = std::array<float, 4>;
-
-Corner operator+(Corner const& a, Corner const& b) {
-    return {a[0] + b[0], a[1] + b[1], a[2] + b[2], a[3] + b[3]};
-}
-/// From one to the other in so many steps.
-Corner Step(Corner const& from, Corner const& to, std::size_t steps) {
-    float const share = 1.0F / static_cast<float>(steps);
-    Corner step = {};
-    for (std::size_t i = 0; i < 4; ++i) step[i] = (to[i] - from[i]) * share;
-    return step;
-}
-bool IsInside(Corner const& corner) { return corner[3] <= tolerance; }
-
-/// Points at every so many pixels of a part of the picture.
-class Grid {
-public:
-    Grid(GamutPlane::Transform const& transform, GamutPlane::Place const& place, double left, double top,
-         std::size_t columns, std::size_t rows, std::size_t distance)
-        : columns_(columns) {
-        std::vector<double> wanted;
-        wanted.reserve(3 * columns * rows);
-        for (std::size_t row = 0; row < rows; ++row)
-            for (std::size_t column = 0; column < columns; ++column)
-                for (double const value : place.At(left + static_cast<double>(column * distance),
-                                                   top + static_cast<double>(row * distance)))
-                    wanted.push_back(value);
-        std::vector<GamutPlane::Transform::Shown> shown(columns * rows);
-        transform.Evaluate(wanted, shown);
-        corners_.reserve(shown.size());
-        for (auto const& colour : shown)
-            corners_.push_back(
-                {static_cast<float>(255 * colour.rgb[0]), static_cast<float>(255 * colour.rgb[1]),
-                 static_cast<float>(255 * colour.rgb[2]), static_cast<float>(colour.difference)});
-    }
-    Corner const& At(std::size_t column, std::size_t row) const { return corners_[row * columns_ + column]; }
-
-private:
-    std::size_t columns_;
-    std::vector<Corner> corners_;
-};
-
-std::uint32_t Packed(Corner const& color) {
-    auto const channel = [&color](std::size_t i) { return static_cast<std::uint32_t>(color[i] + 0.5F); };
-    return channel(0) << 16U | channel(1) << 8U | channel(2);
-}
 
 class Picture {
 public:
     Picture(std::size_t width, std::size_t height)
         : width_(width), height_(height), pixels_(width * height, none) {}
 
-    /// Interpolates a square between its corners.
-    void Fill(Grid const& grid, std::size_t column, std::size_t row, std::size_t left, std::size_t top,
-              std::size_t size) {
-        Corner const upperRight = grid.At(column + 1, row);
-        Corner const lowerRight = grid.At(column + 1, row + 1);
-        Corner const leftStep = Step(grid.At(column, row), grid.At(column, row + 1), size);
-        Corner const rightStep = Step(upperRight, lowerRight, size);
-        Corner atLeft = grid.At(column, row);
-        Corner atRight = upperRight;
-        std::size_t const right = std::min(left + size, width_);
-        std::size_t const bottom = std::min(top + size, height_);
-        for (std::size_t y = top; y < bottom; ++y) {
-            Corner color = atLeft;
-            Corner const step = Step(atLeft, atRight, size);
-            std::uint32_t* const pixels = pixels_.data() + y * width_;
-            for (std::size_t x = left; x < right; ++x) {
-                if (IsInside(color)) pixels[x] = Packed(color);
-                color = color + step;
-            }
-            atLeft = atLeft + leftStep;
-            atRight = atRight + rightStep;
-        }
-    }
+    std::size_t GetWidth() const { return width_; }
+    std::size_t GetHeight() const { return height_; }
+    std::uint32_t* GetRow(std::size_t y) { return pixels_.data() + y * width_; }
 
     /// Gives all pixels without a colour one.
     std::vector<std::uint32_t> Finish(GamutPlane::Colours const& colours) {
@@ -100,14 +29,17 @@ public:
 private:
     void DrawEdge(std::uint32_t edge) {
         std::vector<std::size_t> found;
+        // All bits of the highest byte are set in pixels without a colour alone, and beyond the picture.
+        std::vector<std::uint32_t> const beyond(width_, none);
         for (std::size_t y = 0; y < height_; ++y) {
             std::uint32_t const* const row = pixels_.data() + y * width_;
+            std::uint32_t const* const above = y > 0 ? row - width_ : beyond.data();
+            std::uint32_t const* const below = y + 1 < height_ ? row + width_ : beyond.data();
             for (std::size_t x = 0; x < width_; ++x) {
                 if (row[x] != none) continue;
-                bool const meets = (x > 0 && row[x - 1] != none) || (x + 1 < width_ && row[x + 1] != none) ||
-                                   (y > 0 && row[x - width_] != none) ||
-                                   (y + 1 < height_ && row[x + width_] != none);
-                if (meets) found.push_back(y * width_ + x);
+                std::uint32_t const left = x > 0 ? row[x - 1] : none;
+                std::uint32_t const right = x + 1 < width_ ? row[x + 1] : none;
+                if ((left & right & above[x] & below[x]) < none) found.push_back(y * width_ + x);
             }
         }
         for (std::size_t const at : found) pixels_[at] = edge;
@@ -118,6 +50,67 @@ private:
     std::vector<std::uint32_t> pixels_;
 };
 
+void ComputeEach(ScreenModel const& model, GamutPlane::Place const& place, Picture& picture) {
+    // A closer look is dear: where it finds nothing at both ends of a stretch, there is nothing between.
+    constexpr std::size_t stretch = 12;
+    std::size_t const width = picture.GetWidth();
+    ScreenModel::Row row;
+    for (std::size_t i = 0; i < 3; ++i) {
+        row.lab[i].resize(width);
+        row.light[i].resize(width);
+    }
+    row.beyond.resize(width);
+    for (std::size_t y = 0; y < picture.GetHeight(); ++y) {
+        auto const first = place.At(0, static_cast<double>(y));
+        for (std::size_t i = 0; i < 3; ++i) {
+            auto const begin = static_cast<float>(first[i]);
+            auto const step = static_cast<float>(place.perColumn[i]);
+            for (std::size_t x = 0; x < width; ++x)
+                row.lab[i][x] = begin + step * static_cast<float>(static_cast<int>(x));
+        }
+        model.ToLight(row);
+        auto const look = [&](std::size_t x) {
+            if (row.beyond[x] <= 0) return true;
+            return row.beyond[x] < ScreenModel::certainlyBeyond &&
+                   model.IsWithinTolerance({row.lab[0][x], row.lab[1][x], row.lab[2][x]},
+                                           {row.light[0][x], row.light[1][x], row.light[2][x]});
+        };
+        std::uint32_t* const pixels = picture.GetRow(y);
+        bool isEndInside = width != 0 && look(0);
+        for (std::size_t begin = 0; begin < width; begin += stretch) {
+            std::size_t const end = std::min(begin + stretch, width);
+            bool const isBeginInside = isEndInside;
+            isEndInside = look(std::min(end, width - 1));
+            bool const isLookedAt = isBeginInside || isEndInside;
+            for (std::size_t x = begin; x < end; ++x) {
+                if (row.beyond[x] > 0 && !(isLookedAt && look(x))) continue;
+                auto const channel = [&](std::size_t i) {
+                    return static_cast<std::uint32_t>(
+                        static_cast<int>(model.ToDevice(i, row.light[i][x]) + 0.5F));
+                };
+                pixels[x] = channel(0) << 16U | channel(1) << 8U | channel(2);
+            }
+        }
+    }
+}
+
+/// For any screen.
+void ConvertEach(GamutPlane::Transform const& transform, GamutPlane::Place const& place, Picture& picture) {
+    std::size_t const width = picture.GetWidth();
+    std::vector<double> wanted(3 * width);
+    std::vector<Norvelian::ColorExchangeFormat::ScreenColour> shown(width);
+    for (std::size_t y = 0; y < picture.GetHeight(); ++y) {
+        for (std::size_t x = 0; x < width; ++x)
+            std::ranges::copy(place.At(static_cast<double>(x), static_cast<double>(y)),
+                              wanted.begin() + static_cast<std::ptrdiff_t>(3 * x));
+        transform.Convert(wanted, shown);
+        for (std::size_t x = 0; x < width; ++x)
+            if (shown[x].IsInGamut())
+                picture.GetRow(y)[x] = std::uint32_t{shown[x].GetRed()} << 16U |
+                                       std::uint32_t{shown[x].GetGreen()} << 8U | shown[x].GetBlue();
+    }
+}
+
 } // namespace
 
 GamutPlane::Lab GamutPlane::Place::At(double column, double row) const {
@@ -126,26 +119,13 @@ GamutPlane::Lab GamutPlane::Place::At(double column, double row) const {
     return lab;
 }
 
-std::vector<std::uint32_t> GamutPlane::Compute(Transform const& transform, Place const& place,
-                                               std::size_t width, std::size_t height,
-                                               Colours const& colours) {
-    std::size_t const columns = (width + cell - 1) / cell;
-    std::size_t const rows = (height + cell - 1) / cell;
-    Grid const grid(transform, place, 0, 0, columns + 1, rows + 1, cell);
+std::vector<std::uint32_t> GamutPlane::Compute(Place const& place, std::size_t width, std::size_t height,
+                                               Colours const& colours) const {
     Picture picture(width, height);
-    for (std::size_t row = 0; row < rows; ++row)
-        for (std::size_t column = 0; column < columns; ++column) {
-            int const inside = IsInside(grid.At(column, row)) + IsInside(grid.At(column + 1, row)) +
-                               IsInside(grid.At(column, row + 1)) + IsInside(grid.At(column + 1, row + 1));
-            std::size_t const left = column * cell;
-            std::size_t const top = row * cell;
-            if (inside == 4) picture.Fill(grid, column, row, left, top, cell);
-            if (inside == 0 || inside == 4) continue;
-            Grid const finer(transform, place, static_cast<double>(left), static_cast<double>(top), 3, 3,
-                             half);
-            for (std::size_t part = 0; part < 4; ++part)
-                picture.Fill(finer, part % 2, part / 2, left + part % 2 * half, top + part / 2 * half, half);
-        }
+    if (model_.IsValid())
+        ComputeEach(model_, place, picture);
+    else
+        ConvertEach(*transform_, place, picture);
     return picture.Finish(colours);
 }
 

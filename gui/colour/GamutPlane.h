@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cxf/samples/ScreenTransform.h"
+#include "gui/colour/ScreenModel.h"
 
 #include <array>
 #include <cstddef>
@@ -12,13 +12,12 @@ namespace GUI {
 /// A plane through CIE L*a*b* (D50, 2 degrees), computed for the pixels of a picture: the colours that a
 /// screen can show, and beside them a flat colour, with a line along the border.
 ///
-/// Colours are converted at every eighth pixel and interpolated between: within one unit of 255 of the
-/// conversion of each pixel, and an order of magnitude cheaper (bench/, charts.plane-512). Where the gamut
-/// ends the points are twice as dense; the border is where the interpolated difference between the wanted
-/// and the shown colour passes the tolerance.
+/// For screens with three curves behind a matrix the colours are within one unit of 255 of the conversion of
+/// each pixel, and the border is exact to the pixel except where the gamut juts out by less than twelve; see
+/// `ScreenModel`. Of other screens each pixel is converted, which takes some ten times as long.
 class GamutPlane {
 public:
-    using Transform = Norvelian::ColorExchangeFormat::ScreenTransform;
+    using Transform = ScreenModel::Transform;
     /// L*, a*, b*.
     using Lab = std::array<double, 3>;
 
@@ -41,9 +40,17 @@ public:
         bool operator==(Colours const&) const = default;
     };
 
+    /// The transform must live as long as this; what it gives must not change.
+    explicit GamutPlane(Transform const& transform) : transform_(&transform), model_(transform) {}
+
     /// By rows from the top.
-    static std::vector<std::uint32_t> Compute(Transform const& transform, Place const& place,
-                                              std::size_t width, std::size_t height, Colours const& colours);
+    std::vector<std::uint32_t> Compute(Place const& place, std::size_t width, std::size_t height,
+                                       Colours const& colours) const;
+    Transform const& GetTransform() const { return *transform_; }
+
+private:
+    Transform const* transform_;
+    ScreenModel model_;
 };
 
 } // namespace GUI

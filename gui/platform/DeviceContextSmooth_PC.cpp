@@ -2,7 +2,10 @@
 // painter draws them.
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <map>
 #include <numbers>
 
 namespace GUI {
@@ -69,6 +72,36 @@ Contour Sector(SmoothPoint center, double radius, double start, double sweep, do
 
 void Reverse(Contour& contour) { std::reverse(contour.begin(), contour.end()); }
 
+struct SmoothEllipse {
+    SmoothRaster::Figure whole;
+    SmoothRaster::Figure outline;
+};
+
+/// Of a box and a pen inside it. Spots come in runs of one size: the last figures are kept.
+SmoothEllipse const& EllipseOf(int width, int height, int pen) {
+    constexpr std::size_t most = 64;
+    static std::map<std::array<int, 3>, SmoothEllipse> known;
+    std::array<int, 3> const key{width, height, pen};
+    if (auto const found = known.find(key); found != known.end()) return found->second;
+    if (known.size() >= most) known.clear();
+    SmoothEllipse& ellipse = known[key];
+    SmoothPoint const center{width / 2.0, height / 2.0};
+    Contour outer;
+    AddArc(outer, center, center.x, center.y, 0, 2 * pi);
+    SmoothRaster raster(nullptr, 0, {});
+    raster.AddContour(outer);
+    ellipse.whole = raster.TakeFigure();
+    raster.AddContour(outer);
+    if (pen < center.x && pen < center.y) {
+        Contour inner;
+        AddArc(inner, center, center.x - pen, center.y - pen, 0, 2 * pi);
+        Reverse(inner);
+        raster.AddContour(inner);
+    }
+    ellipse.outline = raster.TakeFigure();
+    return ellipse;
+}
+
 } // namespace
 
 bool PlatformIndependentDeviceContext_PC::IsSmooth() {
@@ -111,26 +144,15 @@ bool PlatformIndependentDeviceContext_PC::DrawSmoothEllipse(short left, short to
         OnDevice(QPoint(static_cast<int>(left - before), static_cast<int>(top - before)));
     SmoothPoint const end =
         OnDevice(QPoint(static_cast<int>(right + before), static_cast<int>(bottom + before)));
-    SmoothPoint const center{(corner.x + end.x) / 2, (corner.y + end.y) / 2};
-    double const a = (end.x - corner.x) / 2;
-    double const b = (end.y - corner.y) / 2;
-    SmoothRaster raster = raster_->GetSmooth();
-    Contour outer;
-    AddArc(outer, center, a, b, 0, 2 * pi);
-    Contour inner;
-    double const pen = PenBreadth();
-    if (pen < a && pen < b) AddArc(inner, center, a - pen, b - pen, 0, 2 * pi);
+    SmoothRaster const raster = raster_->GetSmooth();
+    auto const x = static_cast<int>(corner.x);
+    auto const y = static_cast<int>(corner.y);
+    int const pen = HasPen() ? PenSize() : 0;
     bool const isOneColor = filled && (!HasPen() || penColor_ == brushColor_);
-    if (filled && !isOneColor && !inner.empty()) {
-        raster.AddContour(outer);
-        raster.Fill(ToPixel(brushColor_));
-    }
-    raster.AddContour(outer);
-    if (!isOneColor && !inner.empty()) {
-        Reverse(inner);
-        raster.AddContour(inner);
-    }
-    raster.Fill(ToPixel(HasPen() ? penColor_ : brushColor_));
+    auto const& [whole, outline] =
+        EllipseOf(static_cast<int>(end.x) - x, static_cast<int>(end.y) - y, isOneColor ? 0 : pen);
+    if (filled) raster.Draw(whole, x, y, ToPixel(brushColor_));
+    if (!isOneColor) raster.Draw(outline, x, y, ToPixel(penColor_));
     return true;
 }
 

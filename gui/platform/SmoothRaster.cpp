@@ -18,6 +18,13 @@ void Blend(std::uint32_t& pixel, std::uint32_t color, std::uint32_t share) {
     pixel = 0xFF000000 | redBlue | green;
 }
 
+void DrawRun(std::uint32_t* row, int begin, int end, std::uint32_t share, std::uint32_t color) {
+    if (share == 256)
+        for (int x = begin; x < end; ++x) row[x] = color;
+    else
+        for (int x = begin; x < end; ++x) Blend(row[x], color, share);
+}
+
 constexpr int fraction = 16;
 constexpr std::int64_t one = std::int64_t{1} << fraction;
 std::int64_t ToFixed(double value) { return static_cast<std::int64_t>(std::floor(value * one + 0.5)); }
@@ -238,12 +245,7 @@ void SmoothRaster::AddContour(std::span<SmoothPoint const> points) {
     }
 }
 
-void SmoothRaster::Fill(std::uint32_t color) {
-    for (PixelBox const& clip : clip_) FillIn(clip, color);
-    edges_.clear();
-}
-
-void SmoothRaster::FillIn(PixelBox const& clip, std::uint32_t color) const {
+template <class Visitor> void SmoothRaster::Visit(PixelBox const& clip, Visitor visitor) const {
     if (clip.IsEmpty() || edges_.empty()) return;
     // Only the part of the clip that the figure is in, so that small figures touch little memory.
     constexpr double far = 1e6;
@@ -268,14 +270,33 @@ void SmoothRaster::FillIn(PixelBox const& clip, std::uint32_t color) const {
     for (Edge const& edge : edges_)
         coverage.AddEdge({edge.from.x - box.left, edge.from.y - box.top},
                          {edge.to.x - box.left, edge.to.y - box.top});
-    std::uint32_t* const corner = bits_ + box.top * pixelsPerRow_ + box.left;
     coverage.Flush([&](int row, int begin, int end, std::uint32_t share) {
-        std::uint32_t* const pixels = corner + row * pixelsPerRow_;
-        if (share == 256)
-            std::fill(pixels + begin, pixels + end, color);
-        else
-            for (int x = begin; x < end; ++x) Blend(pixels[x], color, share);
+        visitor(Run{row + box.top, begin + box.left, end + box.left, share});
     });
+}
+
+void SmoothRaster::Fill(std::uint32_t color) {
+    for (PixelBox const& clip : clip_)
+        Visit(clip, [&](Run const& run) { DrawRun(Row(run.y), run.begin, run.end, run.share, color); });
+    edges_.clear();
+}
+
+SmoothRaster::Figure SmoothRaster::TakeFigure() {
+    constexpr int far = 32767;
+    Figure figure;
+    Visit({-far, -far, far, far}, [&](Run const& run) { figure.push_back(run); });
+    edges_.clear();
+    return figure;
+}
+
+void SmoothRaster::Draw(Figure const& figure, int x, int y, std::uint32_t color) const {
+    for (PixelBox const& clip : clip_)
+        for (Run const& run : figure) {
+            int const row = y + run.y;
+            if (row < clip.top || row >= clip.bottom) continue;
+            DrawRun(Row(row), std::max(x + run.begin, clip.left), std::min(x + run.end, clip.right),
+                    run.share, color);
+        }
 }
 
 } // namespace GUI

@@ -34,8 +34,21 @@ public:
     void AddContour(std::span<SmoothPoint const> points);
     void Fill(std::uint32_t color);
 
+    /// A stretch of a row of which a figure covers the same share everywhere, in parts of 256.
+    struct Run {
+        int y;
+        int begin;
+        int end;
+        std::uint32_t share;
+    };
+    using Figure = std::vector<Run>;
+    /// What `Fill` would draw without a clip, to be drawn many times.
+    Figure TakeFigure();
+    void Draw(Figure const& figure, int x, int y, std::uint32_t color) const;
+
 private:
-    void FillIn(PixelBox const& clip, std::uint32_t color) const;
+    template <class Visitor> void Visit(PixelBox const& clip, Visitor visitor) const;
+    std::uint32_t* Row(int y) const { return bits_ + y * pixelsPerRow_; }
 
     std::uint32_t* bits_;
     std::ptrdiff_t pixelsPerRow_;
