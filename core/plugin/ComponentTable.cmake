@@ -11,8 +11,10 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/Button_PC.cpp
   gui/controls/CheckBox_PC.cpp
   gui/colour/CirclePatch.cpp
+  gui/colour/ColorGraph.cpp
   gui/controls/ColorImageButton.cpp
   services/ColorLibraryTextAdapter.cpp
+  gui/colour/ColorWheel.cpp
   gui/charts/CrossGraph.cpp
   gui/shell/Dialog_PC.cpp
   gui/controls/DropDown_PC.cpp
@@ -23,7 +25,9 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/layout/GUIDSwitcher.cpp
   gui/layout/GumBox.cpp
   gui/layout/Boxes.cpp
+  gui/colour/PalimarSky.cpp
   gui/controls/ImageButton.cpp
+  gui/colour/ImagePatch.cpp
   services/ImageService.cpp
   gui/charts/LabChart.cpp
   gui/charts/LabGraph.cpp
@@ -64,6 +68,10 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/ScaleNumbers.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
+  gui/colour/GamutPlane.cpp
+  gui/colour/HarmonyElement.cpp
+  gui/colour/ScreenModel.cpp
+  gui/colour/SkyDrawing.cpp
   gui/controls/ButtonPictures.cpp
   gui/controls/CheckBox.cpp
   gui/controls/ChoiceControl.cpp
@@ -89,6 +97,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
   gui/layout/ToolRow.cpp
+  gui/platform/DeviceContextSmooth_PC.cpp
   gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp
   gui/platform/Fonts_PC.cpp
@@ -99,6 +108,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/PixelSurface.cpp
   gui/platform/RasterSurface.cpp
   gui/platform/ShapedTexts_PC.cpp
+  gui/platform/SmoothRaster.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
   gui/platform/DropData_PC.cpp

@@ -1,4 +1,4 @@
-// What the device context leaves to Qt's painter: text and images.
+// What the device context leaves to Qt's painter: text, images and computed pictures.
 #include "Utilities/NamingService.h"
 #include "gui/elements/drawing/ImageServiceInterface.h"
 #include "gui/platform/Color_PC.h"
@@ -9,6 +9,7 @@
 #include "gui/platform/TextConversion_PC.h"
 
 #include <QFontMetrics>
+#include <QImage>
 #include <utility>
 
 namespace GUI {
@@ -39,6 +40,27 @@ void PlatformIndependentDeviceContext_PC::DrawImage(short x, short y, String con
         QPainter& painter = PainterAt(x, y);
         picture->DrawInTone(0, 0, painter, ToColor(textColor_));
     }
+}
+
+void PlatformIndependentDeviceContext_PC::DrawPixels(short left, short top, short right, short bottom,
+                                                     std::span<std::uint32_t const> colors, long width) {
+    FlushLines();
+    if (left >= right || top >= bottom || width <= 0) return;
+    long const height = static_cast<long>(colors.size()) / width;
+    if (height == 0) return;
+    QImage const picture(reinterpret_cast<uchar const*>(colors.data()), static_cast<int>(width),
+                         static_cast<int>(height), width * 4, QImage::Format_RGB32);
+    QPainter& painter = Painter(HasGrid() ? Space::Device : Space::Part);
+    QPointF const corner = HasGrid() ? QPointF(grid_.X(left), grid_.Y(top)) : QPointF(left, top);
+    QPointF const end = HasGrid() ? QPointF(grid_.X(right), grid_.Y(bottom)) : QPointF(right, bottom);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    painter.drawImage(QRectF(corner, end), picture);
+}
+
+double PlatformIndependentDeviceContext_PC::GetScale() {
+    if (raster_) return grid_.scale;
+    if (!painterStarted_) StartPainter();
+    return painterHasPixels_ ? grid_.scale : 1;
 }
 
 QPainter& PlatformIndependentDeviceContext_PC::PainterAt(short x, short y) {

@@ -5,6 +5,9 @@
 #include "core/base/String.h"
 #include "gui/elements/colour/Theme.h"
 
+#include <cstdint>
+#include <span>
+
 namespace GUI {
 
 /// The surface of one paint.
@@ -94,6 +97,16 @@ public:
     virtual void DrawText(short x, short y, Utilities::String const& text) = 0;
     /// The size of a text in the selected font; an empty one has the width 0.
     virtual void GetTextExtent(Utilities::String const& text, long& width, long& height) = 0;
+
+    /// Whether lines that aren't parallel to an axis, curves, and the edges of round and slanted figures are
+    /// drawn with antialiasing until the next call. No paint begins with it.
+    virtual void SetSmooth(bool /*smooth*/) {}
+    /// Colours by rows from the top, each 0xRRGGBB, stretched over a box. `width` is how many are in a row;
+    /// each fills its share of the box, without mixing.
+    virtual void DrawPixels(short left, short top, short right, short bottom,
+                            std::span<std::uint32_t const> colors, long width) = 0;
+    /// Pixels of the device a pixel: what a picture that is computed for the screen is computed for.
+    virtual double GetScale() { return 1; }
 
 protected:
     /// The colour as it is drawn.
