@@ -14,6 +14,7 @@
 #include <QMimeData>
 #include <QPaintEvent>
 #include <QScrollBar>
+#include <QStyleOptionSlider>
 #include <algorithm>
 #include <limits>
 #include <optional>
@@ -65,6 +66,30 @@ public:
     QPaintDevice* GetRedirected(QPoint& offset) const { return redirected(&offset); }
 };
 
+/// Repaints only when its slider is seen to move: with a million rows that is hardly ever, and painting a bar
+/// takes longer than the row that scrolling brings.
+class StillScrollBar : public QScrollBar {
+public:
+    using QScrollBar::QScrollBar;
+
+protected:
+    void sliderChange(SliderChange change) override {
+        if (change != SliderValueChange) return QScrollBar::sliderChange(change);
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        QRect const slider =
+            style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
+        // At both ends a button may look otherwise.
+        bool const atEnd = value() == minimum() || value() == maximum();
+        if (slider != std::exchange(slider_, slider) || atEnd != std::exchange(atEnd_, atEnd))
+            QScrollBar::sliderChange(change);
+    }
+
+private:
+    QRect slider_;
+    bool atEnd_ = true;
+};
+
 } // namespace
 
 CNorvelianGridCtrl::CNorvelianGridCtrl(QWidget* parent) : QAbstractScrollArea(parent) {
@@ -75,6 +100,7 @@ CNorvelianGridCtrl::CNorvelianGridCtrl(QWidget* parent) : QAbstractScrollArea(pa
     // The table paints all its pixels, so that they can be moved, and nothing is painted behind it.
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
+    setVerticalScrollBar(new StillScrollBar(Qt::Vertical));
     verticalScrollBar()->setSingleStep(1);
     horizontalScrollBar()->setSingleStep(static_cast<int>(CGXGridCore::defaultHeight));
     setAutoFillBackground(true);

@@ -299,7 +299,8 @@ void Grid_PC::UpdateRows(GridRange const& rows) {
 }
 
 void Grid_PC::OnRowsShown(long first, long last) {
-    if (virtual_ && FetchRows(first, last)) GetControl()->Redraw();
+    // What is filled in is painted by itself.
+    if (virtual_) FetchRows(first, last);
 }
 
 bool Grid_PC::FetchRows(long first, long last) {

@@ -38,16 +38,23 @@ void GridDrawing::SelectFont(CGXStyle const& style) {
     String const& face = style.fontName ? *style.fontName : normalFace;
     short const size = style.GetFontSize();
     bool const bold = style.bold.value_or(false);
-    if (hasFont_ && size == size_ && bold == bold_ && face == face_) return;
-    hasFont_ = true;
-    face_ = face;
-    size_ = size;
-    bold_ = bold;
+    auto const isIt = [&](GridFonts::Font const& font) {
+        return font.size == size && font.bold == bold && font.face == face;
+    };
+    if (font_.lineHeight != 0 && isIt(font_)) return;
     context_.SetFont(size, 0, 0, face, bold ? PlatformIndependentDeviceContext::boldFont : short{0});
+    if (auto const known = std::ranges::find_if(fonts_.measured, isIt); known != fonts_.measured.end()) {
+        font_ = *known;
+        return;
+    }
     long at = 0;
-    context_.GetTextExtent("W", widest_, lineHeight_);
-    context_.GetTextExtent("@", at, lineHeight_);
-    widest_ = std::max(widest_, at);
+    font_ = {face, size, bold, 0, 0};
+    context_.GetTextExtent("W", font_.widest, font_.lineHeight);
+    context_.GetTextExtent("@", at, font_.lineHeight);
+    font_.widest = std::max(font_.widest, at);
+    constexpr std::size_t most = 64;
+    if (fonts_.measured.size() == most) fonts_.measured.clear();
+    fonts_.measured.push_back(font_);
 }
 
 long GridDrawing::GetTextWidth(String const& text) {
@@ -64,13 +71,13 @@ void GridDrawing::Text(GridBox const& box, CGXStyle const& style, String const& 
     context_.SetTextColor(color);
     GridBox line{box.left + margin, box.top, box.right - margin, box.bottom};
     if (text.GetStdString().find('\n') == std::string::npos) {
-        line.top += std::max((box.GetHeight() - lineHeight_) / 2, 0L);
+        line.top += std::max((box.GetHeight() - font_.lineHeight) / 2, 0L);
         return TextLine(line, text, alignment);
     }
-    long const rooms = std::max(box.GetHeight() / std::max(lineHeight_, 1L), 1L);
+    long const rooms = std::max(box.GetHeight() / std::max(font_.lineHeight, 1L), 1L);
     long const lines = std::min(text.GetTokenCount('\n'), rooms);
-    line.top += std::max((box.GetHeight() - lines * lineHeight_) / 2, 0L);
-    for (long i = 0; i < lines; ++i, line.top += lineHeight_)
+    line.top += std::max((box.GetHeight() - lines * font_.lineHeight) / 2, 0L);
+    for (long i = 0; i < lines; ++i, line.top += font_.lineHeight)
         // The last line shows that there are more.
         TextLine(line,
                  i + 1 == lines && lines < text.GetTokenCount('\n')
@@ -80,7 +87,7 @@ void GridDrawing::Text(GridBox const& box, CGXStyle const& style, String const& 
 }
 
 void GridDrawing::TextLine(GridBox const& box, String const& text, GridAlignment alignment) {
-    bool const surelyFits = text.Length() * widest_ <= box.GetWidth();
+    bool const surelyFits = text.Length() * font_.widest <= box.GetWidth();
     if (surelyFits && alignment == GridAlignment::Left)
         return context_.DrawText(ToShort(box.left), ToShort(box.top), text);
     long width = GetTextWidth(text);

@@ -4,6 +4,7 @@
 #include "gui/grid/model/CGXStyle.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace GUI {
 
@@ -42,12 +43,26 @@ struct GridColors {
     RGBVector accent{29, 95, 166};
 };
 
+/// What was measured of fonts. Measuring takes as long as drawing a cell, so who paints again keeps this.
+struct GridFonts {
+    struct Font {
+        Utilities::String face;
+        short size = 0;
+        bool bold = false;
+        long lineHeight = 0;
+        /// No character is wider for each of its bytes.
+        long widest = 0;
+    };
+    std::vector<Font> measured;
+};
+
 /// A device context in which fonts, pens and brushes are set only where they change: a page has hundreds of
 /// cells of the same style.
 class GridDrawing {
 public:
-    GridDrawing(PlatformIndependentDeviceContext& context, GridColors const& colors, char decimalSign)
-        : context_(context), colors_(colors), decimalSign_(decimalSign) {}
+    GridDrawing(PlatformIndependentDeviceContext& context, GridColors const& colors, char decimalSign,
+                GridFonts& fonts)
+        : context_(context), colors_(colors), decimalSign_(decimalSign), fonts_(fonts) {}
 
     GridColors const& GetColors() const { return colors_; }
     char GetDecimalSign() const { return decimalSign_; }
@@ -62,7 +77,7 @@ public:
               RGBVector const& color, GridAlignment alignment);
     void SelectFont(CGXStyle const& style);
     long GetTextWidth(Utilities::String const& text);
-    long GetLineHeight() const { return lineHeight_; }
+    long GetLineHeight() const { return font_.lineHeight; }
 
     static constexpr long margin = 4;
 
@@ -73,13 +88,9 @@ private:
     PlatformIndependentDeviceContext& context_;
     GridColors const& colors_;
     char decimalSign_;
-    Utilities::String face_;
-    short size_ = 0;
-    bool bold_ = false;
-    bool hasFont_ = false;
-    long lineHeight_ = 0;
-    /// No character is wider for each of its bytes.
-    long widest_ = 0;
+    GridFonts& fonts_;
+    /// The selected one; none as long as nothing was measured of it.
+    GridFonts::Font font_;
 };
 
 } // namespace GUI

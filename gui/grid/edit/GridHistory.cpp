@@ -86,30 +86,36 @@ std::size_t GridHistory::EndOf(std::size_t step) const {
     return step + 1 < steps_.size() ? steps_[step + 1].first : changes_.size();
 }
 
-GridHistory::Touched GridHistory::Exchange(std::size_t step, bool backward) {
-    Touched touched;
+GridHistory::Touched const& GridHistory::Exchange(std::size_t step, bool backward) {
+    touched_.cells.clear();
+    touched_.arrangement = false;
     Step const& each = steps_[step];
     std::size_t const end = EndOf(step);
     // Lines hold whatever the arrangement is, so the two need no order.
     if (each.arrangement >= 0) {
-        touched.arrangement = true;
+        touched_.arrangement = true;
         auto& kept = arrangements_[static_cast<std::size_t>(each.arrangement)];
         CGXGridCore::Arrangement former = core_.GetArrangement();
         core_.SetArrangement(std::exchange(kept, std::move(former)));
     }
-    touched.cells.reserve(end - each.first);
     for (std::size_t i = each.first; i < end; ++i) {
         GridChange& change = changes_[backward ? end - 1 - (i - each.first) : i];
         core_.Exchange(change);
-        touched.cells.push_back(core_.GetPlace(change.row, change.column));
+        touched_.cells.push_back(core_.GetPlace(change.row, change.column));
     }
     merging_ = false;
-    return touched;
+    return touched_;
 }
 
-GridHistory::Touched GridHistory::Undo() { return CanUndo() ? Exchange(--done_, true) : Touched(); }
+GridHistory::Touched const& GridHistory::Undo() {
+    static Touched const nothing;
+    return CanUndo() ? Exchange(--done_, true) : nothing;
+}
 
-GridHistory::Touched GridHistory::Redo() { return CanRedo() ? Exchange(done_++, false) : Touched(); }
+GridHistory::Touched const& GridHistory::Redo() {
+    static Touched const nothing;
+    return CanRedo() ? Exchange(done_++, false) : nothing;
+}
 
 void GridHistory::Clear() {
     steps_.clear();

@@ -41,8 +41,9 @@ public:
 
     bool CanUndo() const { return done_ > 0; }
     bool CanRedo() const { return done_ < steps_.size(); }
-    Touched Undo();
-    Touched Redo();
+    /// The answer is good until the next call.
+    Touched const& Undo();
+    Touched const& Redo();
     /// The table was changed past the history.
     void Clear();
     /// Steps that can be undone.
@@ -66,12 +67,13 @@ private:
     void ForgetUndone();
     void ForgetOldest();
     std::size_t EndOf(std::size_t step) const;
-    Touched Exchange(std::size_t step, bool backward);
+    Touched const& Exchange(std::size_t step, bool backward);
 
     CGXGridCore& core_;
     std::vector<Step> steps_;
     std::vector<GridChange> changes_;
     std::vector<CGXGridCore::Arrangement> arrangements_;
+    Touched touched_;
     std::size_t done_ = 0;
     int depth_ = 0;
     bool stepOpen_ = false;

@@ -98,17 +98,17 @@ String const& CGXGridCore::GetText(GridPlace const& place) const {
 
 void CGXGridCore::SetText(GridPlace const& place, String text) {
     if (HasPlace(place))
-        rows_.Make(GetRowLine(place.row)).Make(GetColumnLine(place.column)).text = std::move(text);
+        MakeCell(GetRowLine(place.row), GetColumnLine(place.column)).text = std::move(text);
 }
 
 void CGXGridCore::SetCell(Line row, Line column, CGXStyle const& style) {
-    GridCell& cell = rows_.Make(row).Make(column);
+    GridCell& cell = MakeCell(row, column);
     if (style.value) cell.text = *style.value;
     if (!style.IsPlain()) cell.style = Combine(cell.style, style, true);
 }
 
 void CGXGridCore::Exchange(GridChange& change) {
-    std::swap(rows_.Make(change.row).Make(change.column), change.cell);
+    std::swap(MakeCell(change.row, change.column), change.cell);
 }
 
 // ------------------------------------------------------------------ styles
@@ -168,7 +168,7 @@ void CGXGridCore::SetStyle(GridRange const& range, CGXStyle const& style, bool m
 }
 
 void CGXGridCore::SetCellStyle(GridPlace const& place, CGXStyle const& style, bool merge) {
-    GridCell& cell = rows_.Make(GetRowLine(place.row)).Make(GetColumnLine(place.column));
+    GridCell& cell = MakeCell(GetRowLine(place.row), GetColumnLine(place.column));
     cell.style = Combine(cell.style, style, merge);
 }
 

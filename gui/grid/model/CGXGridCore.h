@@ -125,6 +125,9 @@ public:
     /// @}
 
 private:
+    GridCell& MakeCell(Line row, Line column) {
+        return rows_.Make(row).Make(column, static_cast<std::size_t>(GetColumnCount()) + 1);
+    }
     CGXStyleTable::Id Combine(CGXStyleTable::Id former, CGXStyle const& style, bool merge);
     void SetCellStyle(GridPlace const& place, CGXStyle const& style, bool merge);
     CGXStyleTable::Id GetColumnStyle(Line line) const {

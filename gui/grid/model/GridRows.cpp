@@ -1,5 +1,7 @@
 #include "gui/grid/model/GridRows.h"
 
+#include <algorithm>
+
 namespace GUI {
 
 GridCell const& GridRow::Get(GridOrder::Line column) const {
@@ -7,7 +9,10 @@ GridCell const& GridRow::Get(GridOrder::Line column) const {
     return column < cells.size() ? cells[column] : none;
 }
 
-GridCell& GridRow::Make(GridOrder::Line column) {
+GridCell& GridRow::Make(GridOrder::Line column, std::size_t most) {
+    constexpr std::size_t few = 8;
+    if (column >= cells.capacity())
+        cells.reserve(std::max<std::size_t>(column + 1, std::min(most, std::max(2 * cells.capacity(), few))));
     if (column >= cells.size()) cells.resize(column + 1);
     return cells[column];
 }

@@ -20,7 +20,8 @@ struct GridRow {
     std::vector<GridCell> cells;
 
     GridCell const& Get(GridOrder::Line column) const;
-    GridCell& Make(GridOrder::Line column);
+    /// Room is made for up to `most` cells, twice as much each time.
+    GridCell& Make(GridOrder::Line column, std::size_t most);
 };
 
 /// The cells of a table by line, in blocks that exist once something is set in them. A table whose data come

@@ -117,6 +117,7 @@ public:
     void Redraw();
     void SetColors(GridColors const& colors) { colors_ = colors; }
     GridColors const& GetColors() const { return colors_; }
+    GridFonts& GetFonts() const { return fonts_; }
     void SetDecimalSign(char sign) { decimalSign_ = sign; }
     char GetDecimalSign() const { return decimalSign_; }
     void SetEnabled(bool enabled) { enabled_ = enabled; }
@@ -219,7 +220,7 @@ private:
     void OnArranged();
     void UpdateScrollBars();
     void TellRowsShown();
-    void ShowTouched(GridHistory::Touched const& touched);
+    void ShowTouched(GridHistory::Touched touched);
     void SetText(GridPlace const& place, Utilities::String const& text, bool merges);
     bool React(CGXControl::Reaction const& reaction, GridPlace const& place);
     void DragEdge(long pixel);
@@ -235,6 +236,7 @@ private:
     GridViewport view_{core_};
     GridSelection selection_;
     GridColors colors_;
+    mutable GridFonts fonts_;
     GridObserver* observer_ = nullptr;
     char decimalSign_ = '.';
     bool virtual_ = false;

@@ -46,7 +46,7 @@ void CGXGridWnd::SetText(GridPlace const& place, String const& text, bool merges
     if (observer_) observer_->OnEndEditing(place);
 }
 
-void CGXGridWnd::ShowTouched(GridHistory::Touched const& touched) {
+void CGXGridWnd::ShowTouched(GridHistory::Touched touched) {
     if (touched.arrangement) OnArranged();
     for (GridPlace const& place : touched.cells) RepaintCell(place);
     if (touched.cells.size() == 1) {

@@ -9,7 +9,7 @@ using Utilities::String;
 GridPainter::GridPainter(CGXGridWnd const& grid, PlatformIndependentDeviceContext& context,
                          GridBox const& box)
     : grid_(grid), core_(grid.GetCore()), view_(grid.GetViewport()),
-      drawing_(context, grid.GetColors(), grid.GetDecimalSign()),
+      drawing_(context, grid.GetColors(), grid.GetDecimalSign(), grid.GetFonts()),
       box_(box.Meet({0, 0, view_.columns.extent, view_.rows.extent})) {}
 
 void GridPainter::Paint() {
