@@ -21,6 +21,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/Edit_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
+  gui/grid/Grid_PC.cpp
   gui/layout/GUIDSwitch.cpp
   gui/layout/GUIDSwitcher.cpp
   gui/layout/GumBox.cpp
@@ -93,6 +94,29 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/controls/ScrollBar.cpp
   gui/controls/TextAdaption.cpp
   gui/layout/FramePanel.cpp
+  gui/grid/CNorvelianAccessibleGrid.cpp
+  gui/grid/CNorvelianGridCtrl.cpp
+  gui/grid/Grid.cpp
+  gui/grid/GridCellMap.cpp
+  gui/grid/GridPages.cpp
+  gui/grid/controls/CGXControl.cpp
+  gui/grid/controls/GridDrawing.cpp
+  gui/grid/edit/GridExchange.cpp
+  gui/grid/edit/GridHistory.cpp
+  gui/grid/edit/GridSort.cpp
+  gui/grid/model/CGXGridCore.cpp
+  gui/grid/model/CGXStyle.cpp
+  gui/grid/model/CGXStyleTable.cpp
+  gui/grid/model/GridAxis.cpp
+  gui/grid/model/GridNumber.cpp
+  gui/grid/model/GridOrder.cpp
+  gui/grid/model/GridRows.cpp
+  gui/grid/view/CGXGridWnd.cpp
+  gui/grid/view/CGXGridWndCommands.cpp
+  gui/grid/view/CGXGridWndInput.cpp
+  gui/grid/view/GridPainter.cpp
+  gui/grid/view/GridSelection.cpp
+  gui/grid/view/GridViewport.cpp
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
