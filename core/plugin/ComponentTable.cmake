@@ -58,6 +58,8 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/XYColorChart.cpp
   gui/charts/XYGraph.cpp
   gui/charts/LabGraphSetting.cpp
+  gui/controls/Notice.cpp
+  gui/controls/Verdict.cpp
 )
 
 # Units without a creator, and last the exports.
