@@ -95,7 +95,7 @@ void TopLevel::EnterBar(QWidget& bar, Qt::Edge edge) {
 
 Menu* TopLevel::FindMenu(GUIElement const& window) {
     for (auto it = window.GetChildrenList().Begin(); it.IsValid(); ++it)
-        if (auto* const menu = dynamic_cast<Menu*>(it.Current().Get())) return menu;
+        if (auto* const menu = dynamic_cast<Menu*>(it.Current().Get()); menu && !menu->IsPopup()) return menu;
     return nullptr;
 }
 
