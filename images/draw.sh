@@ -99,10 +99,10 @@ surround D '#cfcfcf' '#161616' 1 '#c6c6c6' '#161616'
 surround F '#ffffff' '#1d5fa6' 2 '#c6c6c6' '#161616'
 surround X '#ebebeb' '#ebebeb' 1 none '#8c8c8c'
 
-# The warning sign.
-picture Warnung 32 32 "fill #ffd400 stroke #202020 stroke-width 2 stroke-linejoin round
-  polygon 16,3 30,28 2,28
-  fill #202020 stroke none roundrectangle 14.5,11 17.5,20 1.5,1.5 circle 16,23.6 16,25.4"
+# The sign of a colour that the screen can't show; what shows it paints over the box's upper corners.
+picture Warnung 20 15 "fill #ffffff stroke #161616 stroke-width 1.5 stroke-linejoin round
+  polygon 10,1.5 18,13.75 2,13.75
+  stroke none fill #161616 roundrectangle 9.25,5 10.75,9.5 0.7,0.7 circle 10,11.5 10,10.6"
 
 # A press unit from the side: plate, blanket and impression cylinder, the sheet between the last two.
 picture TrendPressSection 57 75 "fill #dcdcdc stroke #606060 stroke-width 1 roundrectangle 6.5,0.5 50.5,74.5 6,6

@@ -11,19 +11,24 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/Button_PC.cpp
   gui/controls/CheckBox_PC.cpp
   gui/colour/CirclePatch.cpp
+  gui/colour/ColorGraph.cpp
   gui/controls/ColorImageButton.cpp
   services/ColorLibraryTextAdapter.cpp
+  gui/colour/ColorWheel.cpp
   gui/charts/CrossGraph.cpp
   gui/shell/Dialog_PC.cpp
   gui/controls/DropDown_PC.cpp
   gui/controls/Edit_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
+  gui/grid/Grid_PC.cpp
   gui/layout/GUIDSwitch.cpp
   gui/layout/GUIDSwitcher.cpp
   gui/layout/GumBox.cpp
   gui/layout/Boxes.cpp
+  gui/colour/PalimarSky.cpp
   gui/controls/ImageButton.cpp
+  gui/colour/ImagePatch.cpp
   services/ImageService.cpp
   gui/charts/LabChart.cpp
   gui/charts/LabGraph.cpp
@@ -64,6 +69,10 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/ScaleNumbers.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
+  gui/colour/GamutPlane.cpp
+  gui/colour/HarmonyElement.cpp
+  gui/colour/ScreenModel.cpp
+  gui/colour/SkyDrawing.cpp
   gui/controls/ButtonPictures.cpp
   gui/controls/CheckBox.cpp
   gui/controls/ChoiceControl.cpp
@@ -84,19 +93,46 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/controls/NumberRule.cpp
   gui/controls/ScrollBar.cpp
   gui/controls/TextAdaption.cpp
+  gui/layout/FramePanel.cpp
+  gui/grid/CNorvelianAccessibleGrid.cpp
+  gui/grid/CNorvelianGridCtrl.cpp
+  gui/grid/Grid.cpp
+  gui/grid/GridCellMap.cpp
+  gui/grid/GridPages.cpp
+  gui/grid/controls/CGXControl.cpp
+  gui/grid/controls/GridDrawing.cpp
+  gui/grid/edit/GridExchange.cpp
+  gui/grid/edit/GridHistory.cpp
+  gui/grid/edit/GridSort.cpp
+  gui/grid/model/CGXGridCore.cpp
+  gui/grid/model/CGXStyle.cpp
+  gui/grid/model/CGXStyleTable.cpp
+  gui/grid/model/GridAxis.cpp
+  gui/grid/model/GridNumber.cpp
+  gui/grid/model/GridOrder.cpp
+  gui/grid/model/GridRows.cpp
+  gui/grid/view/CGXGridWnd.cpp
+  gui/grid/view/CGXGridWndCommands.cpp
+  gui/grid/view/CGXGridWndInput.cpp
+  gui/grid/view/GridPainter.cpp
+  gui/grid/view/GridSelection.cpp
+  gui/grid/view/GridViewport.cpp
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
   gui/layout/ToolRow.cpp
+  gui/platform/DeviceContextSmooth_PC.cpp
   gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp
   gui/platform/Fonts_PC.cpp
   gui/platform/KeyCodes_PC.cpp
+  gui/platform/CNorvelianStyle.cpp
   gui/platform/PlatformIndependentDeviceContext_PC.cpp
   gui/platform/DisplayProfile_PC.cpp
   gui/platform/PixelSurface.cpp
   gui/platform/RasterSurface.cpp
   gui/platform/ShapedTexts_PC.cpp
+  gui/platform/SmoothRaster.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
   gui/platform/DropData_PC.cpp
@@ -105,6 +141,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/CNorvelianAdvancedControl.cpp
   gui/shell/CNorvelianDialog.cpp
   gui/shell/CNorvelianSurface.cpp
+  gui/shell/CNorvelianSurfaceTheme.cpp
   gui/shell/CNorvelianSurfaceInput.cpp
   gui/shell/CNorvelianWnd.cpp
   gui/shell/HelpFile.cpp
@@ -112,6 +149,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/PaintScope_PC.cpp
   gui/shell/ShellCommand.cpp
   gui/shell/ShellCommandListener_PC.cpp
+  gui/shell/TopLevelTheme_PC.cpp
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
   services/ImageDirectory.cpp

@@ -174,6 +174,7 @@ void CNorvelianSurface::paintEvent(QPaintEvent* event) {
     PaintPanes(region);
     PaintDecorators(region.boundingRect());
     PaintFocusMark(region.boundingRect());
+    PaintFocusRing(region.boundingRect());
     if (!repainting_ && !later_.empty()) QueuePaintLater();
 }
 
@@ -208,6 +209,7 @@ void CNorvelianSurface::PaintPanes(QRegion const& region) {
         if (control->LeavesPixels() && !(hasBackground && IsLowest(window))) Fill(clip);
         QPoint const origin(window.GetBox().left, window.GetBox().top);
         PlatformIndependentDeviceContext_PC context(*this, {origin, clip}, backing);
+        TakeTheme(context);
         control->OnPaint(context);
     }
     painting_ = nullptr;
@@ -238,6 +240,7 @@ void CNorvelianSurface::PaintBackground(QRegion const& region) {
     if (!backdrop_) return;
     RunGuarded([&] {
         PlatformIndependentDeviceContext_PC context(*this, {QPoint(), region}, GetBacking());
+        TakeTheme(context);
         backdrop_->PaintBackground(context);
         return true;
     });
@@ -250,6 +253,7 @@ void CNorvelianSurface::PaintDecorators(QRect const& rect) {
     PaintScope const scope(*this);
     RunGuarded([&] {
         PlatformIndependentDeviceContext_PC context(*this, {QPoint(), rect}, GetBacking());
+        TakeTheme(context);
         backdrop_->PaintDecorators(context);
         if (whole) decorated_ = context.HasDrawn();
         return true;
