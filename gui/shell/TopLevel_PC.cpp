@@ -205,6 +205,10 @@ void TopLevel::PaintBackground(PlatformIndependentDeviceContext& context) {
     if (backgroundBitmap_.Length() != 0) context.DrawImage(0, 0, backgroundBitmap_);
 }
 
+void TopLevel::RepaintAll() const {
+    if (surface_) surface_->RepaintNow({0, 0, surface_->width(), surface_->height()});
+}
+
 void TopLevel::PaintDecorators(PlatformIndependentDeviceContext& context) {
     CallScope const call(element_);
     element_.OnPaintWindowDecorators(context, element_);
