@@ -54,6 +54,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/layout/VBoxRegistration.cpp
   gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
+  gui/layout/WindowDecorator.cpp
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp
   gui/charts/XYGraph.cpp

@@ -106,6 +106,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -144,6 +145,8 @@ private:
     /// Where Tab goes from a window, which may be null for the beginning or end; null past the last stop.
     LightWindow* FindStop(LightWindow const* from, bool next);
     bool FocusStop(LightWindow& stop, Qt::FocusReason reason);
+    /// Of the pane, or of the nearest one around it that has a menu; false if there is none.
+    bool OpenContextMenu(LightWindow const* window, QPoint const& place);
     void ShowToolTip();
     void ShowDragCursor(bool dragable);
     void LeaveDrag();

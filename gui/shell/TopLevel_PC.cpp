@@ -97,7 +97,7 @@ void TopLevel::EnterBar(QWidget& bar, Qt::Edge edge) {
 
 Menu* TopLevel::FindMenu(GUIElement const& window) {
     for (auto it = window.GetChildrenList().Begin(); it.IsValid(); ++it)
-        if (auto* const menu = dynamic_cast<Menu*>(it.Current().Get())) return menu;
+        if (auto* const menu = dynamic_cast<Menu*>(it.Current().Get()); menu && !menu->IsPopup()) return menu;
     return nullptr;
 }
 
@@ -204,6 +204,10 @@ void TopLevel::LayOut() {
 
 void TopLevel::PaintBackground(PlatformIndependentDeviceContext& context) {
     if (backgroundBitmap_.Length() != 0) context.DrawImage(0, 0, backgroundBitmap_);
+}
+
+void TopLevel::RepaintAll() const {
+    if (surface_) surface_->RepaintNow({0, 0, surface_->width(), surface_->height()});
 }
 
 void TopLevel::PaintDecorators(PlatformIndependentDeviceContext& context) {
