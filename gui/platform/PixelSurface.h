@@ -15,6 +15,12 @@ struct PixelPoint {
     bool operator==(PixelPoint const&) const = default;
 };
 
+/// A place between pixels; whole numbers are the edges between them.
+struct SmoothPoint {
+    double x = 0;
+    double y = 0;
+};
+
 /// On and off lengths of a broken line in pixels, and how far into the pattern it is. A solid line has
 /// an off length of 0.
 struct DashPattern {
@@ -48,6 +54,9 @@ public:
     /// The pen is a square of `size` pixels. Its upper left corner moves from the first point to the last,
     /// where nothing is drawn any more.
     virtual void Line(PixelPoint from, PixelPoint to, int size, std::uint32_t color, DashPattern& pattern);
+    /// The middle of the pen goes from one place to the other; pixels count whose centres it covers. The last
+    /// column, or row of a steep line, is left out.
+    void WideLine(SmoothPoint from, SmoothPoint to, double width, std::uint32_t color);
     /// A figure at (x, y).
     virtual void Figure(std::vector<FigureSpan> const& spans, int x, int y, std::uint32_t pen,
                         std::uint32_t brush);
