@@ -37,6 +37,31 @@ struct FigureSpan {
     bool pen;
 };
 
+/// The pixels of a wide line, in columns or, if it is steep, in rows: those whose centres the pen covers.
+/// Places along the runs are in parts of `one`, so that walking takes no rounding.
+struct WideRuns {
+    static constexpr int fraction = 24;
+    static constexpr std::int64_t one = std::int64_t{1} << fraction;
+
+    /// No run for a line without length. The last one is left out.
+    WideRuns(SmoothPoint from, SmoothPoint to, double width);
+
+    /// Visits each run with its first pixel and the one behind its last.
+    template <class Visit> void Walk(Visit visit) const {
+        std::int64_t begin = low;
+        std::int64_t end = high;
+        for (int run = first; run < last; ++run, begin += step, end += step)
+            visit(run, static_cast<int>(begin >> fraction), static_cast<int>(end >> fraction));
+    }
+
+    bool isLevel = true;
+    int first = 0;
+    int last = 0;
+    std::int64_t low = 0;
+    std::int64_t high = 0;
+    std::int64_t step = 0;
+};
+
 /// Draws exact figures pixel by pixel, out of boxes. Coordinates are the device's own pixels, colours are
 /// 0xffRRGGBB.
 ///
@@ -56,7 +81,7 @@ public:
     virtual void Line(PixelPoint from, PixelPoint to, int size, std::uint32_t color, DashPattern& pattern);
     /// The middle of the pen goes from one place to the other; pixels count whose centres it covers. The last
     /// column, or row of a steep line, is left out.
-    void WideLine(SmoothPoint from, SmoothPoint to, double width, std::uint32_t color);
+    virtual void WideLine(SmoothPoint from, SmoothPoint to, double width, std::uint32_t color);
     /// A figure at (x, y).
     virtual void Figure(std::vector<FigureSpan> const& spans, int x, int y, std::uint32_t pen,
                         std::uint32_t brush);
