@@ -86,6 +86,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/grid/CNorvelianGridCtrl.cpp
   gui/grid/Grid.cpp
   gui/grid/GridCellMap.cpp
+  gui/grid/GridCommands_PC.cpp
   gui/grid/GridPages.cpp
   gui/grid/controls/CGXControl.cpp
   gui/grid/controls/GridDrawing.cpp
@@ -99,6 +100,8 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/grid/model/GridNumber.cpp
   gui/grid/model/GridOrder.cpp
   gui/grid/model/GridRows.cpp
+  gui/grid/printing/GridPrintLayout.cpp
+  gui/grid/printing/GridPrinting_PC.cpp
   gui/grid/view/CGXGridWnd.cpp
   gui/grid/view/CGXGridWndCommands.cpp
   gui/grid/view/CGXGridWndInput.cpp

@@ -19,6 +19,11 @@ namespace GUI {
 /// table; "Sizes" reads the counts and shares the room out again; `a;b-c;d` reads the cells in the columns a
 /// to c of the rows b to d; `r;c` the one cell in row r and column c; any other text all cells.
 ///
+/// An update with a map is a command by its key "Command": "Undo", "Redo", "Copy", "Cut", "Paste"; "Find"
+/// (with "Text", and "Backward" "Yes"); "Sort" (with "Order" as told under "SortOrder"); "Select" (with "Row"
+/// and "Column"); "Print" (with "File", the name of a PDF, and "FitWidth", "Landscape", "Title"). The result
+/// is 1 if it was done.
+///
 /// Of the data source: at "Properties" "ReadOnly" (bool), "NumberOfColumns", "NumberOfFixedColumns",
 /// "NumberOfRows", "NumberOfFixedRows", "ColumnWidth", "RowHeight" (long), "ColumnStyles" (vector with a map
 /// for each column: what `ReadGridCell` reads holds for the column's cells, and "Width" is its width),
@@ -147,6 +152,10 @@ protected:
         CGXStyle GetStyle() const;
     };
 
+    /// What an update with a map asks for; whether it was done.
+    virtual bool RunCommand(Utilities::String const& /*name*/, AttributeMap const& /*arguments*/) {
+        return false;
+    }
     /// An update of a virtual table: forgets these rows, which are the whole table for an empty range, and
     /// asks for those that are seen.
     virtual void UpdateRows(GridRange const& /*rows*/) {}

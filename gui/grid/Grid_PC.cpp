@@ -3,6 +3,7 @@
 #include "gui/elements/description/ElementRegistration.h"
 
 #include <QLocale>
+#include <QThread>
 #include <algorithm>
 #include <initializer_list>
 #include <utility>
@@ -62,6 +63,8 @@ void Grid_PC::OnDetach() {
 }
 
 long Grid_PC::OnUpdate(Anything const& command) {
+    // A question in the middle may let the table go; its window stays until the end.
+    EventScope const event(QThread::currentThread()->loopLevel());
     CallScope const call(*this);
     UpdateControl();
     return IsAttached() ? Grid::OnUpdate(command) : 0;
@@ -77,6 +80,8 @@ void Grid_PC::OnLanguageChanged() {
 
 void Grid_PC::SetSize(unsigned long width, unsigned long height) {
     if (IfSizeEqual(width, height)) return;
+    EventScope const event(QThread::currentThread()->loopLevel());
+    CallScope const call(*this);
     NativeElement::SetSize(width, height);
     ResizeCells();
 }

@@ -44,6 +44,7 @@ public:
 protected:
     void OnDetach() override;
     void UpdateRows(GridRange const& rows) override;
+    bool RunCommand(Utilities::String const& name, AttributeMap const& arguments) override;
 
 private:
     void OnEndEditing(GridPlace const& place) override;
@@ -55,6 +56,7 @@ private:
     void OnPasteRefused(long rows, long columns) override;
     void OnRowsShown(long first, long last) override;
 
+    bool Print(AttributeMap const& arguments);
     void ApplyStyles();
     void ApplyHeaders();
     void ReadRowCount();

@@ -52,6 +52,7 @@ struct GridFonts {
         long lineHeight = 0;
         /// No character is wider for each of its bytes.
         long widest = 0;
+        long widestDigit = 0;
     };
     std::vector<Font> measured;
 };
