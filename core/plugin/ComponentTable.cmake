@@ -11,8 +11,10 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/Button_PC.cpp
   gui/controls/CheckBox_PC.cpp
   gui/colour/CirclePatch.cpp
+  gui/colour/ColorGraph.cpp
   gui/controls/ColorImageButton.cpp
   services/ColorLibraryTextAdapter.cpp
+  gui/colour/ColorWheel.cpp
   gui/charts/CrossGraph.cpp
   gui/shell/Dialog_PC.cpp
   gui/controls/DropDown_PC.cpp
@@ -24,7 +26,9 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/layout/GUIDSwitcher.cpp
   gui/layout/GumBox.cpp
   gui/layout/Boxes.cpp
+  gui/colour/PalimarSky.cpp
   gui/controls/ImageButton.cpp
+  gui/colour/ImagePatch.cpp
   services/ImageService.cpp
   gui/charts/LabChart.cpp
   gui/charts/LabGraph.cpp
@@ -41,9 +45,12 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/SelectionService.cpp
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
+  gui/layout/TabbedPaneSelector.cpp
+  gui/layout/TabCaption.cpp
   services/TextAdapter.cpp
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
+  gui/layout/ToolBar.cpp
   gui/layout/VBoxRegistration.cpp
   gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
@@ -62,6 +69,10 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/ScaleNumbers.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
+  gui/colour/GamutPlane.cpp
+  gui/colour/HarmonyElement.cpp
+  gui/colour/ScreenModel.cpp
+  gui/colour/SkyDrawing.cpp
   gui/controls/ButtonPictures.cpp
   gui/controls/CheckBox.cpp
   gui/controls/ChoiceControl.cpp
@@ -82,6 +93,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/controls/NumberRule.cpp
   gui/controls/ScrollBar.cpp
   gui/controls/TextAdaption.cpp
+  gui/layout/FramePanel.cpp
   gui/grid/CNorvelianAccessibleGrid.cpp
   gui/grid/CNorvelianGridCtrl.cpp
   gui/grid/Grid.cpp
@@ -111,14 +123,19 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
+  gui/layout/ToolRow.cpp
+  gui/platform/DeviceContextSmooth_PC.cpp
   gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp
   gui/platform/Fonts_PC.cpp
   gui/platform/KeyCodes_PC.cpp
+  gui/platform/CNorvelianStyle.cpp
   gui/platform/PlatformIndependentDeviceContext_PC.cpp
   gui/platform/DisplayProfile_PC.cpp
   gui/platform/PixelSurface.cpp
   gui/platform/RasterSurface.cpp
+  gui/platform/ShapedTexts_PC.cpp
+  gui/platform/SmoothRaster.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
   gui/platform/DropData_PC.cpp
@@ -127,6 +144,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/CNorvelianAdvancedControl.cpp
   gui/shell/CNorvelianDialog.cpp
   gui/shell/CNorvelianSurface.cpp
+  gui/shell/CNorvelianSurfaceTheme.cpp
   gui/shell/CNorvelianSurfaceInput.cpp
   gui/shell/CNorvelianWnd.cpp
   gui/shell/HelpFile.cpp
@@ -134,6 +152,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/PaintScope_PC.cpp
   gui/shell/ShellCommand.cpp
   gui/shell/ShellCommandListener_PC.cpp
+  gui/shell/TopLevelTheme_PC.cpp
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
   services/ImageDirectory.cpp

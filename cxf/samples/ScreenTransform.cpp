@@ -21,6 +21,9 @@ namespace {
 /// The profile connection space of the library, in which L*a*b* goes to the profile.
 XYZ const kPcsWhite{cmsD50X * 100, cmsD50Y * 100, cmsD50Z * 100};
 
+/// No number counts as none of the channel.
+double Clipped(double channel) { return channel > 0 ? std::min(channel, 1.0) : 0; }
+
 struct CloseContext {
     void operator()(cmsContext context) const { cmsDeleteContext(context); }
 };
@@ -81,34 +84,43 @@ ScreenTransform::~ScreenTransform() = default;
 
 std::string const& ScreenTransform::GetProfileName() const { return implementation_->name; }
 
-void ScreenTransform::Convert(std::span<double const> lab, std::span<ScreenColour> colours) const {
-    if (lab.size() != colours.size() * 3)
+void ScreenTransform::Evaluate(std::span<double const> lab, std::span<Shown> shown) const {
+    if (lab.size() != shown.size() * 3)
         throw TristimException("arrays don't fit: " + std::to_string(lab.size()) + " values of L*a*b* for " +
-                               std::to_string(colours.size()) + " colours");
+                               std::to_string(shown.size()) + " colours");
     constexpr std::size_t block = 256;
     std::array<double, 3 * block> rgb{};
-    std::array<double, 3 * block> shown{};
-    for (std::size_t done = 0; done < colours.size(); done += block) {
-        std::size_t const count = std::min(block, colours.size() - done);
+    std::array<double, 3 * block> back{};
+    for (std::size_t done = 0; done < shown.size(); done += block) {
+        std::size_t const count = std::min(block, shown.size() - done);
         double const* const wanted = lab.data() + 3 * done;
         auto const pixels = static_cast<cmsUInt32Number>(count);
         cmsDoTransform(implementation_->toDevice.get(), wanted, rgb.data(), pixels);
+        for (std::size_t i = 0; i < count; ++i)
+            std::copy_n(rgb.begin() + static_cast<std::ptrdiff_t>(3 * i), 3, shown[done + i].rgb.begin());
         // A screen clips; the way back through the clipped values tells what it will show.
-        for (std::size_t i = 0; i < 3 * count; ++i) rgb[i] = rgb[i] > 0 ? std::min(rgb[i], 1.0) : 0;
-        cmsDoTransform(implementation_->toLab.get(), rgb.data(), shown.data(), pixels);
+        std::transform(rgb.begin(), rgb.begin() + static_cast<std::ptrdiff_t>(3 * count), rgb.begin(),
+                       Clipped);
+        cmsDoTransform(implementation_->toLab.get(), rgb.data(), back.data(), pixels);
         for (std::size_t i = 0; i < count; ++i) {
-            ScreenColour& colour = colours[done + i];
-            auto const device = [&rgb, i](std::size_t channel) {
-                return static_cast<std::uint8_t>(std::lround(255 * rgb[3 * i + channel]));
-            };
-            colour.red_ = device(0);
-            colour.green_ = device(1);
-            colour.blue_ = device(2);
-            double const difference =
-                std::hypot(wanted[3 * i] - shown[3 * i], wanted[3 * i + 1] - shown[3 * i + 1],
-                           wanted[3 * i + 2] - shown[3 * i + 2]);
-            colour.inGamut_ = difference <= 1;
+            Shown& result = shown[done + i];
+            result.difference = std::hypot(wanted[3 * i] - back[3 * i], wanted[3 * i + 1] - back[3 * i + 1],
+                                           wanted[3 * i + 2] - back[3 * i + 2]);
         }
+    }
+}
+
+void ScreenTransform::Convert(std::span<double const> lab, std::span<ScreenColour> colours) const {
+    std::vector<Shown> shown(colours.size());
+    Evaluate(lab, shown);
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        auto const device = [&shown, i](std::size_t channel) {
+            return static_cast<std::uint8_t>(std::lround(255 * Clipped(shown[i].rgb[channel])));
+        };
+        colours[i].red_ = device(0);
+        colours[i].green_ = device(1);
+        colours[i].blue_ = device(2);
+        colours[i].inGamut_ = shown[i].difference <= gamutTolerance;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "cxf/colorimetry/ColorSpaces.h"
 #include "cxf/conditions/NVSpectrum.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -65,6 +66,18 @@ public:
     /// L*a*b* under D50, 2 degrees, three values for each colour. Throws `TristimException` if the lengths
     /// of the arrays don't fit.
     void Convert(std::span<double const> lab, std::span<ScreenColour> colours) const;
+
+    /// What a colour comes to before it is cut to what the screen has: the channels, from 0 to 1 for those that
+    /// it can show and beyond for others, and how far the shown colour is from the wanted one in units of CIE
+    /// 1976 delta E.
+    struct Shown {
+        std::array<double, 3> rgb = {};
+        double difference = 0;
+    };
+    /// Beyond that a colour counts as one that the screen can't show.
+    static constexpr double gamutTolerance = 1;
+    /// As `Convert`.
+    void Evaluate(std::span<double const> lab, std::span<Shown> shown) const;
 
 private:
     struct Implementation;

@@ -1,6 +1,7 @@
 #include "gui/charts/CrossGraph.h"
 
 #include "gui/charts/GraphAttributes.h"
+#include "gui/colour/PatchAttributes.h"
 #include "gui/elements/description/ElementRegistration.h"
 
 namespace GUI {
@@ -10,7 +11,7 @@ using Utilities::String;
 
 namespace {
 
-constexpr Attribute attributeList[] = {GraphAttributes::colorBarType};
+constexpr Attribute attributeList[] = {GraphAttributes::colorBarType, PatchAttributes::smooth};
 
 ElementRegistration<CrossGraph, Graph> const registration({"CrossGraph", "$Revision: 1.11 $", "GUI"},
                                                           attributeList);
@@ -29,6 +30,7 @@ void CrossGraph::Initialize(PlatformIndependentWindowID const& parent, Descripti
     Graph::Initialize(parent, description, dataSource);
     SetFrame(false);
     colorBarType_ = AttributeReader(description).Text(GraphAttributes::colorBarType);
+    smooth_ = AttributeReader(description).Flag(PatchAttributes::smooth);
     OnUpdate("Properties");
 }
 
@@ -77,6 +79,7 @@ void CrossGraph::OnPaint(PlatformIndependentDeviceContext& context) {
     context.SetPen(GetLineColor(), 1, PlatformIndependentDeviceContext::solid);
     DrawBars(context);
     context.SetPen(GetLineColor(), 3, PlatformIndependentDeviceContext::solid);
+    if (smooth_) context.SetSmooth(true);
     ScaleMap const map = GetScaleMap();
     for (Point const& point : points_) {
         short x = 0;

@@ -10,7 +10,8 @@ namespace GUI {
 /// A graph that marks points with diagonal crosses, and can have coloured bars along its edges.
 ///
 /// Attributes beyond `Graph`'s: "ColorBarType" (No; "ab" has green, red, yellow and blue bars on the left,
-/// right, upper and lower edge, "L" a white and a black one above and below, "NoGraph" crosses the plot out).
+/// right, upper and lower edge, "L" a white and a black one above and below, "NoGraph" crosses the plot out),
+/// "Smooth" (No; crosses with antialiasing).
 ///
 /// Values asked of the data source under the element's name: at the command "Properties" "ColorBarType"; at
 /// any other update a point's number as text (vector of its X and Y, as numbers or numeric text), for a tool
@@ -39,6 +40,7 @@ private:
     void DrawBars(PlatformIndependentDeviceContext& context) const;
 
     Utilities::String colorBarType_ = "No";
+    bool smooth_ = false;
     std::vector<Point> points_;
 };
 

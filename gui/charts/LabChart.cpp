@@ -2,6 +2,7 @@
 
 #include "gui/charts/CrossGraph.h"
 #include "gui/charts/UpdateMessage.h"
+#include "gui/colour/PatchAttributes.h"
 #include "gui/elements/description/ElementRegistration.h"
 
 #include <cmath>
@@ -19,7 +20,7 @@ constexpr Attribute colorSpaceKey{"ColorSpace", AttributeType::Text, "CIELab",
                                   "The colour space that is shown"};
 constexpr Attribute zoomFactorKey{"ZoomFactor", AttributeType::Number, "100",
                                   "Enlargement in percent until the first update"};
-constexpr Attribute attributeList[] = {colorSpaceKey, zoomFactorKey};
+constexpr Attribute attributeList[] = {colorSpaceKey, zoomFactorKey, PatchAttributes::smooth};
 
 ElementRegistration<LabChart, Pane> const registration({"LabChart", "$Revision: 1.15 $", "GUI"},
                                                        attributeList);
@@ -79,6 +80,7 @@ void LabChart::Initialize(PlatformIndependentWindowID const& parent, Description
     AttributeReader const attributes(description);
     colorSpace_ = attributes.Text(colorSpaceKey);
     zoomFactor_ = static_cast<std::uint32_t>(attributes.Unsigned(zoomFactorKey));
+    smooth_ = attributes.Flag(PatchAttributes::smooth);
     CreateChildren();
     OnUpdate("Properties");
 }
@@ -101,6 +103,8 @@ void LabChart::CreateChildren() {
     (*bar)["MinimalWidth"] = "20";
     (*bar)["MaximalWidth"] = "1000";
     (*bar)["MinimalHeight"] = "40";
+
+    if (smooth_) (*plane)[PatchAttributes::smooth.key] = (*bar)[PatchAttributes::smooth.key] = "Yes";
 
     // The captions are in the margins above.
     auto const box = Utilities::MakeSmart<DescriptionTree>();

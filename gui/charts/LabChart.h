@@ -15,7 +15,7 @@ class CrossGraph;
 /// values become rectangular ones. Some spaces have no plots: both are crossed out.
 ///
 /// Attributes: "ColorSpace" (CIELab), "ZoomFactor" (100, in percent; the first update replaces it by the
-/// space's).
+/// space's), "Smooth" (No; crosses with antialiasing).
 ///
 /// Values asked of the data source under the element's name: at the command "Properties" "ColorScale" (the
 /// colour space; an unknown one throws `OutOfRangeException`, and the one before stays), and at a data update
@@ -59,6 +59,7 @@ private:
     Utilities::String colorSpace_ = "CIELab";
     std::vector<Utilities::Anything> rows_;
     std::uint32_t zoomFactor_ = 100;
+    bool smooth_ = false;
 };
 
 } // namespace GUI

@@ -3,6 +3,7 @@
 #include "gui/charts/Graph.h"
 #include "gui/charts/GraphAttributes.h"
 #include "gui/charts/ScaleNumbers.h"
+#include "gui/colour/PatchAttributes.h"
 #include "gui/elements/description/ElementRegistration.h"
 
 #include <algorithm>
@@ -20,7 +21,7 @@ namespace Keys = GraphAttributes;
 constexpr Attribute graphColor{"GraphColor", AttributeType::Colour, "255,255,255", "Background of the graph"};
 constexpr Attribute attributeList[] = {Keys::lineColor,       Keys::xScaleDrawLines,  Keys::xScaleGraduation,
                                        Keys::yScaleDrawLines, Keys::yScaleGraduation, graphColor,
-                                       Keys::numbersAtLines};
+                                       Keys::numbersAtLines,  PatchAttributes::smooth};
 
 ElementRegistration<XYChart, Pane> const registration({"XYChart", "$Revision: 1.13 $", "GUI"}, attributeList);
 
@@ -50,7 +51,7 @@ void XYChart::BuildGraphDescription(AttributeMap const& attributes) {
     (*graph)["JustificationOnX"] = "Yes";
     AttributeReader const reader(attributes);
     for (Attribute const& key : {Keys::lineColor, Keys::xScaleDrawLines, Keys::xScaleGraduation,
-                                 Keys::yScaleDrawLines, Keys::yScaleGraduation})
+                                 Keys::yScaleDrawLines, Keys::yScaleGraduation, PatchAttributes::smooth})
         if (reader.Has(key)) (*graph)[key.key] = reader.Text(key);
     (*graph)["BackgroundColor"] = reader.Text(graphColor);
 

@@ -9,8 +9,8 @@ class Graph;
 /// A chart of curves over a common X scale: an `XYGraph` within fixed margins, in which the numbers of
 /// both scales are.
 ///
-/// Attributes: "LineColor", "XScaleDrawLines", "XScaleGraduation", "YScaleDrawLines", "YScaleGraduation"
-/// (handed on to the graph if they are there), "GraphColor" (255,255,255; the graph's background),
+/// Attributes: "LineColor", "XScaleDrawLines", "XScaleGraduation", "YScaleDrawLines", "YScaleGraduation",
+/// "Smooth" (handed on to the graph if they are there), "GraphColor" (255,255,255; the graph's background),
 /// "NumbersAtLines" (No; with Yes the numbers are at the grid lines, which are multiples of their
 /// distance, and at both ends of each scale; else they count from the first value, without the end). What
 /// the graph asks of the data source it asks under the name "XYGraph"; messages to the chart's event

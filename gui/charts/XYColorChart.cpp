@@ -31,8 +31,8 @@ constexpr Attribute lineColorKey{"LineColor", AttributeType::Colour, "92,92,92",
 constexpr Attribute gridColorKey{"GridColor", AttributeType::Colour, "",
                                  "Colour of lines at the numbers of the axes; none if absent"};
 constexpr Attribute attributeList[] = {
-    spotSizeKey,  backgroundBitmapKey,         isotropicKey, zeroAxesKey, lineColorKey,
-    gridColorKey, PatchAttributes::markOutside};
+    spotSizeKey,  backgroundBitmapKey,          isotropicKey,           zeroAxesKey, lineColorKey,
+    gridColorKey, PatchAttributes::markOutside, PatchAttributes::smooth};
 
 ElementRegistration<XYColorChart, Pane> const registration({"XYColorChart", "$Revision: 1.9 $", "GUI"},
                                                            attributeList);
@@ -58,6 +58,7 @@ void XYColorChart::Initialize(PlatformIndependentWindowID const& parent, Descrip
     isIsotropic_ = attributes.Flag(isotropicKey);
     hasZeroAxes_ = attributes.Flag(zeroAxesKey);
     marksOutside_ = attributes.Flag(PatchAttributes::markOutside);
+    smooth_ = attributes.Flag(PatchAttributes::smooth);
     lineColor_ = attributes.Colour(lineColorKey);
     if (attributes.HasColour(gridColorKey)) gridColor_ = attributes.Colour(gridColorKey);
     if (dataSource) dataSource->SetCallback(selectionElement, selectionEvent, onSelectSample_.Get());
@@ -173,6 +174,7 @@ void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
                       places.height / places.yRange},
                      lineColor_, gridColor_);
     FindVisible(places, selected);
+    if (smooth_) context.SetSmooth(true);
     bool isPlainPen = false;
     // NOLINTNEXTLINE(modernize-loop-convert): reversed views of both compilers don't agree yet
     for (auto it = visible_.rbegin(); it != visible_.rend(); ++it) {

@@ -15,7 +15,8 @@ namespace GUI {
 /// "Isotropic" (No; with Yes one unit is as long on both axes, and the longer side of the pane shows more
 /// than its range), "ZeroAxes" (No; axes through zero with ticks and numbers, beneath the spots),
 /// "LineColor" (92,92,92; of these axes), "GridColor" (none; of lines at their numbers), "MarkOutside" (No;
-/// with Yes the selected spot is on top with two rings around it, instead of a white outline).
+/// with Yes the selected spot is on top with two rings around it, instead of a white outline), "Smooth" (No;
+/// spots with antialiasing).
 ///
 /// Values asked of the data source under the element's name: "BackgroundBitmapExtension" (appended to the
 /// stem), "NrOfPatches", "XValueBegin", "XValueEnd", "YValueBegin", "YValueEnd" (the ranges, as short), at
@@ -82,6 +83,7 @@ private:
     bool isIsotropic_ = false;
     bool hasZeroAxes_ = false;
     bool marksOutside_ = false;
+    bool smooth_ = false;
     RGBVector lineColor_;
     std::optional<RGBVector> gridColor_;
     Utilities::String backgroundBitmap_;

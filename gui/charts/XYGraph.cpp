@@ -2,6 +2,7 @@
 
 #include "Diagnostics/Sink.h"
 #include "gui/charts/CurvePainter.h"
+#include "gui/colour/PatchAttributes.h"
 #include "gui/elements/description/ElementRegistration.h"
 
 #include <algorithm>
@@ -14,7 +15,10 @@ using Utilities::String;
 
 namespace {
 
-ElementRegistration<XYGraph, Graph> const registration({"XYGraph", "$Revision: 1.17 $", "GUI"});
+constexpr Attribute attributeList[] = {PatchAttributes::smooth};
+
+ElementRegistration<XYGraph, Graph> const registration({"XYGraph", "$Revision: 1.17 $", "GUI"},
+                                                       attributeList);
 
 /// "r;g;b"
 RGBVector CurveColor(String const& text) {
@@ -27,6 +31,12 @@ RGBVector CurveColor(String const& text) {
 String Key(char const* prefix, long number) { return String(prefix) + String(number); }
 
 } // namespace
+
+void XYGraph::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                         DialogDataSource* dataSource) {
+    Graph::Initialize(parent, description, dataSource);
+    smooth_ = AttributeReader(description).Flag(PatchAttributes::smooth);
+}
 
 long XYGraph::OnUpdate(Anything const& command) {
     Graph::OnUpdate(command);
@@ -82,6 +92,7 @@ void XYGraph::OnPaint(PlatformIndependentDeviceContext& context) {
     ScaleMap const map = GetScaleMap();
     // What is asked of the data source in between may bring new data.
     auto const data = data_;
+    if (smooth_) context.SetSmooth(true);
     auto const draw = [&](bool isActive) {
         long number = 0;
         for (auto curve = data->curves.Begin(); curve.IsValid(); ++curve, ++number)
@@ -89,6 +100,7 @@ void XYGraph::OnPaint(PlatformIndependentDeviceContext& context) {
     };
     if (active != -1) draw(true);
     draw(false);
+    if (smooth_) context.SetSmooth(false);
 }
 
 void XYGraph::DrawCurveNumber(PlatformIndependentDeviceContext& context, ScaleMap const& map, long number,

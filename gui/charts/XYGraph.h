@@ -22,9 +22,13 @@ namespace GUI {
 /// A data message is "first;firstColumn-last;lastColumn" or "first;column". Each curve gets `last -
 /// first + 1` values; one that the data source gives more values for is as long as these. A message that
 /// is neither this nor a command leaves the data as they are. Every update repaints.
+///
+/// Attributes beyond `Graph`'s: "Smooth" (No; curves with antialiasing).
 class XYGraph : public Graph {
 public:
     Diagnostics::String GetValueString() override { return "XYGraph"; }
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                    DialogDataSource* dataSource) override;
     long OnUpdate(Utilities::Anything const& command) override;
     void OnPaint(PlatformIndependentDeviceContext& context) override;
     /// The item within a quarter of the item distance of the point, in both values.
@@ -42,6 +46,7 @@ private:
                          Curve const& curve);
 
     std::int16_t lineWidth_ = 1;
+    bool smooth_ = false;
     /// Replaced as a whole when all of it has been read.
     std::shared_ptr<Data const> data_ = std::make_shared<Data>();
 };

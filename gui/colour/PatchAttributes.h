@@ -2,7 +2,7 @@
 
 #include "gui/elements/description/Attributes.h"
 
-/// Attributes that several patches read.
+/// Attributes that several colour elements read.
 namespace GUI::PatchAttributes {
 
 inline constexpr Attribute updates{"Updates", AttributeType::Flag, "No",
@@ -11,5 +11,8 @@ inline constexpr Attribute markOutside{"MarkOutside", AttributeType::Flag, "No",
                                        "The mark is beside the colour in two tones, not on it"};
 inline constexpr Attribute surroundColor{"SurroundColor", AttributeType::Colour, "222,251,255",
                                          "Around the colour"};
+inline constexpr Attribute smooth{
+    "Smooth", AttributeType::Flag, "No",
+    "Curves and slanted edges are drawn with antialiasing; lines along an axis stay as they are"};
 
 } // namespace GUI::PatchAttributes

@@ -1,5 +1,6 @@
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 
+#include "gui/platform/Color_PC.h"
 #include "gui/platform/EllipseFigure.h"
 
 #include <QImage>
@@ -11,7 +12,6 @@ namespace GUI {
 
 namespace {
 
-QColor ToColor(RGBVector const& color) { return {color.GetRed(), color.GetGreen(), color.GetBlue()}; }
 std::uint32_t ToPixel(RGBVector const& color) {
     return qRgb(color.GetRed(), color.GetGreen(), color.GetBlue());
 }
@@ -157,17 +157,22 @@ PixelSurface* PlatformIndependentDeviceContext_PC::Pixels() {
 }
 
 RGBVector PlatformIndependentDeviceContext_PC::SetBackgroundColor(RGBVector const& color) {
-    return std::exchange(backgroundColor_, color);
+    return std::exchange(backgroundColor_, Resolve(color));
 }
 
 void PlatformIndependentDeviceContext_PC::SetPen(RGBVector const& color, long width, long style) {
     FlushLines();
-    penColor_ = color;
+    penColor_ = Resolve(color);
     penWidth_ = std::clamp(width, 1L, widestPen);
     penStyle_ = style;
 }
 
-void PlatformIndependentDeviceContext_PC::SetBrush(RGBVector const& color) { brushColor_ = color; }
+void PlatformIndependentDeviceContext_PC::SetSmooth(bool smooth) {
+    FlushLines();
+    smooth_ = smooth;
+}
+
+void PlatformIndependentDeviceContext_PC::SetBrush(RGBVector const& color) { brushColor_ = Resolve(color); }
 
 DashPattern PlatformIndependentDeviceContext_PC::NewPattern() const {
     switch (penStyle_) {
@@ -183,6 +188,7 @@ DashPattern PlatformIndependentDeviceContext_PC::NewPattern() const {
 QPainter& PlatformIndependentDeviceContext_PC::PainterWithPen(Qt::PenJoinStyle joins, bool filled) {
     // Curves and wide lines are the platform's; on a surface with pixels it gets whole pixels to draw at.
     QPainter& painter = Painter(HasGrid() ? Space::Device : Space::Part);
+    painter.setRenderHint(QPainter::Antialiasing, smooth_);
     painter.setBrush(filled ? QBrush(ToColor(brushColor_)) : QBrush(Qt::NoBrush));
     if (!HasPen()) {
         painter.setPen(Qt::NoPen);
@@ -243,7 +249,8 @@ void PlatformIndependentDeviceContext_PC::DrawLine(short x1, short y1, short x2,
 void PlatformIndependentDeviceContext_PC::DrawLines(std::span<QPoint const> points) {
     PixelSurface* const pixels = Pixels();
     bool const isStraight = points.size() == 2 && IsParallelToAxis(points[0], points[1]);
-    if (pixels && IsThinPen()) {
+    if (!isStraight && DrawSmoothLines(points)) return;
+    if (pixels && IsThinPen() && (isStraight || !smooth_)) {
         DashPattern pattern = NewPattern();
         std::uint32_t const color = ToPixel(penColor_);
         int const size = PenSize();
@@ -339,8 +346,9 @@ void PlatformIndependentDeviceContext_PC::Ellipse(short left, short top, short r
             DrawRectangle(left, top, right, bottom);
         return;
     }
+    if (DrawSmoothEllipse(left, top, right, bottom, filled)) return;
     PixelSurface* const pixels = Pixels();
-    if (pixels && (penStyle_ == solid || !HasPen())) {
+    if (pixels && !smooth_ && (penStyle_ == solid || !HasPen())) {
         // The odd pixel of an even width is outside on every side.
         long const before = HasPen() ? penWidth_ / 2 : 0;
         PixelBox const box{grid_.X(left - before), grid_.Y(top - before), grid_.X(right + before),
@@ -366,7 +374,7 @@ void PlatformIndependentDeviceContext_PC::FillEllipse(short left, short top, sho
 void PlatformIndependentDeviceContext_PC::DrawArc(short cx, short cy, short radius, float startAngle,
                                                   float sweepAngle) {
     FlushLines();
-    if (radius <= 0 || !HasPen()) return;
+    if (radius <= 0 || !HasPen() || DrawSmoothArc({cx, cy}, radius, startAngle, sweepAngle)) return;
     PainterWithPen(Qt::RoundJoin, false)
         .drawArc(FigureBox({cx - radius, cy - radius}, {cx + radius, cy + radius}), qRound(startAngle * 16),
                  qRound(sweepAngle * 16));
@@ -375,7 +383,7 @@ void PlatformIndependentDeviceContext_PC::DrawArc(short cx, short cy, short radi
 void PlatformIndependentDeviceContext_PC::FillPie(short cx, short cy, short radius, float startAngle,
                                                   float sweepAngle) {
     FlushLines();
-    if (radius <= 0) return;
+    if (radius <= 0 || FillSmoothPie({cx, cy}, radius, startAngle, sweepAngle)) return;
     QPainter& painter = PainterWithPen(Qt::RoundJoin, true);
     QRectF const box = FigureBox({cx - radius, cy - radius}, {cx + radius, cy + radius});
     // A full circle has no radii to outline.
@@ -393,19 +401,20 @@ void PlatformIndependentDeviceContext_PC::Polygon(Points const& points, bool fil
     for (auto const& point : points)
         corners.emplace_back(ToCoordinate(point.first), ToCoordinate(point.second));
     PixelSurface* const pixels = Pixels();
-    if (pixels && filled) {
+    bool const isFilled = filled && FillSmoothPolygon(corners);
+    if (pixels && filled && !isFilled && !smooth_) {
         std::vector<PixelPoint> places;
         places.reserve(corners.size());
         for (QPoint const& corner : corners) places.push_back({grid_.X(corner.x()), grid_.Y(corner.y())});
         pixels->Polygon(places, ToPixel(brushColor_));
     }
-    if (pixels && !HasPen()) return;
-    if (pixels && IsThinPen()) {
+    if (pixels && !HasPen() && (isFilled || !smooth_)) return;
+    if (pixels && IsThinPen() && (isFilled || !filled || !smooth_)) {
         corners.push_back(corners.front());
         DrawLines(corners);
         return;
     }
-    QPainter& painter = PainterWithPen(Qt::MiterJoin, filled && !pixels);
+    QPainter& painter = PainterWithPen(Qt::MiterJoin, filled && (!pixels || smooth_) && !isFilled);
     std::vector<QPointF> middles;
     middles.reserve(corners.size());
     for (QPoint const& corner : corners) middles.push_back(HasPen() ? PenMiddle(corner) : QPointF(corner));

@@ -77,6 +77,10 @@ public:
     void DrawImage(short x, short y, Utilities::String const& imageName) override;
     void DrawText(short x, short y, Utilities::String const& text) override;
     void GetTextExtent(Utilities::String const& text, long& width, long& height) override;
+    void SetSmooth(bool smooth) override;
+    void DrawPixels(short left, short top, short right, short bottom, std::span<std::uint32_t const> colors,
+                    long width) override;
+    double GetScale() override;
 
     /// For `_PC` files that draw what has no operation of its own, in the part's coordinates and clip. What
     /// was begun is finished first. The painter may be left in any state.
@@ -107,6 +111,23 @@ private:
     void DrawWideLine(PixelSurface& pixels, QPoint from, QPoint to);
     void Ellipse(short left, short top, short right, short bottom, bool filled);
     void Polygon(Points const& points, bool filled);
+
+    /// @name The same with antialiasing
+    /// False if that is not asked for, or the platform's painter has to do it.
+    /// @{
+    bool IsSmooth();
+    bool DrawSmoothLines(std::span<QPoint const> points);
+    bool DrawSmoothEllipse(short left, short top, short right, short bottom, bool filled);
+    bool DrawSmoothArc(QPoint center, short radius, double startAngle, double sweepAngle);
+    bool FillSmoothPie(QPoint center, short radius, double startAngle, double sweepAngle);
+    bool FillSmoothPolygon(std::span<QPoint const> corners);
+    /// In pixels of the device.
+    double PenBreadth() const;
+    SmoothPoint OnDevice(QPoint at) const;
+    /// The middle of the pen at a place.
+    SmoothPoint PenMiddleOnDevice(QPoint at) const;
+    /// @}
+
     /// The box of a rectangle with its outline, in pixels of the device.
     PixelBox OuterBox(short left, short top, short right, short bottom) const;
 
@@ -120,6 +141,7 @@ private:
     QFont const& GetFont();
 
     bool drawn_ = false;
+    bool smooth_ = false;
     QPaintDevice* device_;
     std::optional<SurfacePart> part_;
     DeviceGrid grid_;

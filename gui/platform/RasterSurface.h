@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/platform/PixelSurface.h"
+#include "gui/platform/SmoothRaster.h"
 
 #include <cstddef>
 
@@ -19,6 +20,8 @@ public:
     void Line(PixelPoint from, PixelPoint to, int size, std::uint32_t color, DashPattern& pattern) override;
     void Figure(std::vector<FigureSpan> const& spans, int x, int y, std::uint32_t pen,
                 std::uint32_t brush) override;
+    /// For figures with antialiasing; to be used while this lives.
+    SmoothRaster GetSmooth() const { return {bits_, pixelsPerRow_, clip_}; }
 
 private:
     std::uint32_t* Row(int y) const { return bits_ + y * pixelsPerRow_; }

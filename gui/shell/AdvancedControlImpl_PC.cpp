@@ -76,9 +76,9 @@ void AdvancedControlImpl_PC::SetPane(Pane* pane) {
         return;
     }
     QColor const face = QApplication::palette().color(QPalette::Window);
-    pane->SetBackgroundColor(RGBVector(static_cast<unsigned char>(face.red()),
-                                       static_cast<unsigned char>(face.green()),
-                                       static_cast<unsigned char>(face.blue())));
+    pane->SetBackgroundColor({ThemeRole::Window, RGBVector(static_cast<unsigned char>(face.red()),
+                                                           static_cast<unsigned char>(face.green()),
+                                                           static_cast<unsigned char>(face.blue()))});
 }
 
 void AdvancedControlImpl_PC::Show(bool visible) {

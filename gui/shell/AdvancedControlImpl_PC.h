@@ -27,6 +27,7 @@ public:
     void SetPane(Pane* pane) override;
     void Show(bool visible) override;
     void TellAccessibleChange() override;
+    using AdvancedControlImpl::GetPane;
 
 private:
     /// Null for a pane without a parent window, which nobody can see.

@@ -1,10 +1,11 @@
 #include "gui/shell/CNorvelianAdvancedControl.h"
 
 #include "Diagnostics/Sink.h"
-#include "gui/elements/AdvancedControlImpl.h"
+#include "gui/elements/Pane.h"
 #include "gui/elements/Topics.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/platform/TextConversion_PC.h"
+#include "gui/shell/AdvancedControlImpl_PC.h"
 #include "gui/shell/CNorvelianAccessible.h"
 
 #include <QAccessible>
@@ -20,7 +21,7 @@ long Packed(int coordinate) { return static_cast<std::uint16_t>(coordinate); }
 
 } // namespace
 
-CNorvelianAdvancedControl::CNorvelianAdvancedControl(AdvancedControlImpl& impl, CNorvelianSurface& surface,
+CNorvelianAdvancedControl::CNorvelianAdvancedControl(AdvancedControlImpl_PC& impl, CNorvelianSurface& surface,
                                                      LightWindow& parent, bool tabStop)
     : impl_(&impl), surface_(&surface),
       window_(surface.GetTree().Add(parent, this, LightWindow::Kind::Pane)) {
@@ -174,6 +175,29 @@ void CNorvelianAdvancedControl::OnClickKey(bool controlKey) {
     OnLeftButtonUp(middle);
     // The mouse wasn't in it.
     if (surface_ && !surface_->IsUnderMouse(*this)) OnMouseLeave();
+}
+
+KeyboardGroup* CNorvelianAdvancedControl::FindGroup() const {
+    for (GUIElement* element = impl_ ? impl_->GetPane() : nullptr; element;
+         element = element->GetParentElement())
+        if (auto* const group = dynamic_cast<KeyboardGroup*>(element)) return group;
+    return nullptr;
+}
+
+bool CNorvelianAdvancedControl::OnNavigationKey(NavigationKey key) {
+    return Guarded("CNorvelianAdvancedControl: key", [&] {
+        KeyboardGroup* const group = FindGroup();
+        if (!group) return false;
+        // The pane keeps what it is in.
+        CallScope const call(*impl_->GetPane());
+        return group->OnNavigationKey(key, *impl_->GetPane());
+    });
+}
+
+bool CNorvelianAdvancedControl::IsTabStopOfGroup() {
+    KeyboardGroup* const group = FindGroup();
+    return !group || Guarded("CNorvelianAdvancedControl: tab stop",
+                             [&] { return group->IsTabStop(*impl_->GetPane()); });
 }
 
 QString CNorvelianAdvancedControl::GetToolTipText(QPoint const& place) {

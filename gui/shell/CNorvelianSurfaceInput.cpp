@@ -12,6 +12,7 @@
 #include <QMouseEvent>
 #include <QTimerEvent>
 #include <QToolTip>
+#include <optional>
 
 namespace GUI {
 
@@ -20,6 +21,26 @@ namespace {
 constexpr int toolTipDelayMilliseconds = 500;
 
 bool HasControl(QInputEvent const& event) { return event.modifiers().testFlag(Qt::ControlModifier); }
+
+std::optional<NavigationKey> ToNavigationKey(QKeyEvent const& event) {
+    if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return {};
+    switch (event.key()) {
+    case Qt::Key_Left:
+        return NavigationKey::Left;
+    case Qt::Key_Right:
+        return NavigationKey::Right;
+    case Qt::Key_Up:
+        return NavigationKey::Up;
+    case Qt::Key_Down:
+        return NavigationKey::Down;
+    case Qt::Key_Home:
+        return NavigationKey::Home;
+    case Qt::Key_End:
+        return NavigationKey::End;
+    default:
+        return {};
+    }
+}
 
 Qt::DropAction ToAction(DropEffect effect) {
     switch (effect) {
@@ -207,7 +228,7 @@ void CNorvelianSurface::SetFocusPane(Control const& control, Qt::FocusReason rea
 void CNorvelianSurface::focusInEvent(QFocusEvent* event) {
     bool const byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (byTab && !focus_.lock()) {
-        LightWindow* const stop = tree_.FindTabStop(nullptr, event->reason() == Qt::TabFocusReason);
+        LightWindow* const stop = FindStop(nullptr, event->reason() == Qt::TabFocusReason);
         if (stop && FocusStop(*stop, event->reason())) return;
     }
     Control const control = focus_.lock();
@@ -248,14 +269,18 @@ bool CNorvelianSurface::FocusStop(LightWindow& stop, Qt::FocusReason reason) {
     return true;
 }
 
+LightWindow* CNorvelianSurface::FindStop(LightWindow const* from, bool next) {
+    LightWindow* stop = tree_.FindTabStop(from, next);
+    for (; stop; stop = tree_.FindTabStop(stop, next)) {
+        auto* const native = dynamic_cast<NativeControl*>(stop->GetOwner());
+        if (native ? native->CanTakeFocus() : ControlOf(stop) && ControlOf(stop)->IsTabStopOfGroup()) break;
+    }
+    return stop;
+}
+
 bool CNorvelianSurface::focusNextPrevChild(bool next) {
     Qt::FocusReason const reason = next ? Qt::TabFocusReason : Qt::BacktabFocusReason;
-    LightWindow* stop = tree_.FindTabStop(GetFocusWindow(), next);
-    while (stop) {
-        auto* const native = dynamic_cast<NativeControl*>(stop->GetOwner());
-        if (!native || native->CanTakeFocus()) break;
-        stop = tree_.FindTabStop(stop, next);
-    }
+    LightWindow* stop = FindStop(GetFocusWindow(), next);
     if (stop) return FocusStop(*stop, reason);
     // Past the last one, what the window has outside this surface comes, and then the first one again.
     QWidget* widget = this;
@@ -268,11 +293,21 @@ bool CNorvelianSurface::focusNextPrevChild(bool next) {
             return true;
         }
     }
-    stop = tree_.FindTabStop(nullptr, next);
+    stop = FindStop(nullptr, next);
     return stop && FocusStop(*stop, reason);
 }
 
 void CNorvelianSurface::keyPressEvent(QKeyEvent* event) {
+    if (auto const key = ToNavigationKey(*event)) {
+        Control const control = focus_.lock();
+        QPointer<CNorvelianSurface> const self(this);
+        if (control && control->OnNavigationKey(*key)) {
+            if (!self) return;
+            focusByKey_ = true;
+            return RepaintFocusMark();
+        }
+        if (!self) return;
+    }
     // A pane that Tab reaches can be clicked by key, in its middle.
     bool const click =
         event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

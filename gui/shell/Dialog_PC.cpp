@@ -26,7 +26,9 @@ constexpr Attribute ownAttributes[] = {WindowKeys::name,
                                        WindowKeys::titleBar,
                                        WindowKeys::escKeyElementName,
                                        WindowKeys::backgroundBitmap,
-                                       WindowKeys::backgroundColor};
+                                       WindowKeys::backgroundColor,
+                                       WindowKeys::theme,
+                                       WindowKeys::surround};
 constexpr auto attributes = CommonAttributes::WithUnusedSizes(
     ownAttributes, "No effect: the size range of a window is that of its first child");
 ElementRegistration<Dialog_PC, GUIElement> const registration({"Dialog", "$Revision: 1.34 $", "GUI"},
@@ -89,6 +91,7 @@ void Dialog_PC::Initialize(PlatformIndependentWindowID const& parent, Descriptio
 void Dialog_PC::ReadAttributes() {
     AttributeReader const reader(description_);
     ShowCaption();
+    top_.ReadTheme(description_);
     fixedSize_ = !reader.Flag(WindowKeys::dialogResizeable);
     escKeyElementName_ = reader.Text(WindowKeys::escKeyElementName);
     top_.SetBackgroundBitmap(reader.Text(WindowKeys::backgroundBitmap));

@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QScreen>
 #include <algorithm>
@@ -207,6 +208,16 @@ void TopLevel::PaintBackground(PlatformIndependentDeviceContext& context) {
 void TopLevel::PaintDecorators(PlatformIndependentDeviceContext& context) {
     CallScope const call(element_);
     element_.OnPaintWindowDecorators(context, element_);
+}
+
+bool TopLevel::TakeKey(QKeyEvent const& event) {
+    if (event.key() == Qt::Key_F1)
+        ShowHelp(event.modifiers().testFlag(Qt::ShiftModifier));
+    else if (event.key() == Qt::Key_F7 && surface_ && surface_->GetTheme())
+        TakeNextSurround();
+    else
+        return false;
+    return true;
 }
 
 void TopLevel::ShowHelp(bool shift) {

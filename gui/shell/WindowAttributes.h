@@ -20,6 +20,13 @@ inline constexpr Attribute height{"Height", AttributeType::Number, "", "Height o
 inline constexpr Attribute closeable{"Closeable", AttributeType::Flag, "Yes",
                                      "Whether the user can close it"};
 
+inline constexpr Attribute theme{
+    "Theme", AttributeType::Text, "",
+    "\"Light\", \"Dark\", \"Report\" or \"Line\"; without one that of the parent window, or none"};
+inline constexpr Attribute surround{
+    "Surround", AttributeType::Text, "Theme",
+    "What is around measured colours with a theme: \"Theme\", \"N5\" or \"White\"; F7 takes the next"};
+
 inline constexpr Attribute windowCaption{"Caption", AttributeType::Text,
                                          "No caption in the window description", "Title"};
 inline constexpr Attribute windowResizeable{"Resizeable", AttributeType::Flag, "Yes",

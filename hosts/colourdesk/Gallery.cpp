@@ -6,6 +6,7 @@
 #include "gui/elements/application/ApplicationImplementation.h"
 #include "gui/elements/description/Attributes.h"
 #include "gui/elements/description/GUIDescriptionReader.h"
+#include "hosts/colourdesk/GalleryData.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -30,6 +31,8 @@ std::string StateOf(std::string const& name) {
     return dot == std::string::npos ? std::string() : name.substr(dot + 1);
 }
 
+std::string ComponentOf(std::string const& name) { return name.substr(0, name.find('.')); }
+
 /// The examples below a node.
 void Collect(DescriptionTree const& node, std::vector<SmartPointer<DescriptionTree>>& examples) {
     for (auto child = node.GetChildren(); child.IsValid(); ++child) {
@@ -49,6 +52,16 @@ Anything Illuminants() {
 void PutMouseOver(GUI::GUIElement const& root, std::string const& name) {
     if (StateOf(name) != "Over") return;
     if (auto* const pane = dynamic_cast<GUI::Pane*>(&root.FindElement(name))) pane->OnMouseMove(1, 1);
+}
+
+/// Data and selections come by updates and events, as a host's do.
+void BringData(GUI::GUIElement const& root, std::string const& name) {
+    std::string const message = GalleryData::MessageOf(ComponentOf(name));
+    auto* const pane = message.empty() ? nullptr : dynamic_cast<GUI::Pane*>(&root.FindElement(name));
+    if (!pane) return;
+    pane->OnUpdate("Properties");
+    pane->OnUpdate(String(message));
+    if (StateOf(name) == "Selected") pane->Select({});
 }
 
 SmartPointer<DescriptionTree> Node(char const* type) {
@@ -91,7 +104,10 @@ GUI::GUIElement& Gallery::Open(DescriptionTree const& description) {
     window_->Initialize(*noParent_, description, this);
     std::vector<SmartPointer<DescriptionTree>> examples;
     Collect(description, examples);
-    for (auto const& example : examples) PutMouseOver(*window_, NameOf(*example));
+    for (auto const& example : examples) {
+        PutMouseOver(*window_, NameOf(*example));
+        BringData(*window_, NameOf(*example));
+    }
     return *window_;
 }
 
@@ -112,6 +128,8 @@ void Gallery::WritePictures(std::string const& directory, GUI::ApplicationImplem
 
 Anything Gallery::GetValue(String const& element, String const& name) {
     std::string const state = StateOf(element);
+    if (Anything const data = GalleryData::GetValue(ComponentOf(element), state, name); data.IsValid())
+        return data;
     if (state.empty()) return {};
     if (name == "Enable" || name == "Enabled") return !state.ends_with("Disabled");
     if (name == "Focus") return state.ends_with("Focus");
@@ -123,6 +141,7 @@ Anything Gallery::GetValue(String const& element, String const& name) {
     if (name == "NumberOfShowValues") return 25L;
     if (name == "Position") return 30L;
     if (name == "ButtonColor") return "229,112,68";
+    if (name == "CurrentTab") return String(state + "Readings");
     return {};
 }
 

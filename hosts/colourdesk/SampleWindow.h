@@ -50,6 +50,15 @@ public:
     static constexpr char const* languageItem = "Language";
     static constexpr char const* nextLanguageItem = "NextLanguage";
     static constexpr char const* quitItem = "Quit";
+    /// So do those of themes and surrounds.
+    static constexpr char const* themeItem = "Theme";
+    static constexpr char const* surroundItem = "Surround";
+
+    /// What the window takes at its next update.
+    void SetTheme(Utilities::String const& theme) { theme_ = theme; }
+    void SetSurround(Utilities::String const& surround) { surround_ = surround; }
+    Utilities::String const& GetTheme() const { return theme_; }
+    Utilities::String const& GetSurround() const { return surround_; }
 
     long GetSelected() const { return selected_; }
     SampleDocument const& GetDocument() const { return document_; }
@@ -80,6 +89,9 @@ private:
     /// Index of a patch's sample, -1 for a name of another form or beyond the samples.
     long SampleOfPatch(Utilities::String const& element) const;
     std::string PatchName(long sample) const;
+    static Utilities::Anything GetNumber(Utilities::String const& element, std::array<double, 3> const& lab);
+    /// "Sample 5 of 34".
+    std::string PositionText() const;
     /// "1 to 2800 of 100000", empty if all samples are shown.
     std::string PageText() const;
     void UpdateCharts();
@@ -98,6 +110,8 @@ private:
     short labRange_;
     double reflectanceEnd_;
     long selected_ = -1;
+    Utilities::String theme_ = "Light";
+    Utilities::String surround_ = "Theme";
     std::function<void()> firstPaint_;
     std::function<void(Utilities::String const&)> dropped_;
     std::function<void(Utilities::String const&)> command_;

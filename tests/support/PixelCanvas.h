@@ -37,6 +37,7 @@ public:
     void FillPolygon(Points) override {}
     void DrawImage(short, short, Utilities::String const&) override {}
     void DrawText(short, short, Utilities::String const&) override {}
+    void DrawPixels(short, short, short, short, std::span<std::uint32_t const>, long) override {}
     void GetTextExtent(Utilities::String const&, long& width, long& height) override { width = height = 0; }
 
 private:

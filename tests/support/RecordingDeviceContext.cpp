@@ -86,5 +86,11 @@ void RecordingDeviceContext::GetTextExtent(String const& text, long& width, long
     width = 6 * text.Length();
     height = 10;
 }
+void RecordingDeviceContext::SetSmooth(bool smooth) { Add("SetSmooth", smooth); }
+void RecordingDeviceContext::DrawPixels(short left, short top, short right, short bottom,
+                                        std::span<std::uint32_t const> colors, long width) {
+    Add("DrawPixels", left, top, right, bottom, width, colors.empty() ? 0 : colors.front(),
+        colors.empty() ? 0 : colors.back());
+}
 
 } // namespace TestSupport

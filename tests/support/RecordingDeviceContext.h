@@ -37,6 +37,10 @@ public:
     void DrawImage(short x, short y, Utilities::String const& imageName) override;
     void DrawText(short x, short y, Utilities::String const& text) override;
     void GetTextExtent(Utilities::String const& text, long& width, long& height) override;
+    void SetSmooth(bool smooth) override;
+    /// Writes the box, the number of colours in a row, and the first and last colour.
+    void DrawPixels(short left, short top, short right, short bottom, std::span<std::uint32_t const> colors,
+                    long width) override;
 
 private:
     template <class... Arguments> void Add(char const* operation, Arguments const&... arguments);

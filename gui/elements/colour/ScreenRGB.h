@@ -40,6 +40,9 @@ public:
     GUI::RGBVector GetRGB(Norvelian::ColorExchangeFormat::Sample const& sample) const;
     GUI::RGBVector GetRGB(Norvelian::Tristim::NVSpectrum const& spectrum) const;
 
+    /// For what needs more than single colours.
+    Norvelian::ColorExchangeFormat::ScreenTransform const& GetTransform() const { return *transform_; }
+
     bool PrepareForUnload() override { return true; }
 
 private:

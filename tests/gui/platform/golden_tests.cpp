@@ -2,6 +2,7 @@
 // look at them before committing. No text is drawn: fonts differ between machines.
 #include "Utilities/NamingService.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/drawing/ImageServiceInterface.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "tests/support/FakeDataSource.h"
@@ -30,6 +31,8 @@ struct Golden {
     std::function<void(FakeDataSource&)> data;
     /// The update message, none if empty.
     char const* message = "";
+    /// What happens to it before it is painted.
+    std::function<void(GUI::Pane&)> act = {};
 };
 
 Anything Column(std::string const& name, double base, double height, double centre) {
@@ -92,6 +95,28 @@ void Bars(FakeDataSource& source) {
     source.values[{"E", "1"}] = Anything(column);
 }
 
+void Harmony(FakeDataSource& source) {
+    source.values[{"E", "NumberOfSlices"}] = short{8};
+    for (int slice :
+         {0, 1, 2, 3, 4, 5, 6, 7, 10, 11, 12, 100, 101, 102, 103, 104, 105, 106, 107, 108, 109, 110, 111}) {
+        double const angle = slice < 10 ? slice * 0.785 : slice * 0.5236;
+        RGBVector color(static_cast<unsigned char>(128 + 100 * std::cos(angle)),
+                        static_cast<unsigned char>(128 + 100 * std::sin(angle)),
+                        static_cast<unsigned char>(110 + slice));
+        color.SetInGamut(slice % 5 != 1);
+        source.values[{"E", "Color of Slice " + std::to_string(slice)}] = color.GetAnything();
+    }
+}
+
+std::function<void(FakeDataSource&)> HarmonyWith(short selected) {
+    return [selected](FakeDataSource& source) {
+        Harmony(source);
+        source.values[{"E", "SelectedSlice"}] = selected;
+    };
+}
+
+void Select(GUI::Pane& pane) { pane.Select({}); }
+
 std::vector<Golden> Goldens() {
     auto const color = [](unsigned char r, unsigned char g, unsigned char b, bool active) {
         return [=](FakeDataSource& source) {
@@ -150,7 +175,48 @@ std::vector<Golden> Goldens() {
          {{"SpotSize", "5"}, {"BackgroundColor", "198,198,198"}, {"MarkOutside", "Yes"}},
          Spots,
          "data"},
+        {"color-wheel-selected", "ColorWheel", 200, 180, {}, HarmonyWith(5), "data", Select},
+        {"color-wheel-smooth",
+         "ColorWheel",
+         180,
+         180,
+         {{"Smooth", "Yes"}, {"BaseAngle", "15"}},
+         HarmonyWith(3),
+         "data",
+         Select},
+        {"sky-slice-selected",
+         "PalimarSky",
+         240,
+         240,
+         {{"OuterRadius", "115"}, {"InnerRadius", "70"}},
+         HarmonyWith(104),
+         "data",
+         Select},
+        {"sky-triangle-selected",
+         "PalimarSky",
+         240,
+         240,
+         {{"OuterRadius", "115"}, {"InnerRadius", "80"}},
+         HarmonyWith(11),
+         "data",
+         Select},
+        {"sky-kite-selected",
+         "PalimarSky",
+         240,
+         240,
+         {{"OuterRadius", "115"}, {"InnerRadius", "90"}, {"Smooth", "Yes"}},
+         HarmonyWith(2),
+         "data",
+         Select},
     };
+}
+
+/// Pictures are those of the program.
+void TakeImages() {
+    auto const images = Utilities::ResolveComponent<GUI::ImageServiceInterface>("ImageService");
+    auto const bitmap = Utilities::ResolveComponent<GUI::Bitmap>("Bitmap");
+    ASSERT_TRUE(bitmap->Load(Utilities::File(IMAGES "/Warnung.png")));
+    images->SetBitmap("Warnung", bitmap);
 }
 
 QImage Paint(Golden const& golden) {
@@ -166,6 +232,7 @@ QImage Paint(Golden const& golden) {
     element->Initialize(identity, node, &source);
     element->SetSize(static_cast<unsigned long>(golden.width), static_cast<unsigned long>(golden.height));
     if (*golden.message != '\0') element->OnUpdate(golden.message);
+    if (golden.act) golden.act(dynamic_cast<GUI::Pane&>(*element));
     QImage image(golden.width, golden.height, QImage::Format_RGB32);
     image.fill(Qt::magenta);
     {
@@ -178,6 +245,7 @@ QImage Paint(Golden const& golden) {
 } // namespace
 
 TEST(GoldenPictures, AreWhatIsDrawn) {
+    TakeImages();
     bool const write = std::getenv("NORVELIAN_WRITE_GOLDENS") != nullptr;
     for (Golden const& golden : Goldens()) {
         QString const file = QString(GOLDENS) + "/" + golden.state + ".png";

@@ -4,6 +4,7 @@
 #include "tests/support/FunctionCallback.h"
 #include "tests/support/TemporaryDirectory.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -139,8 +140,15 @@ TEST(SampleWindow, AnExtendedSpectrumSaysSoBesideItsNumbers) {
 TEST(SampleWindow, NumbersStandWithTheirCondition) {
     SampleWindow window = MakeWindow();
     window.Select(1);
-    std::string const text = window.GetValue("SampleLab", "Caption").GetString();
-    EXPECT_EQ(text.substr(0, 3), "L* ");
+    auto const number = [&](char const* name) {
+        return std::stod(window.GetValue(name, "Caption").GetString().GetStdString());
+    };
+    EXPECT_NEAR(number("SampleChroma"), std::hypot(number("SampleA"), number("SampleB")), 1e-4);
+    EXPECT_NEAR(number("SampleHue"), std::atan2(number("SampleB"), number("SampleA")) * 180 / 3.14159265,
+                1e-3)
+        << "of a colour in the first quarter";
+    std::string const text =
+        SampleDocument::FormatLab({number("SampleLightness"), number("SampleA"), number("SampleB")});
     std::string const tip = window.GetValue("Patch0_1", "ToolTipText").GetString();
     EXPECT_NE(tip.find("TCS02"), std::string::npos);
     EXPECT_NE(tip.find(text), std::string::npos) << "the tip says the same numbers";

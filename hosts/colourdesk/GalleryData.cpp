@@ -1,0 +1,166 @@
+#include "hosts/colourdesk/GalleryData.h"
+
+#include "gui/elements/colour/RGBVector.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <string_view>
+
+namespace ColourDesk::GalleryData {
+
+using Utilities::Anything;
+using Utilities::String;
+
+namespace {
+
+constexpr double pi = 3.14159265358979;
+constexpr int spots = 12;
+
+/// The number behind a prefix.
+std::optional<int> NumberBehind(std::string const& text, std::string_view prefix) {
+    if (!text.starts_with(prefix) || text.size() == prefix.size()) return std::nullopt;
+    for (char const c : text.substr(prefix.size()))
+        if (c < '0' || c > '9') return std::nullopt;
+    return static_cast<int>(String(text.substr(prefix.size())).GetLong());
+}
+
+GUI::RGBVector Hue(double turn) {
+    auto const channel = [turn](double shift) {
+        return static_cast<unsigned char>(std::lround(140 + 90 * std::cos(2 * pi * (turn - shift))));
+    };
+    return {channel(0), channel(1.0 / 3), channel(2.0 / 3)};
+}
+
+template <class Value> Anything Column(std::string const& name, int count, Value value) {
+    Anything::VectorOfAnythings column(static_cast<std::uint32_t>(count) + 1);
+    column[0] = String(name);
+    for (int i = 0; i < count; ++i) column[static_cast<std::uint32_t>(i) + 1] = value(i);
+    return column;
+}
+
+Anything Row(std::initializer_list<Anything> values) {
+    Anything::VectorOfAnythings row(static_cast<std::uint32_t>(values.size()));
+    std::uint32_t next = 0;
+    for (Anything const& value : values) row[next++] = value;
+    return row;
+}
+
+/// A scale from and to, and the distance of its numbers.
+struct Scale {
+    double xBegin, xEnd, xLines, yBegin, yEnd, yLines;
+
+    Anything Get(String const& name) const {
+        if (name == "XScaleBegin") return xBegin;
+        if (name == "XScaleEnd") return xEnd;
+        if (name == "XScaleDrawLines") return xLines;
+        if (name == "YScaleBegin") return yBegin;
+        if (name == "YScaleEnd") return yEnd;
+        if (name == "YScaleDrawLines") return yLines;
+        return {};
+    }
+};
+
+Anything GetBars(String const& name) {
+    constexpr std::array<double, 8> differences{1.2, -0.8, 2.6, 0.3, -3.9, 1.9, -1.4, 0.7};
+    if (name == "1")
+        return Column("Differences", static_cast<int>(differences.size()),
+                      [&differences](int i) { return Anything(differences[static_cast<std::size_t>(i)]); });
+    if (name == "ValueBegin" || name == "XValueBegin") return "5";
+    if (name == "ValueStep" || name == "DeltaXValue") return "10";
+    if (name == "BarWidth") return "6";
+    if (name == "PositivLimit") return "2";
+    if (name == "NegativLimit") return "-2";
+    return Scale{0, 80, 10, -3, 3, 1}.Get(name);
+}
+
+Anything GetCurves(String const& name) {
+    constexpr int bands = 36;
+    constexpr std::array<char const*, 3> colors{"29;95;166", "0;105;92", "179;38;30"};
+    for (int i = 0; i < 3; ++i) {
+        if (name == String(long{i} + 1))
+            return Column("Curve", bands, [i](int band) {
+                return Anything(0.08 + 0.1 * i +
+                                (0.7 - 0.1 * i) * std::exp(-std::pow((band - 8.0 - 9 * i) / 5, 2)));
+            });
+        if (name == String("CurveColor ") + String(long{i})) return colors[static_cast<std::size_t>(i)];
+    }
+    if (name == "") return Row({"Cyan", "Green", "Red"});
+    if (name == "ValueBegin") return "380";
+    if (name == "ValueStep") return "10";
+    return Scale{380, 730, 50, 0, 1, 0.2}.Get(name);
+}
+
+Anything GetSpot(int number) {
+    double const turn = number / static_cast<double>(spots);
+    Anything::MapOfAnythings spot;
+    spot["Color"] = Hue(turn).GetAnything();
+    spot["XValue"] = 40 * std::cos(2 * pi * turn);
+    spot["YValue"] = 40 * std::sin(2 * pi * turn);
+    return spot;
+}
+
+Anything GetHarmony(std::string const& state, std::string const& name) {
+    if (name == "NumberOfSlices") return short{8};
+    if (name == "SelectedSlice" && state == "Selected") return short{2};
+    auto const slice = NumberBehind(name, "Color of Slice ");
+    if (!slice) return {};
+    GUI::RGBVector color = Hue(*slice < 10 ? *slice / 8.0 : *slice / 12.0);
+    color.SetInGamut(*slice % 5 != 3);
+    return color.GetAnything();
+}
+
+Anything GetPlane(std::string const& state, String const& name) {
+    if (name == "Plane") return state == "Leaf" ? "LC" : "ab";
+    if (name == "Lightness") return 65.0;
+    if (name == "Hue") return 40.0;
+    if (name == "NrOfPatches") return state == "Leaf" ? 0L : long{spots};
+    if (name == "SelectedSample") return 4L;
+    return {};
+}
+
+Anything GetChartRow(String const& name) {
+    auto const number = NumberBehind(name, "");
+    if (name == "ColorScale") return "CIELab";
+    if (!number || *number < 1 || *number > spots) return {};
+    double const angle = 2 * pi * *number / spots;
+    return Row({"Sample", 40.0 + 3 * *number, 60 * std::cos(angle), 60 * std::sin(angle)});
+}
+
+} // namespace
+
+Anything GetValue(std::string const& component, std::string const& state, String const& name) {
+    if (component == "BarGraph") return GetBars(name);
+    if (component == "XYGraph") return GetCurves(name);
+    if (auto const spot = NumberBehind(component, "Patch"); spot && name == "Data") return GetSpot(*spot);
+    if (component == "ColorWheel" || component == "PalimarSky") return GetHarmony(state, name);
+    if (component == "ColorGraph" || component == "XYColorChart") return GetPlane(state, name);
+    if (component == "LabChart") return GetChartRow(name);
+    if (component == "CrossGraph") {
+        if (auto const point = NumberBehind(name, ""); point && *point >= 1)
+            return Row({50 * std::cos(2 * pi * *point / spots), 50 * std::sin(2 * pi * *point / spots)});
+        return Scale{-100, 100, 50, -100, 100, 50}.Get(name);
+    }
+    if (component == "ImagePatch" && name == "Region" && state == "Region") {
+        Anything::MapOfAnythings box;
+        box["Left"] = 4L;
+        box["Top"] = 10L;
+        box["Right"] = 24L;
+        box["Bottom"] = 36L;
+        return box;
+    }
+    return {};
+}
+
+std::string MessageOf(std::string const& component) {
+    if (component == "BarChart") return "1;1-8;1";
+    if (component == "XYChart") return "1;1-36;3";
+    if (component == "LabChart" || component == "CrossGraph") return "1;1-4;" + std::to_string(spots);
+    bool const asks = component == "ColorWheel" || component == "PalimarSky" || component == "ColorGraph" ||
+                      component == "XYColorChart" || component == "ImagePatch";
+    return asks ? "data" : "";
+}
+
+} // namespace ColourDesk::GalleryData
