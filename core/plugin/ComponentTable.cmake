@@ -97,6 +97,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/grid/CNorvelianAccessibleGrid.cpp
   gui/grid/CNorvelianGridCtrl.cpp
   gui/grid/Grid.cpp
+  gui/grid/GridByRange_PC.cpp
   gui/grid/GridCellMap.cpp
   gui/grid/GridCommands_PC.cpp
   gui/grid/GridPages.cpp

@@ -34,7 +34,8 @@ namespace GUI {
 /// With "Virtual" any number of rows is shown, and only those on the screen are asked for: "RowCount" (long)
 /// is their number, and "Rows a-b", which counts from 0, is answered with a vector of rows, each a vector of
 /// cells. An invalid answer means that they come later, told by an update; a shorter one that there are fewer
-/// rows now. Sorting such a table is left to the data source.
+/// rows now. Sorting such a table and finding in it are left to
+/// the data source.
 ///
 /// When a cell was edited the data source is told "Value", a vector of its text, row and column, and then
 /// "OnTextChanged" runs with the same; of several cells, changed by pasting or undoing, it is told "Values",

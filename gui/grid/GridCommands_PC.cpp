@@ -41,7 +41,7 @@ bool Grid_PC::RunCommand(String const& name, AttributeMap const& arguments) {
     EventScope const event(QThread::currentThread()->loopLevel());
     if (name == "Undo") return grid->GetHistory().CanUndo() && (grid->Undo(), true);
     if (name == "Redo") return grid->GetHistory().CanRedo() && (grid->Redo(), true);
-    if (name == "Copy") return grid->Copy(), true;
+    if (name == "Copy") return grid->Copy();
     if (name == "Cut") return grid->Cut(), true;
     if (name == "Paste") return grid->Paste(), true;
     if (name == "Find") return grid->Find(TextOf(arguments, "Text"), IsYes(arguments, "Backward"));

@@ -60,8 +60,9 @@ private:
     void ApplyStyles();
     void ApplyHeaders();
     void ReadRowCount();
+    void FetchRows(long first, long last);
     /// False if the element was released.
-    bool FetchRows(long first, long last);
+    bool FetchMissing(long first, long last);
     void TakeRows(long first, Utilities::Anything::VectorOfAnythings const& rows);
     /// The row's number for the data source, counted from 1.
     long LineOf(long row) const;
@@ -71,6 +72,7 @@ private:
     GridPages pages_;
     GridPlace toldPlace_{-1, -1};
     bool fetching_ = false;
+    bool fetchesAgain_ = false;
 };
 
 } // namespace GUI

@@ -236,7 +236,8 @@ bool CGXGridWnd::OnKey(GridKey key, GridModifiers modifiers) {
     case GridKey::Delete:
         return ClearSelected(), true;
     case GridKey::Copy:
-        return Copy(), true;
+        Copy();
+        return true;
     case GridKey::Cut:
         return Cut(), true;
     case GridKey::Paste:
