@@ -239,7 +239,7 @@ Anything SampleWindow::GetDetail(String const& element, String const& key) const
     if (element == "SamplePosition") return PositionText().c_str();
     if (StartsWith(element, "Sample"))
         if (Anything const number = GetNumber(element, shown.lab); number.IsValid()) return number;
-    if (element == "SampleCondition") return shown.condition.c_str();
+    if (element == "SampleCondition" || element == "TableCondition") return shown.condition.c_str();
     if (element == "SampleGamut") return shown.color.IsInGamut() ? "" : "outside the screen's gamut";
     return {};
 }
@@ -333,7 +333,7 @@ void SampleWindow::Select(long sample) {
     }
     for (char const* const element :
          {"SamplePage", "SampleName", "SamplePosition", "SampleLightness", "SampleA", "SampleB",
-          "SampleChroma", "SampleHue", "SampleCondition", "SampleGamut", "SelectedColour"})
+          "SampleChroma", "SampleHue", "SampleCondition", "SampleGamut", "SelectedColour", "TableCondition"})
         ExecuteCallback(element, "OnUpdate", {});
     ExecuteCallback("Spectra", "OnUpdate", "Properties");
     ExecuteCallback("ColorChart", "SelectSample", {});

@@ -158,8 +158,8 @@ public:
     bool StartEditing(GridPlace const& place, Utilities::String const* typed = nullptr);
     void EndEditing(bool accept);
     GridPlace const* GetEdited() const { return editing_ ? &edited_ : nullptr; }
-    void Undo() { ShowTouched(history_.Undo()); }
-    void Redo() { ShowTouched(history_.Redo()); }
+    void Undo();
+    void Redo();
     /// False if nothing was copied: too much was selected, or some of its rows aren't there.
     bool Copy();
     void Cut();

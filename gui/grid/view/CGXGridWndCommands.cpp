@@ -14,11 +14,11 @@ using Utilities::String;
 bool CGXGridWnd::StartEditing(GridPlace const& place, String const* typed) {
     if (!enabled_ || place.row < 1 || place.column < 1 || !core_.HasPlace(place)) return false;
     EndEditing(true);
+    MakeVisible(place);
     GridCellView const cell = GetCellView(place);
     auto const reaction = CGXControl::Of(cell.style.GetControl()).Edit(cell);
     if (reaction.kind == CGXControl::Reaction::Kind::Choose) return React(reaction, place);
     if (reaction.kind != CGXControl::Reaction::Kind::Edit) return false;
-    MakeVisible(place);
     editing_ = true;
     edited_ = place;
     String const text = cell.style.IsNumber() ? ShowGridNumber(cell.text, decimalSign_, false) : cell.text;
@@ -30,13 +30,14 @@ void CGXGridWnd::EndEditing(bool accept) {
     if (!std::exchange(editing_, false)) return;
     String const typed = GetEditorText();
     HideEditor();
-    if (!accept) return;
+    if (!accept || !core_.HasPlace(edited_)) return;
     String const text = core_.GetStyle(edited_).IsNumber() ? KeepGridNumber(typed, decimalSign_) : typed;
     if (!(text == core_.GetText(edited_))) SetText(edited_, text, false);
 }
 
 void CGXGridWnd::OnChosen(String const& text) {
-    if (!(text == core_.GetText(edited_))) SetText(edited_, text, true);
+    // The table may have got smaller while the choices were shown.
+    if (core_.HasPlace(edited_) && !(text == core_.GetText(edited_))) SetText(edited_, text, true);
 }
 
 void CGXGridWnd::SetText(GridPlace const& place, String const& text, bool merges) {
@@ -44,6 +45,18 @@ void CGXGridWnd::SetText(GridPlace const& place, String const& text, bool merges
     RepaintCell(place);
     TellCellChange(place);
     if (observer_) observer_->OnEndEditing(place);
+}
+
+void CGXGridWnd::Undo() {
+    std::vector<GridSortKey> const former = GetSortKeys();
+    ShowTouched(history_.Undo());
+    if (former != GetSortKeys() && observer_) observer_->OnSorted();
+}
+
+void CGXGridWnd::Redo() {
+    std::vector<GridSortKey> const former = GetSortKeys();
+    ShowTouched(history_.Redo());
+    if (former != GetSortKeys() && observer_) observer_->OnSorted();
 }
 
 void CGXGridWnd::ShowTouched(GridHistory::Touched touched) {
