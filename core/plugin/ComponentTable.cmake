@@ -100,7 +100,9 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/grid/CNorvelianAccessibleGrid.cpp
   gui/grid/CNorvelianGridCtrl.cpp
   gui/grid/Grid.cpp
+  gui/grid/GridByRange_PC.cpp
   gui/grid/GridCellMap.cpp
+  gui/grid/GridCommands_PC.cpp
   gui/grid/GridPages.cpp
   gui/grid/controls/CGXControl.cpp
   gui/grid/controls/GridDrawing.cpp
@@ -114,6 +116,8 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/grid/model/GridNumber.cpp
   gui/grid/model/GridOrder.cpp
   gui/grid/model/GridRows.cpp
+  gui/grid/printing/GridPrintLayout.cpp
+  gui/grid/printing/GridPrinting_PC.cpp
   gui/grid/view/CGXGridWnd.cpp
   gui/grid/view/CGXGridWndCommands.cpp
   gui/grid/view/CGXGridWndInput.cpp

@@ -62,9 +62,9 @@ double ReflectanceEnd(SampleDocument const& document) {
 } // namespace
 
 SampleWindow::SampleWindow(SampleDocument document)
-    : document_(std::move(document)), pages_(Count()), columns_(ColumnsFor(pages_.GetPlaces())),
-      rows_((pages_.GetPlaces() + columns_ - 1) / columns_), labRange_(RangeOf(document_)),
-      reflectanceEnd_(ReflectanceEnd(document_)) {}
+    : document_(std::move(document)), view_(chartsView), pages_(Count()),
+      columns_(ColumnsFor(pages_.GetPlaces())), rows_((pages_.GetPlaces() + columns_ - 1) / columns_),
+      labRange_(RangeOf(document_)), reflectanceEnd_(ReflectanceEnd(document_)) {}
 
 void SampleWindow::Start() {
     UpdateCharts();
@@ -89,6 +89,9 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
     if (element == labChart && key == GUI::Values::accessibleName)
         return LanguageServiceInterface::GetTranslation("a* to the right, b* upward");
     if (element == curves) return GetCurveValue(key);
+    if (element == views)
+        return key == "CurrentView" ? Anything(view_ == gridView ? "TableView" : "ChartsView") : Anything();
+    if (element == sampleGrid) return grid_.GetValue(key);
     if (element == labChart) {
         if (key == "SelectedSample" && firstPaint_) std::exchange(firstPaint_, nullptr)();
         return GetLabChartValue(key);
@@ -105,6 +108,7 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
 Anything SampleWindow::GetMenuValue(String const& item, String const& key) const {
     bool const isPage = item.FindSubstring("Page", 0) >= 0;
     if (key == "ItemEnabled") return !isPage || pages_.AreMany();
+    if (item == chartsView || item == gridView) return item == view_;
     if (StartsWith(item, themeItem)) return item == themeItem + theme_;
     if (StartsWith(item, surroundItem)) return item == surroundItem + surround_;
     if (StartsWith(item, languageItem) && Utilities::NamingService::Instance()->IsRegistered(languageService))
@@ -124,6 +128,8 @@ long SampleWindow::OnMenuItem(Anything const& name) {
         TurnPages(-1);
     else if (item == nextPage)
         TurnPages(1);
+    else if (item == chartsView || item == gridView)
+        ShowView(item);
     else if (command_)
         command_(item);
     return 0;
@@ -233,7 +239,7 @@ Anything SampleWindow::GetDetail(String const& element, String const& key) const
     if (element == "SamplePosition") return PositionText().c_str();
     if (StartsWith(element, "Sample"))
         if (Anything const number = GetNumber(element, shown.lab); number.IsValid()) return number;
-    if (element == "SampleCondition") return shown.condition.c_str();
+    if (element == "SampleCondition" || element == "TableCondition") return shown.condition.c_str();
     if (element == "SampleGamut") return shown.color.IsInGamut() ? "" : "outside the screen's gamut";
     return {};
 }
@@ -259,6 +265,7 @@ void SampleWindow::SetValue(String const& element, String const& key, Anything c
         surround_ = value.GetString();
         if (command_) command_(String(surroundItem) + surround_);
     }
+    if (element == sampleGrid) TakeGridValue(key, value);
     if (element == labChart && key == "Click") {
         auto const& place = value.GetMapOfAnythings();
         SelectNearest(place["x"].GetDouble(), place["y"].GetDouble());
@@ -283,10 +290,11 @@ bool SampleWindow::OnDrop(GUI::PlatformIndependentWindowID const& /*window*/, GU
 Callback SampleWindow::GetCallback(String const& element, String const& event) {
     if (event == "OnLeftButtonDown" && SampleOfPatch(element) >= 0)
         return Utilities::MakeCallback(this, &SampleWindow::OnPatchClicked);
-    bool const isMenuItem = element == quitItem || element == nextLanguageItem ||
-                            StartsWith(element, languageItem) || StartsWith(element, themeItem) ||
-                            StartsWith(element, surroundItem) || element == firstPage ||
-                            element == previousPage || element == nextPage || element == lastPage;
+    bool const isMenuItem = element == quitItem || element == chartsView || element == gridView ||
+                            element == nextLanguageItem || StartsWith(element, languageItem) ||
+                            StartsWith(element, themeItem) || StartsWith(element, surroundItem) ||
+                            element == firstPage || element == previousPage || element == nextPage ||
+                            element == lastPage;
     if (event == "OnClick" && isMenuItem) return Utilities::MakeCallback(this, &SampleWindow::OnMenuItem);
     return DialogHandler::GetCallback(element, event);
 }
@@ -325,10 +333,11 @@ void SampleWindow::Select(long sample) {
     }
     for (char const* const element :
          {"SamplePage", "SampleName", "SamplePosition", "SampleLightness", "SampleA", "SampleB",
-          "SampleChroma", "SampleHue", "SampleCondition", "SampleGamut", "SelectedColour"})
+          "SampleChroma", "SampleHue", "SampleCondition", "SampleGamut", "SelectedColour", "TableCondition"})
         ExecuteCallback(element, "OnUpdate", {});
     ExecuteCallback("Spectra", "OnUpdate", "Properties");
     ExecuteCallback("ColorChart", "SelectSample", {});
+    UpdateGrid();
 }
 
 long SampleWindow::SampleOfPatch(String const& element) const {

@@ -3,6 +3,7 @@
 #include "gui/elements/DataAccess.h"
 #include "gui/elements/DialogHandler.h"
 #include "hosts/colourdesk/SampleDocument.h"
+#include "hosts/colourdesk/SampleGrid.h"
 #include "hosts/colourdesk/SamplePages.h"
 
 #include <functional>
@@ -60,6 +61,12 @@ public:
     Utilities::String const& GetTheme() const { return theme_; }
     Utilities::String const& GetSurround() const { return surround_; }
 
+    /// The pane that shows one of two views, and the menu's items for them.
+    static constexpr char const* views = "Views";
+    static constexpr char const* chartsView = "ShowCharts";
+    static constexpr char const* gridView = "ShowTable";
+    static constexpr char const* sampleGrid = "SampleGrid";
+
     long GetSelected() const { return selected_; }
     SampleDocument const& GetDocument() const { return document_; }
 
@@ -95,6 +102,10 @@ private:
     /// "1 to 2800 of 100000", empty if all samples are shown.
     std::string PageText() const;
     void UpdateCharts();
+    /// Shows the charts or the table.
+    void ShowView(Utilities::String const& view);
+    void UpdateGrid();
+    void TakeGridValue(Utilities::String const& key, Utilities::Anything const& value);
     std::string ToolTip(long sample) const;
     /// How far out the a*b* plane is shown.
     static short RangeOf(SampleDocument const& document);
@@ -104,6 +115,8 @@ private:
     long Count() const { return static_cast<long>(document_.GetSamples().size()); }
 
     SampleDocument document_;
+    SampleGrid grid_{document_.GetSamples()};
+    Utilities::String view_;
     SamplePages pages_;
     long columns_;
     long rows_;
