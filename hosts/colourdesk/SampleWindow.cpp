@@ -21,6 +21,9 @@ using Utilities::String;
 namespace {
 
 constexpr char const* windowName = "ColourDesk";
+constexpr char const* viewTabs = "ViewTabs";
+constexpr char const* chartsTab = "ChartsTab";
+constexpr char const* tableTab = "TableTab";
 constexpr char const* curves = "XYGraph";
 constexpr char const* labChart = "LabChart";
 constexpr char const* patch = "Patch";
@@ -101,12 +104,15 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
     if (StartsWith(element, patch) && key == "Data")
         return GetSpot(pages_.GetFirst() + NumberBehind(element, patch));
     if (StartsWith(element, patch)) return GetPatchValue(element, key);
+    if (element == viewTabs && key == "CurrentTab") return view_ == gridView ? tableTab : chartsTab;
     if (key == "ItemEnabled" || key == "State") return GetMenuValue(element, key);
     return GetDetail(element, key);
 }
 
 Anything SampleWindow::GetMenuValue(String const& item, String const& key) const {
     bool const isPage = item.FindSubstring("Page", 0) >= 0;
+    if (key == "ItemEnabled" && item == previousTool) return selected_ > 0;
+    if (key == "ItemEnabled" && item == nextTool) return selected_ + 1 < Count();
     if (key == "ItemEnabled") return !isPage || pages_.AreMany();
     if (item == chartsView || item == gridView) return item == view_;
     if (StartsWith(item, themeItem)) return item == themeItem + theme_;
@@ -128,6 +134,10 @@ long SampleWindow::OnMenuItem(Anything const& name) {
         TurnPages(-1);
     else if (item == nextPage)
         TurnPages(1);
+    else if (item == previousTool)
+        Select(std::max(selected_ - 1, 0L));
+    else if (item == nextTool)
+        Select(std::min(selected_ + 1, Count() - 1));
     else if (item == chartsView || item == gridView)
         ShowView(item);
     else if (command_)
@@ -294,9 +304,17 @@ Callback SampleWindow::GetCallback(String const& element, String const& event) {
                             element == nextLanguageItem || StartsWith(element, languageItem) ||
                             StartsWith(element, themeItem) || StartsWith(element, surroundItem) ||
                             element == firstPage || element == previousPage || element == nextPage ||
-                            element == lastPage;
+                            element == lastPage || element == previousTool || element == nextTool ||
+                            element == surroundTool || element == themeTool;
+    if (element == viewTabs && event == "OnTabChanged")
+        return Utilities::MakeCallback(this, &SampleWindow::OnTabChanged);
     if (event == "OnClick" && isMenuItem) return Utilities::MakeCallback(this, &SampleWindow::OnMenuItem);
     return DialogHandler::GetCallback(element, event);
+}
+
+long SampleWindow::OnTabChanged(Anything const& tab) {
+    ShowView(tab.GetString() == tableTab ? gridView : chartsView);
+    return 0;
 }
 
 long SampleWindow::OnPatchClicked(Anything const& element) {
@@ -331,9 +349,9 @@ void SampleWindow::Select(long sample) {
         for (long const changed : {former, sample})
             if (pages_.IsShown(changed)) ExecuteCallback(PatchName(changed).c_str(), "OnUpdate", {});
     }
-    for (char const* const element :
-         {"SamplePage", "SampleName", "SamplePosition", "SampleLightness", "SampleA", "SampleB",
-          "SampleChroma", "SampleHue", "SampleCondition", "SampleGamut", "SelectedColour", "TableCondition"})
+    for (char const* const element : {"SamplePage", "SampleName", "SamplePosition", "SampleLightness",
+                                      "SampleA", "SampleB", "SampleChroma", "SampleHue", "SampleCondition",
+                                      "SampleGamut", "SelectedColour", "TableCondition", "Tools"})
         ExecuteCallback(element, "OnUpdate", {});
     ExecuteCallback("Spectra", "OnUpdate", "Properties");
     ExecuteCallback("ColorChart", "SelectSample", {});

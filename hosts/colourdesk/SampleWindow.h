@@ -51,6 +51,11 @@ public:
     static constexpr char const* languageItem = "Language";
     static constexpr char const* nextLanguageItem = "NextLanguage";
     static constexpr char const* quitItem = "Quit";
+    /// Tools; their names are those of their icons.
+    static constexpr char const* previousTool = "previous";
+    static constexpr char const* nextTool = "next";
+    static constexpr char const* surroundTool = "surrounds";
+    static constexpr char const* themeTool = "theme";
     /// So do those of themes and surrounds.
     static constexpr char const* themeItem = "Theme";
     static constexpr char const* surroundItem = "Surround";
@@ -84,6 +89,7 @@ public:
 private:
     Utilities::Anything GetMenuValue(Utilities::String const& item, Utilities::String const& key) const;
     long OnMenuItem(Utilities::Anything const& name);
+    long OnTabChanged(Utilities::Anything const& tab);
     Utilities::Anything GetPatchValue(Utilities::String const& element, Utilities::String const& key) const;
     Utilities::Anything GetCurveValue(Utilities::String const& key) const;
     Utilities::Anything GetLabChartValue(Utilities::String const& key) const;

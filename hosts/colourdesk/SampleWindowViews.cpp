@@ -10,6 +10,7 @@ void SampleWindow::ShowView(String const& view) {
     if (view == view_) return;
     view_ = view;
     ExecuteCallback(views, "OnUpdate", {});
+    ExecuteCallback("ViewTabs", "OnUpdate", {});
     if (view == chartsView) UpdateCharts();
     UpdateGrid();
 }
