@@ -35,6 +35,11 @@ std::uint16_t KeyCode(String const& key) {
     }
 }
 
+/// Key and modifiers.
+std::pair<int, int> ChordOf(AcceleratorEntry const& entry) {
+    return {entry.key, entry.flags & ~AcceleratorEntry::virtualKey};
+}
+
 } // namespace
 
 AcceleratorEntry ParseHotKey(String const& hotKey, long command) {
@@ -81,11 +86,19 @@ void AcceleratorTable::Enable(bool on) {
     }
 }
 
+void AcceleratorTable::Set(std::vector<AcceleratorEntry> entries) {
+    active_ = std::move(entries);
+    saved_.clear();
+    std::stable_sort(active_.begin(), active_.end(),
+                     [](auto const& a, auto const& b) { return ChordOf(a) < ChordOf(b); });
+}
+
 long AcceleratorTable::FindCommand(int key, int modifiers) const {
-    for (AcceleratorEntry const& entry : active_)
-        if (entry.key == key && (entry.flags & ~AcceleratorEntry::virtualKey) == modifiers)
-            return entry.command;
-    return 0;
+    std::pair const wanted(key, modifiers);
+    auto const found =
+        std::lower_bound(active_.begin(), active_.end(), wanted,
+                         [](auto const& entry, auto const& chord) { return ChordOf(entry) < chord; });
+    return found != active_.end() && ChordOf(*found) == wanted ? found->command : 0;
 }
 
 } // namespace GUI

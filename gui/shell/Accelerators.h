@@ -23,16 +23,14 @@ void CollectMenuAccelerators(AcceleratorEntry* table, long& count, Menu::Items& 
 /// have the keys for itself.
 class AcceleratorTable {
 public:
-    void Set(std::vector<AcceleratorEntry> entries) {
-        active_ = std::move(entries);
-        saved_.clear();
-    }
+    void Set(std::vector<AcceleratorEntry> entries);
     /// On without a former off changes nothing.
     void Enable(bool on);
     /// The command of a chord, 0 if there is none. `modifiers` are the entry's flag bits.
     long FindCommand(int key, int modifiers) const;
 
 private:
+    /// By their chords; of several for one chord the first counts.
     std::vector<AcceleratorEntry> active_;
     std::vector<AcceleratorEntry> saved_;
 };

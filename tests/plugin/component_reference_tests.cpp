@@ -4,9 +4,11 @@
 #include "Utilities/ProgramDirectory.h"
 #include "gui/elements/description/Attributes.h"
 
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
 
@@ -36,7 +38,18 @@ char const* NameOf(GUI::AttributeType type) {
     }
 }
 
+/// The gallery's pictures by component, in the order of their names.
+std::map<std::string, std::set<std::string>> Pictures() {
+    std::map<std::string, std::set<std::string>> pictures;
+    for (auto const& file : std::filesystem::directory_iterator(GALLERY)) {
+        std::string const name = file.path().stem().string();
+        pictures[name.substr(0, name.find('.'))].insert(name);
+    }
+    return pictures;
+}
+
 std::string Reference() {
+    auto const pictures = Pictures();
     // By name: the order of loading is no matter of the reader's.
     std::map<std::string, GUI::AttributeTable const*> tables;
     for (auto const* const table : GUI::AttributeTable::GetAll())
@@ -46,16 +59,23 @@ std::string Reference() {
         << "# Elements and their attributes\n\n"
            "Made from the attribute tables of the components by the test `component_reference_tests`, which\n"
            "also checks that this page is current. An element has the attributes of the one it extends "
-           "too.\n";
+           "too.\nThe pictures are the gallery's, of `colourdesk --gallery`.\n";
     for (auto const& [name, table] : tables) {
         text << "\n## " << name << "\n\n";
         if (table->GetBase()) text << "Extends " << table->GetBase()->GetComponent() << ".";
         if (table->GetKind() == GUI::AttributeTable::Kind::Part) text << " Read by its parent; no element.";
+        auto const shown = pictures.find(std::string(name));
+        if (shown != pictures.end()) {
+            text << "\n\n";
+            for (auto const& picture : shown->second)
+                text << "![" << picture << "](gallery/" << picture << ".png)\n";
+        }
         if (table->GetAttributes().empty()) {
-            text << " No attributes of its own.\n";
+            text << (shown != pictures.end() ? "\n" : " ") << "No attributes of its own.\n";
             continue;
         }
-        text << "\n\n| Attribute | Value | Default | Meaning |\n|---|---|---|---|\n";
+        text << (shown != pictures.end() ? "\n" : "\n\n")
+             << "| Attribute | Value | Default | Meaning |\n|---|---|---|---|\n";
         for (auto const& attribute : table->GetAttributes())
             text << "| " << attribute.key << " | " << NameOf(attribute.type) << " | "
                  << (attribute.mandatory ? "mandatory" : Escaped(attribute.defaultValue)) << " | "
