@@ -1,13 +1,7 @@
 // Controls from descriptions, against the platform's own by direct calls (peer), measured in the same run.
 // Each checks its result.
 
-#include "Utilities/NamingService.h"
-#include "gui/elements/DialogDataSource.h"
-#include "gui/elements/GUIElement.h"
-#include "gui/elements/application/Application.h"
-#include "gui/elements/description/GUIDescriptionReader.h"
-#include "gui/elements/drawing/ImageServiceInterface.h"
-#include "gui/platform/PlatformIndependentWindowID_PC.h"
+#include "bench/DescribedWindow.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -18,46 +12,11 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStringListModel>
-#include <benchmark/benchmark.h>
-#include <chrono>
-#include <map>
-#include <string>
 #include <unistd.h>
 
 namespace {
 
-using Utilities::Anything;
-using Utilities::SmartPointer;
-using Utilities::String;
-using Clock = std::chrono::steady_clock;
-
-constexpr int width = 1000;
-constexpr int height = 700;
-
-double Since(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
-
-class Application : public GUI::Application {
-public:
-    Application() : GUI::Application("bench_controls") {}
-    void ReportError(String const& text) override { std::fprintf(stderr, "%s\n", text.GetCharPointer()); }
-};
-
-/// Answers for every element alike.
-class Source : public GUI::DialogDataSource {
-public:
-    std::map<std::string, Anything> values;
-    std::string told;
-
-    void SetValue(String const&, String const& name, Anything const& value) override {
-        if (name == "SelectedEntry") told = value.GetString();
-    }
-    Anything GetValue(String const&, String const& name) override {
-        auto const found = values.find(name.GetStdString());
-        return found == values.end() ? Anything() : found->second;
-    }
-    void SetCallback(String const&, String const&, Utilities::Callback const&) override {}
-    Utilities::Callback GetCallback(String const&, String const&) override { return {}; }
-};
+using namespace Bench;
 
 /// Counts the paints of one widget, or of all children of one.
 class Paints : public QObject {
@@ -79,42 +38,11 @@ private:
     QWidget* only_;
 };
 
-SmartPointer<GUI::GUIElement> Open(GUI::DescriptionTree const& description, Source& source) {
-    auto window = Utilities::ResolveComponent<GUI::GUIElement>("Window");
-    window->Initialize(GUI::PlatformIndependentWindowID_PC(), description, &source);
-    return window;
-}
-
-QWidget* WidgetOf(GUI::GUIElement& window) {
-    return GUI::PlatformIndependentWindowID_PC::WindowOf(*window.GetWindowID());
-}
-
-GUI::DescriptionTree Describe(std::string const& inside) {
-    return GUI::GUIDescriptionReader::Parse("<Window ElementName='Main' Width='" + std::to_string(width) +
-                                                "' Height='" + std::to_string(height) + "'>" + inside +
-                                                "</Window>",
-                                            "bench");
-}
-
 // ------------------------------------------------------------------ 200 buttons
 
 constexpr int buttonRows = 20;
 constexpr int buttonColumns = 10;
 constexpr QColor buttonColor(200, 210, 220);
-
-/// What drawn buttons show, made here: the benchmark has no pictures of its own.
-void MakePicture() {
-    auto const images = Utilities::ResolveComponent<GUI::ImageServiceInterface>("ImageService");
-    auto const picture = Utilities::ResolveComponent<GUI::Bitmap>("Bitmap");
-    picture->Create(width / buttonColumns, height / buttonRows);
-    auto& context = picture->BeginDraw();
-    GUI::RGBVector const color(200, 210, 220);
-    context.SetBrush(color);
-    context.SetPen(color, 1, GUI::PlatformIndependentDeviceContext::solid);
-    context.FillRectangle(0, 0, width, height);
-    picture->EndDraw();
-    images->SetBitmap("ButtonUp", picture);
-}
 
 std::string Buttons(char const* begin, char const* end) {
     std::string text = "<VBox>";
@@ -321,10 +249,6 @@ void PeerText(benchmark::State& state) {
     }
 }
 
-template <class Run> void Register(char const* name, Run run) {
-    benchmark::RegisterBenchmark(name, run)->UseManualTime()->Unit(benchmark::kMicrosecond);
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -333,7 +257,7 @@ int main(int argc, char** argv) {
     setenv("XDG_CONFIG_HOME", "/nonexistent", 1);
     Application application;
     application.GetImplementation();
-    MakePicture();
+    MakePicture("ButtonUp", width / buttonColumns, height / buttonRows);
     std::string const native = Buttons("<Button ElementName='b", "' Caption='Button'/>");
     std::string const drawn = Buttons("<TextImageButton ElementName='b",
                                       "' Caption='Button'><General Text='Button'/></TextImageButton>");

@@ -9,8 +9,8 @@ set(floor_1 Diagnostics Utilities Utilities/Tools core/base core/values core/com
 set(floor_2 cxf/conditions cxf/colorimetry cxf/samples cxf/files cxf/tolerance cxf/print cxf/verification)
 set(floor_3 gui/elements/colour gui/elements/drawing gui/elements/description gui/elements
   gui/elements/application)
-set(floor_4 core/plugin gui/layout gui/shell gui/controls gui/charts gui/colour gui/press gui/grid
-  gui/platform services inspection)
+set(floor_4 core/plugin gui/layout gui/shell gui/controls gui/charts gui/colour gui/press
+  gui/grid/model gui/grid/edit gui/grid/controls gui/grid/view gui/grid/printing gui/grid gui/platform services inspection)
 
 function(floor_of folder result)
   foreach(number 1 2 3 4)

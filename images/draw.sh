@@ -35,8 +35,8 @@ button() {
   face "$1OA" "$2" '#fff2d0' '#d09000' '#202020' 0 "$3"
 }
 
-# tab NAME WIDTH FILL SHAPE: one end of a tab, 24 pixels high.
-tab() { picture "$1" "$2" 24 "fill $3 stroke none $4"; }
+# tab NAME WIDTH FILL EDGE SHAPE DETAIL: one end of a tab, 14 pixels high: its face on the dark strip, then lines.
+tab() { picture "$1" "$2" 14 "fill #3f3f3f stroke none rectangle 0,0 $2,14 fill $3 $5 fill none stroke $4 $6"; }
 
 button PaperPress 72 ''
 mkdir -p English German French
@@ -46,16 +46,23 @@ button French/Measure 90 'Mesurer'
 
 quiet='#9d9d9d'
 chosen='#c4c4c4'
-tab TabBorderLeft 3 "$quiet" 'polygon 0,24 3,0 3,24'
-tab TabBorderLeft2 3 "$quiet" 'rectangle 0,0 3,24'
-tab TabBorderMostLeft 3 "$quiet" 'polygon 0,24 0,3 3,0 3,24'
-tab 'TabBorderLeft Selected' 3 "$chosen" 'polygon 0,24 0,3 3,0 3,24'
-tab TabBorderRight 3 "$quiet" 'polygon 0,0 3,24 0,24'
-tab 'TabBorderRight Selected' 3 "$chosen" 'polygon 0,0 3,3 3,24 0,24'
-tab TabBorderMostRight 16 "$quiet" 'polygon 0,0 4,0 16,24 0,24'
-tab 'TabBorderMostRight Selected' 16 "$chosen" 'polygon 0,0 4,0 16,24 0,24'
-tab TabBorderMostRightBroken 32 "$quiet" 'polygon 0,0 18,0 22,6 16,12 22,18 18,24 0,24'
-tab TabBorderMostLeftBrokenSel 32 "$chosen" 'polygon 0,0 18,0 22,6 16,12 22,18 18,24 0,24'
+light='#cbcbcb'
+dark='#5c5c5c'
+# A light line goes along the top between the ends; dark lines stand between quiet tabs.
+tab TabBorderLeft 3 "$quiet" "$dark" 'rectangle 0,0 3,14' "line 0.5,1 0.5,14 stroke $light line 1,0.5 3,0.5"
+tab TabBorderLeft2 3 "$quiet" "$light" 'rectangle 0,0 3,14' 'line 0,0.5 3,0.5'
+tab TabBorderMostLeft 3 "$quiet" "$light" 'polygon 0,14 0,2 2,0 3,0 3,14' 'line 0.5,2 2.5,0.5'
+tab 'TabBorderLeft Selected' 3 "$chosen" '#ffffff' 'polygon 0,14 0,2 2,0 3,0 3,14' 'polyline 0.5,14 0.5,2 2,0.5 3,0.5'
+tab TabBorderRight 3 "$quiet" "$light" 'rectangle 0,0 3,14' 'line 0,0.5 3,0.5'
+tab 'TabBorderRight Selected' 3 "$chosen" "$dark" 'polygon 0,0 1,0 3,2 3,14 0,14' 'polyline 1,0.5 2.5,2 2.5,14'
+end='polygon 0,0 6,0 10,2 14,12 15,14 0,14'
+endline='polyline 0,0.5 6,0.5 9.7,2.3 13.7,12 14.5,14'
+tab TabBorderMostRight 16 "$quiet" "$dark" "$end" "$endline"
+tab 'TabBorderMostRight Selected' 16 "$chosen" "$dark" "$end" "$endline"
+torn='polygon 0,0 28,0 29,3 26,7 29,11 28,14 0,14'
+tornline='polyline 28,0 28.6,3 25.6,7 28.6,11 27.8,14'
+tab TabBorderMostRightBroken 32 "$quiet" "$dark" "$torn" "$tornline"
+tab TabBorderMostLeftBrokenSel 32 "$chosen" "$dark" "$torn" "$tornline"
 
 # The four states of a drawn button: NAME WIDTH HEIGHT PLAIN DOWN DISABLED, the last three drawings on its face.
 states() {

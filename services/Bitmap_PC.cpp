@@ -54,7 +54,10 @@ bool Bitmap_PC::Load(File const& file) {
     std::string const path = PathOf(file);
     bool const namedBmp = NameHolds(file, "BMP");
     bool good = false;
-    if (PictureReader::IsAvailable() && !namedBmp)
+    bool const isDrawing = PictureReader::IsDrawing(path);
+    if (isDrawing)
+        good = Attach(PictureReader::ReadDrawing(path, 1));
+    else if (PictureReader::IsAvailable() && !namedBmp)
         good = Attach(PictureReader::Read(path));
     else if (NameHolds(file, "JPG"))
         good = LoadJpeg(file);
@@ -80,18 +83,22 @@ bool Bitmap_PC::LoadJpeg(File const& file) {
 bool Bitmap_PC::Attach(QImage image) {
     if (image.isNull() || context_) return false;
     image_ = std::move(image);
+    ForgetFile();
+    return true;
+}
+
+void Bitmap_PC::ForgetFile() {
     path_.clear();
     dense_ = {};
-    return true;
+    tones_.clear();
 }
 
 PlatformIndependentDeviceContext& Bitmap_PC::BeginDraw() {
     if (context_)
         throw RuntimeException("Bitmap_PC::BeginDraw() called twice, without calling EndDraw between.");
     if (image_.isNull()) throw RuntimeException("Bitmap_PC::BeginDraw(): Can't select bitmap object.");
-    // What is drawn now isn't in the other file.
-    path_.clear();
-    dense_ = {};
+    // What is drawn now isn't in the file.
+    ForgetFile();
     // Whoever shares the pixels keeps them as they are.
     image_.detach();
     context_ = std::make_unique<PlatformIndependentDeviceContext_PC>(image_);
@@ -135,9 +142,31 @@ Bitmap::FileFormats Bitmap_PC::GetFileFormats() const {
 }
 
 QImage const& Bitmap_PC::ForDensity(double density) {
-    if (density <= 1.0) return image_;
+    if (density <= 1.0 || PictureReader::IsDrawing(path_)) return image_;
     if (!path_.empty()) dense_ = PictureReader::Read(DensePathOf(std::exchange(path_, {})));
     return dense_.isNull() ? image_ : dense_;
+}
+
+QImage const& Bitmap_PC::InTone(double density, QColor const& tone) {
+    // A window has one scale and few colours of text; what a session of theme changes leaves is dropped.
+    constexpr std::size_t most = 16;
+    std::pair const key(density, tone.rgb());
+    if (auto const known = tones_.find(key); known != tones_.end()) return known->second;
+    if (tones_.size() >= most) tones_.clear();
+    QImage drawing = density == 1 ? image_ : PictureReader::ReadDrawing(path_, density);
+    if (drawing.isNull()) drawing = image_;
+    QPainter painter(&drawing);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(drawing.rect(), tone);
+    painter.end();
+    return tones_.emplace(key, std::move(drawing)).first->second;
+}
+
+void Bitmap_PC::DrawInTone(long x, long y, QPainter& target, QColor const& tone) {
+    if (path_.empty() || !PictureReader::IsDrawing(path_)) return DrawBitmap(x, y, target);
+    QImage const& picture = InTone(target.device()->devicePixelRatioF(), tone);
+    target.drawImage(QRect(static_cast<int>(x), static_cast<int>(y), image_.width(), image_.height()),
+                     picture);
 }
 
 void Bitmap_PC::DrawBitmap(long x, long y, QPainter& target) {

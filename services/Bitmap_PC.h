@@ -4,8 +4,10 @@
 #include "gui/platform/Picture_PC.h"
 
 #include <QImage>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace GUI {
 
@@ -21,7 +23,9 @@ class PlatformIndependentDeviceContext_PC;
 /// picture stays.
 ///
 /// For screens of high density a file "name@2x.ext" beside "name.ext" is drawn in its place, at the same
-/// size on the surface; the picture's size in pixels stays that of the plain file.
+/// size on the surface; the picture's size in pixels stays that of the plain file. A drawing (a file ending
+/// in ".svg") is sharp at every scale, and is drawn in one tone: the colour of the texts around it. Changed
+/// by `BeginDraw` it is a picture as any other.
 class Bitmap_PC : public Bitmap, public Picture_PC {
 public:
     Bitmap_PC();
@@ -42,19 +46,24 @@ public:
 
     /// Transparent parts let the target show. Throws `RuntimeException` if the picture is empty.
     void DrawBitmap(long x, long y, QPainter& target) override;
+    void DrawInTone(long x, long y, QPainter& target, QColor const& tone) override;
     /// Takes the picture over; false if it is null or this one is being drawn into.
     bool Attach(QImage image);
     QImage const& GetBitmap() const { return image_; }
     bool LoadJpeg(Utilities::File const& file);
 
 private:
+    void ForgetFile();
     QImage const& ForDensity(double density);
+    QImage const& InTone(double density, QColor const& tone);
 
     QImage image_;
     std::unique_ptr<PlatformIndependentDeviceContext_PC> context_;
     /// The file that is shown; the one for screens of high density is looked for when it is first needed.
     std::string path_;
     QImage dense_;
+    /// Of a drawing: as it was drawn at a density in a tone.
+    std::map<std::pair<double, QRgb>, QImage> tones_;
 };
 
 } // namespace GUI

@@ -16,6 +16,8 @@ namespace GUI::PictureReader {
 
 namespace {
 
+constexpr char const* drawingFormat = "svg";
+constexpr char const* drawingEnding = ".svg";
 constexpr char const* tooManyScans = "it has too many scans";
 
 /// No picture, and the sink is told why.
@@ -122,6 +124,25 @@ QImage ReadScaled(std::string const& path, unsigned long width, unsigned long he
 QImage ReadBmp(std::string const& path) {
     std::string const file = ReadFile(path);
     return file.empty() ? QImage() : ReadAs("bmp", file, path);
+}
+
+bool IsDrawing(std::string const& path) { return path.ends_with(drawingEnding); }
+
+QImage ReadDrawing(std::string const& path, double scale) {
+    std::string const file = ReadFile(path);
+    if (file.empty()) return {};
+    if (!IsReadable(drawingFormat)) return Refused(path, "no reader of svg is installed");
+    auto bytes = QByteArray::fromRawData(file.data(), static_cast<qsizetype>(file.size()));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, drawingFormat);
+    reader.setAutoDetectImageFormat(false);
+    QSize const size = (QSizeF(reader.size()) * scale).toSize();
+    if (!IsAllowed(size))
+        return Refused(path, Utilities::Limits::Passed("pixels", Utilities::Limits::Get().pixels, "pixels"));
+    reader.setScaledSize(size);
+    QImage image = AsShown(reader.read());
+    return image.isNull() ? Refused(path, reader.errorString().toStdString()) : image;
 }
 
 QImage ReadJpegFile(std::string const& path) {

@@ -19,6 +19,10 @@ namespace GUI::PictureReader {
 bool IsAvailable();
 /// Whatever format the file has.
 QImage Read(std::string const& path);
+/// A drawing (SVG) at so many times its own size; null for another format.
+QImage ReadDrawing(std::string const& path, double scale);
+/// Whether the file's name is that of a drawing.
+bool IsDrawing(std::string const& path);
 /// The same, smoothly scaled to that very size.
 QImage ReadScaled(std::string const& path, unsigned long width, unsigned long height);
 /// BMP alone.

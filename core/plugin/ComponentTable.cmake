@@ -21,6 +21,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/Edit_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
+  gui/grid/Grid_PC.cpp
   gui/layout/GUIDSwitch.cpp
   gui/layout/GUIDSwitcher.cpp
   gui/layout/GumBox.cpp
@@ -44,16 +45,22 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/SelectionService.cpp
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
+  gui/layout/TabbedPaneSelector.cpp
+  gui/layout/TabCaption.cpp
   services/TextAdapter.cpp
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
+  gui/layout/ToolBar.cpp
   gui/layout/VBoxRegistration.cpp
   gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
+  gui/layout/WindowDecorator.cpp
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp
   gui/charts/XYGraph.cpp
   gui/charts/LabGraphSetting.cpp
+  gui/controls/Notice.cpp
+  gui/controls/Verdict.cpp
 )
 
 # Units without a creator, and last the exports.
@@ -90,18 +97,49 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/controls/NumberRule.cpp
   gui/controls/ScrollBar.cpp
   gui/controls/TextAdaption.cpp
+  gui/layout/FramePanel.cpp
+  gui/grid/CNorvelianAccessibleGrid.cpp
+  gui/grid/CNorvelianGridCtrl.cpp
+  gui/grid/Grid.cpp
+  gui/grid/GridByRange_PC.cpp
+  gui/grid/GridCellMap.cpp
+  gui/grid/GridCommands_PC.cpp
+  gui/grid/GridPages.cpp
+  gui/grid/controls/CGXControl.cpp
+  gui/grid/controls/GridDrawing.cpp
+  gui/grid/edit/GridExchange.cpp
+  gui/grid/edit/GridHistory.cpp
+  gui/grid/edit/GridSort.cpp
+  gui/grid/model/CGXGridCore.cpp
+  gui/grid/model/CGXStyle.cpp
+  gui/grid/model/CGXStyleTable.cpp
+  gui/grid/model/GridAxis.cpp
+  gui/grid/model/GridNumber.cpp
+  gui/grid/model/GridOrder.cpp
+  gui/grid/model/GridRows.cpp
+  gui/grid/printing/GridPrintLayout.cpp
+  gui/grid/printing/GridPrinting_PC.cpp
+  gui/grid/view/CGXGridWnd.cpp
+  gui/grid/view/CGXGridWndCommands.cpp
+  gui/grid/view/CGXGridWndInput.cpp
+  gui/grid/view/GridPainter.cpp
+  gui/grid/view/GridSelection.cpp
+  gui/grid/view/GridViewport.cpp
   gui/layout/GUILayoutElementBox.cpp
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
+  gui/layout/ToolRow.cpp
   gui/platform/DeviceContextSmooth_PC.cpp
   gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp
   gui/platform/Fonts_PC.cpp
   gui/platform/KeyCodes_PC.cpp
+  gui/platform/CNorvelianStyle.cpp
   gui/platform/PlatformIndependentDeviceContext_PC.cpp
   gui/platform/DisplayProfile_PC.cpp
   gui/platform/PixelSurface.cpp
   gui/platform/RasterSurface.cpp
+  gui/platform/ShapedTexts_PC.cpp
   gui/platform/SmoothRaster.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
@@ -111,6 +149,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/CNorvelianAdvancedControl.cpp
   gui/shell/CNorvelianDialog.cpp
   gui/shell/CNorvelianSurface.cpp
+  gui/shell/CNorvelianSurfaceTheme.cpp
   gui/shell/CNorvelianSurfaceInput.cpp
   gui/shell/CNorvelianWnd.cpp
   gui/shell/HelpFile.cpp
@@ -118,6 +157,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/PaintScope_PC.cpp
   gui/shell/ShellCommand.cpp
   gui/shell/ShellCommandListener_PC.cpp
+  gui/shell/TopLevelTheme_PC.cpp
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
   services/ImageDirectory.cpp

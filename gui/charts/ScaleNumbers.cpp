@@ -1,4 +1,5 @@
 #include "gui/charts/ScaleNumbers.h"
+#include "gui/elements/drawing/NumberFormat.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,10 +30,7 @@ int DecimalsOf(double value) {
 Number Make(PlatformIndependentDeviceContext& context, double value, int decimals) {
     Number number;
     number.value = value;
-    String const digits(std::abs(value), decimals, '.');
-    // Not a minus before what is rounded to zero.
-    bool const isNegative = value < 0 && digits.GetStdString().find_first_not_of("0.") != std::string::npos;
-    number.text = isNegative ? String("\u2212") + digits : digits;
+    number.text = NumberFormat{static_cast<short>(decimals)}.Write(value);
     context.GetTextExtent(number.text, number.width, number.height);
     return number;
 }

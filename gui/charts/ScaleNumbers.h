@@ -19,8 +19,8 @@ struct Number {
 };
 
 /// The multiples of a step between two ends, the ends among them, with as many decimals as the step and the
-/// ends need (6 at most) and a true minus sign; measured in the context's font. Empty if the step isn't
-/// positive or gives more than 1000.
+/// ends need (6 at most) and written as `NumberFormat` says; measured in the context's font. Empty if the
+/// step isn't positive or gives more than 1000.
 std::vector<Number> Multiples(PlatformIndependentDeviceContext& context, double begin, double end,
                               double step);
 /// The same with both ends, whether they are multiples or not.

@@ -1,6 +1,7 @@
 #include "gui/controls/DropDown_PC.h"
 
 #include "gui/elements/description/ElementRegistration.h"
+#include "gui/platform/Color_PC.h"
 
 #include <QCompleter>
 #include <QLineEdit>
@@ -14,8 +15,6 @@ namespace {
 
 ElementRegistration<DropDown_PC, GUIElement> const registration({"DropDown", "$Revision: 1.24 $", "GUI"},
                                                                 DropDown::attributes);
-
-QColor ToColor(RGBVector const& color) { return {color.GetRed(), color.GetGreen(), color.GetBlue()}; }
 
 } // namespace
 

@@ -1,10 +1,15 @@
 #include "gui/controls/FixedText.h"
 
 #include "Diagnostics/Sink.h"
+#include "Utilities/LanguageServiceInterface.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/TranslationService.h"
 
+#include <limits>
+
 namespace GUI {
+
+using Norvelian::Utilities::Exceptions::OutOfRangeException;
 
 namespace {
 
@@ -27,8 +32,22 @@ void FixedText::Initialize(PlatformIndependentWindowID const& parent, Descriptio
                            DialogDataSource* dataSource) {
     adapterName_ = AttributeReader(description).Text(adaptText);
     adapter_ = MakeAdapter(adapterName_);
+    Utilities::String const quantity = AttributeReader(description).Text(numberFormat);
+    format_ = NumberFormat::Find(quantity);
+    if (quantity.Length() != 0 && !format_)
+        throw OutOfRangeException("There is no number format \"" + quantity.GetStdString() + "\"");
     GUIElement::Initialize(parent, description, dataSource);
     RegisterOnUpdate();
+}
+
+Utilities::String FixedText::GetShownText(Utilities::String const& text) const {
+    if (!format_) return Utilities::LanguageServiceInterface::GetTranslation(text);
+    if (text.Length() == 0) return format_->Write(std::numeric_limits<double>::quiet_NaN());
+    try {
+        return format_->Write(text.GetDouble());
+    } catch (OutOfRangeException const&) {
+        return text;
+    }
 }
 
 void FixedText::OnLanguageChanged() {

@@ -1,6 +1,5 @@
 #include "gui/controls/FixedText_PC.h"
 
-#include "Utilities/LanguageServiceInterface.h"
 #include "gui/controls/ControlFont_PC.h"
 #include "gui/controls/TextAdaption.h"
 #include "gui/elements/Topics.h"
@@ -27,6 +26,7 @@ void FixedText_PC::Initialize(PlatformIndependentWindowID const& parent, Descrip
     FixedText::Initialize(parent, description, dataSource);
     label_ = &control_.Make<CNorvelianFixedText>(parent, "FixedText: Couldn't create it !!!");
     AttributeReader const reader(description);
+    if (reader.Text(alignment) == "Right") label_->setAlignment(Qt::AlignRight | Qt::AlignTop);
     control_.SetFont(ReadFont(reader, {fontName, fontSize, bold, italic, underline}, label_->font()));
     if (reader.HasColour(fontColor)) control_.SetTextColor(reader.Colour(fontColor));
     if (reader.HasColour(backgroundColor)) control_.SetBackgroundColor(reader.Colour(backgroundColor));
@@ -43,7 +43,7 @@ void FixedText_PC::OnDetach() {
 
 void FixedText_PC::ShowText() {
     if (!control_.GetWidget()) return;
-    String text = Utilities::LanguageServiceInterface::GetTranslation(caption_);
+    String text = GetShownText(caption_);
     if (auto const& adapter = GetTextAdapter(); !adapter.IsNull()) {
         QFontMetrics const metrics(label_->font());
         text = AdaptText(

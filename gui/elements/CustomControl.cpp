@@ -16,6 +16,8 @@ void UpdateAll(GUIElement::Children const& children, CallbackTable const& callba
         GUIElement const& child = *it.Current();
         callbacks.Find(it.Current()->GetElementName(), Events::update).Execute({});
         UpdateAll(child.GetChildrenList(), callbacks);
+        // Whom it told may have had all children made anew.
+        if (!it.IsValid()) return;
     }
 }
 

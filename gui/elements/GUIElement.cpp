@@ -261,8 +261,8 @@ void GUIElement::CreateChildren(PlatformIndependentWindowID const& window, Descr
             ReportFailedChild(type, child);
             throw;
         }
-        // What the child asked for may have released this element.
-        if (!IsAttached()) break;
+        // What the child asked for may have released this element, or had other children made meanwhile.
+        if (!IsAttached() || !node.IsValid()) break;
         children_.Append(element);
         OnChildrenChanged();
     }

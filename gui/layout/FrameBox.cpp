@@ -14,8 +14,9 @@ constexpr Attribute leftKey{"Left", AttributeType::Number, "0", "Left margin in 
 constexpr Attribute rightKey{"Right", AttributeType::Number, "0", "Right margin in pixels"};
 constexpr Attribute bottomKey{"Bottom", AttributeType::Number, "0", "Lower margin in pixels"};
 constexpr char const* notRead = "No effect: a frame has no name and no size range of its own";
-constexpr Attribute margins[] = {topKey, leftKey, rightKey, bottomKey};
-constexpr auto attributeList = CommonAttributes::WithUnusedSizes(margins, notRead);
+constexpr Attribute ownAttributes[] = {
+    topKey, leftKey, rightKey, bottomKey, FramePanel::title, FramePanel::condition, FramePanel::surround};
+constexpr auto attributeList = CommonAttributes::WithUnusedSizes(ownAttributes, notRead);
 
 ElementRegistration<FrameBox, GUIElement> const registration({"FrameBox", "$Revision: 1.12 $", "GUI"},
                                                              attributeList);
@@ -42,6 +43,13 @@ void FrameBox::Initialize(PlatformIndependentWindowID const& parent, Description
         Diagnostics::DropException("FrameBox::Initialize");
     }
     try {
+        if (FramePanel::IsIn(description)) {
+            // Before the child, so that it is behind it.
+            DescriptionTree panel;
+            static_cast<AttributeMap&>(panel) = description;
+            panel_ = Utilities::MakeSmart<FramePanel>();
+            panel_->Initialize(parent, panel, dataSource);
+        }
         CreateChildren(parent, description, dataSource);
     } catch (...) {
         Diagnostics::DropException("FrameBox::Initialize");
@@ -50,11 +58,13 @@ void FrameBox::Initialize(PlatformIndependentWindowID const& parent, Description
 
 void FrameBox::SetPosition(unsigned long x, unsigned long y) {
     GUIElement::SetPosition(x, y);
+    if (!panel_.IsNull()) panel_->SetPosition(x, y);
     if (GUIElement* const child = GetFirstChild()) child->SetPosition(Add(x, left_), Add(y, top_));
 }
 
 void FrameBox::SetSize(unsigned long width, unsigned long height) {
     GUIElement::SetSize(width, height);
+    if (!panel_.IsNull()) panel_->SetSize(width, height);
     if (GUIElement* const child = GetFirstChild())
         child->SetSize(Subtract(width, left_, right_), Subtract(height, top_, bottom_));
 }
@@ -68,6 +78,16 @@ void FrameBox::GetSizeInformation(unsigned long& minimalWidth, unsigned long& ma
     maximalWidth = Add(maximalWidth, left_, right_);
     minimalHeight = Add(minimalHeight, top_, bottom_);
     maximalHeight = Add(maximalHeight, top_, bottom_);
+}
+
+void FrameBox::OnLanguageChanged() {
+    if (auto const panel = panel_; !panel.IsNull()) panel->OnLanguageChanged();
+    GUIElement::OnLanguageChanged();
+}
+
+void FrameBox::OnDetach() {
+    panel_ = {};
+    GUIElement::OnDetach();
 }
 
 void FrameBox::OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/elements/GUIElement.h"
+#include "gui/layout/FramePanel.h"
 
 #include <cstdint>
 
@@ -8,6 +8,9 @@ namespace GUI {
 
 /// An invisible margin around its first child; without a child it is a rigid spacer of its margins.
 /// Further children are not laid out.
+///
+/// With "Title", "Condition" or "Surround" it is a panel, which shows them behind its child and within the
+/// margins (see `FramePanel`); "ElementName" is the panel's then.
 ///
 /// Attributes, in pixels: "Top", "Left", "Right", "Bottom" (each 0). The common attributes are not read:
 /// a frame has no name and no size range of its own. A frame that gets less than its margins hands its
@@ -22,10 +25,15 @@ public:
     void SetSize(unsigned long width, unsigned long height) override;
     void GetSizeInformation(unsigned long& minimalWidth, unsigned long& maximalWidth,
                             unsigned long& minimalHeight, unsigned long& maximalHeight) override;
+    void OnLanguageChanged() override;
     void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                  GUIElement const& element) const override;
 
+protected:
+    void OnDetach() override;
+
 private:
+    Utilities::SmartPointer<FramePanel> panel_;
     std::uint32_t top_ = 0;
     std::uint32_t left_ = 0;
     std::uint32_t right_ = 0;

@@ -31,6 +31,7 @@ void UpdateBelow(GUIElement const& element, GUIElement const& but, DialogDataSou
         if (child.Get() != &but)
             child->GetDataSource()->GetCallback(child->GetElementName(), Events::update).Execute({});
         if (child->IsAttached()) UpdateBelow(*child, but, source);
+        if (!it.IsValid()) return;
     }
 }
 

@@ -51,6 +51,7 @@ void UpdateBelow(GUIElement const& element, CallbackTable const& callbacks) {
         SmartPointer<GUIElement> const child = it.Current();
         callbacks.Find(child->GetElementName(), Events::update).Execute({});
         if (child->IsAttached()) UpdateBelow(*child, callbacks);
+        if (!it.IsValid()) return;
     }
 }
 

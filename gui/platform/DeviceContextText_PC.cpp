@@ -1,9 +1,11 @@
 // What the device context leaves to Qt's painter: text, images and computed pictures.
 #include "Utilities/NamingService.h"
 #include "gui/elements/drawing/ImageServiceInterface.h"
+#include "gui/platform/Color_PC.h"
 #include "gui/platform/Fonts_PC.h"
 #include "gui/platform/Picture_PC.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
+#include "gui/platform/ShapedTexts_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 
 #include <QFontMetrics>
@@ -15,7 +17,7 @@ namespace GUI {
 using Utilities::String;
 
 RGBVector PlatformIndependentDeviceContext_PC::SetTextColor(RGBVector const& color) {
-    return std::exchange(textColor_, color);
+    return std::exchange(textColor_, Resolve(color));
 }
 
 void PlatformIndependentDeviceContext_PC::SetFont(short height, short width, short escapement,
@@ -36,7 +38,7 @@ void PlatformIndependentDeviceContext_PC::DrawImage(short x, short y, String con
     auto const bitmap = images->GetBitmap(imageName);
     if (auto* const picture = dynamic_cast<Picture_PC*>(bitmap.Get())) {
         QPainter& painter = PainterAt(x, y);
-        picture->DrawBitmap(0, 0, painter);
+        picture->DrawInTone(0, 0, painter, ToColor(textColor_));
     }
 }
 
@@ -79,18 +81,24 @@ void PlatformIndependentDeviceContext_PC::DrawText(short x, short y, String cons
     QFont const& font = GetFont();
     QPainter& painter = PainterAt(x, y);
     painter.setFont(font);
-    painter.setPen(QColor(textColor_.GetRed(), textColor_.GetGreen(), textColor_.GetBlue()));
+    painter.setPen(ToColor(textColor_));
     if (escapement_ != 0) painter.rotate(-escapement_);
     // The base line is on a whole pixel of the device, too.
     double const ascent = QFontMetrics(font, device_).ascent();
     double const baseLine =
         painterHasPixels_ ? DeviceGrid::Nearest(ascent * grid_.scale) / grid_.scale : ascent;
-    painter.drawText(QPointF(0, baseLine), ToShownText(text));
+    if (ShapedText const* const shaped = FindShapedText(font, text))
+        shaped->layout.draw(&painter, QPointF(0, baseLine - shaped->ascent));
+    else
+        painter.drawText(QPointF(0, baseLine), ToShownText(text));
 }
 
 void PlatformIndependentDeviceContext_PC::GetTextExtent(String const& text, long& width, long& height) {
     QFontMetrics const metrics(GetFont(), device_);
-    width = text.Length() == 0 ? 0 : metrics.horizontalAdvance(ToShownText(text));
+    if (ShapedText const* const shaped = FindShapedText(GetFont(), text))
+        width = shaped->width;
+    else
+        width = text.Length() == 0 ? 0 : metrics.horizontalAdvance(ToShownText(text));
     height = metrics.height();
 }
 

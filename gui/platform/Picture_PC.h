@@ -1,5 +1,6 @@
 #pragma once
 
+class QColor;
 class QPainter;
 
 namespace GUI {
@@ -11,6 +12,10 @@ public:
     virtual ~Picture_PC() = default;
     /// The whole picture with its top left corner at (x, y).
     virtual void DrawBitmap(long x, long y, QPainter& target) = 0;
+    /// The same, where a picture of one tone, such as an icon, has that of the texts around it.
+    virtual void DrawInTone(long x, long y, QPainter& target, QColor const& /*tone*/) {
+        DrawBitmap(x, y, target);
+    }
 };
 
 } // namespace GUI

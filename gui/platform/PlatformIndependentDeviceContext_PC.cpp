@@ -1,5 +1,6 @@
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 
+#include "gui/platform/Color_PC.h"
 #include "gui/platform/EllipseFigure.h"
 
 #include <QImage>
@@ -11,7 +12,6 @@ namespace GUI {
 
 namespace {
 
-QColor ToColor(RGBVector const& color) { return {color.GetRed(), color.GetGreen(), color.GetBlue()}; }
 std::uint32_t ToPixel(RGBVector const& color) {
     return qRgb(color.GetRed(), color.GetGreen(), color.GetBlue());
 }
@@ -157,12 +157,12 @@ PixelSurface* PlatformIndependentDeviceContext_PC::Pixels() {
 }
 
 RGBVector PlatformIndependentDeviceContext_PC::SetBackgroundColor(RGBVector const& color) {
-    return std::exchange(backgroundColor_, color);
+    return std::exchange(backgroundColor_, Resolve(color));
 }
 
 void PlatformIndependentDeviceContext_PC::SetPen(RGBVector const& color, long width, long style) {
     FlushLines();
-    penColor_ = color;
+    penColor_ = Resolve(color);
     penWidth_ = std::clamp(width, 1L, widestPen);
     penStyle_ = style;
 }
@@ -172,7 +172,7 @@ void PlatformIndependentDeviceContext_PC::SetSmooth(bool smooth) {
     smooth_ = smooth;
 }
 
-void PlatformIndependentDeviceContext_PC::SetBrush(RGBVector const& color) { brushColor_ = color; }
+void PlatformIndependentDeviceContext_PC::SetBrush(RGBVector const& color) { brushColor_ = Resolve(color); }
 
 DashPattern PlatformIndependentDeviceContext_PC::NewPattern() const {
     switch (penStyle_) {

@@ -9,7 +9,7 @@ namespace GUI {
 
 /// Makes and drives the window of a pane.
 ///
-/// Attribute: "Selectable" (No); "Yes" lets Tab reach the window.
+/// Attributes: "Selectable" (No); "Yes" lets Tab reach the window. "ContextMenu" (none); see `Menu`.
 class AdvancedControlImpl_PC : public AdvancedControlImpl {
 public:
     ~AdvancedControlImpl_PC() override;
@@ -27,6 +27,7 @@ public:
     void SetPane(Pane* pane) override;
     void Show(bool visible) override;
     void TellAccessibleChange() override;
+    using AdvancedControlImpl::GetPane;
 
 private:
     /// Null for a pane without a parent window, which nobody can see.

@@ -1,17 +1,21 @@
 #include "gui/shell/CNorvelianAdvancedControl.h"
 
 #include "Diagnostics/Sink.h"
-#include "gui/elements/AdvancedControlImpl.h"
+#include "gui/elements/Pane.h"
 #include "gui/elements/Topics.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/platform/TextConversion_PC.h"
+#include "gui/shell/AdvancedControlImpl_PC.h"
 #include "gui/shell/CNorvelianAccessible.h"
+#include "gui/shell/Menu_PC.h"
 
 #include <QAccessible>
 #include <QImage>
 #include <cstdint>
 
 namespace GUI {
+
+using Utilities::String;
 
 namespace {
 
@@ -20,10 +24,11 @@ long Packed(int coordinate) { return static_cast<std::uint16_t>(coordinate); }
 
 } // namespace
 
-CNorvelianAdvancedControl::CNorvelianAdvancedControl(AdvancedControlImpl& impl, CNorvelianSurface& surface,
-                                                     LightWindow& parent, bool tabStop)
-    : impl_(&impl), surface_(&surface),
-      window_(surface.GetTree().Add(parent, this, LightWindow::Kind::Pane)) {
+CNorvelianAdvancedControl::CNorvelianAdvancedControl(AdvancedControlImpl_PC& impl, CNorvelianSurface& surface,
+                                                     LightWindow& parent, bool tabStop,
+                                                     String const& contextMenu)
+    : impl_(&impl), surface_(&surface), window_(surface.GetTree().Add(parent, this, LightWindow::Kind::Pane)),
+      contextMenu_(contextMenu) {
     window_->SetTabStop(tabStop);
 }
 
@@ -174,6 +179,45 @@ void CNorvelianAdvancedControl::OnClickKey(bool controlKey) {
     OnLeftButtonUp(middle);
     // The mouse wasn't in it.
     if (surface_ && !surface_->IsUnderMouse(*this)) OnMouseLeave();
+}
+
+KeyboardGroup* CNorvelianAdvancedControl::FindGroup() const {
+    for (GUIElement* element = impl_ ? impl_->GetPane() : nullptr; element;
+         element = element->GetParentElement())
+        if (auto* const group = dynamic_cast<KeyboardGroup*>(element)) return group;
+    return nullptr;
+}
+
+bool CNorvelianAdvancedControl::OnNavigationKey(NavigationKey key) {
+    return Guarded("CNorvelianAdvancedControl: key", [&] {
+        KeyboardGroup* const group = FindGroup();
+        if (!group) return false;
+        // The pane keeps what it is in.
+        CallScope const call(*impl_->GetPane());
+        return group->OnNavigationKey(key, *impl_->GetPane());
+    });
+}
+
+bool CNorvelianAdvancedControl::OpenContextMenu(QPoint const& place) {
+    if (contextMenu_.Length() == 0) return false;
+    return Guarded("CNorvelianAdvancedControl: context menu", [&] {
+        Pane& pane = *impl_->GetPane();
+        GUIElement* root = &pane;
+        while (GUIElement* const outer = root->GetParentElement()) root = outer;
+        auto* const menu = dynamic_cast<Menu_PC*>(&root->FindElement(contextMenu_));
+        if (!menu) return false;
+        CallScope const call(*menu);
+        if (DialogDataSource* const source = menu->GetDataSource())
+            source->SetValue(menu->GetElementName(), Menu::contextElement, pane.GetElementName());
+        if (call.IsAttached()) menu->Popup(place.x(), place.y());
+        return true;
+    });
+}
+
+bool CNorvelianAdvancedControl::IsTabStopOfGroup() {
+    KeyboardGroup* const group = FindGroup();
+    return !group || Guarded("CNorvelianAdvancedControl: tab stop",
+                             [&] { return group->IsTabStop(*impl_->GetPane()); });
 }
 
 QString CNorvelianAdvancedControl::GetToolTipText(QPoint const& place) {

@@ -2,6 +2,7 @@
 
 #include "gui/elements/Accessible.h"
 #include "gui/elements/KeyState.h"
+#include "gui/elements/KeyboardGroup.h"
 #include "gui/platform/LightWindow.h"
 #include "gui/shell/CNorvelianSurface.h"
 
@@ -11,7 +12,7 @@
 
 namespace GUI {
 
-class AdvancedControlImpl;
+class AdvancedControlImpl_PC;
 class DropDataObject;
 
 /// The window of a pane: a light window on the surface of its top-level window. It passes on what the
@@ -20,8 +21,8 @@ class DropDataObject;
 class CNorvelianAdvancedControl : public LightWindowOwner,
                                   public std::enable_shared_from_this<CNorvelianAdvancedControl> {
 public:
-    CNorvelianAdvancedControl(AdvancedControlImpl& impl, CNorvelianSurface& surface, LightWindow& parent,
-                              bool tabStop);
+    CNorvelianAdvancedControl(AdvancedControlImpl_PC& impl, CNorvelianSurface& surface, LightWindow& parent,
+                              bool tabStop, Utilities::String const& contextMenu = {});
     ~CNorvelianAdvancedControl() override;
     CNorvelianAdvancedControl(CNorvelianAdvancedControl const&) = delete;
     CNorvelianAdvancedControl& operator=(CNorvelianAdvancedControl const&) = delete;
@@ -61,6 +62,12 @@ public:
     void OnFocus(bool focused);
     /// A key that clicks a pane in its middle.
     void OnClickKey(bool controlKey);
+    /// False leaves the key to the window.
+    bool OnNavigationKey(NavigationKey key);
+    /// Opens the pane's own context menu at a place of the screen; false if it has none. See `Menu`.
+    bool OpenContextMenu(QPoint const& place);
+    /// Whether Tab stops here, as far as the group says that the pane is in.
+    bool IsTabStopOfGroup();
     QString GetToolTipText(QPoint const& place);
     DropEffect OnDragOver(DropDataObject const& data, bool controlKey, QPoint const& place);
     void OnDragLeave();
@@ -72,10 +79,14 @@ private:
     void TellAssistiveTechnology(int event);
     /// Runs a handler; its default answer if it threw or the pane is gone.
     template <class Handler> auto Guarded(char const* where, Handler handler) -> decltype(handler());
+    /// The nearest one around the pane; null for none.
+    KeyboardGroup* FindGroup() const;
 
-    AdvancedControlImpl* impl_;
+    AdvancedControlImpl_PC* impl_;
     QPointer<CNorvelianSurface> surface_;
     std::shared_ptr<LightWindow> window_;
+    /// Name of a menu of the window; empty for none.
+    Utilities::String contextMenu_;
     unsigned accessibleId_ = 0;
     bool painting_ = false;
 };

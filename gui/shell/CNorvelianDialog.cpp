@@ -75,13 +75,14 @@ void CNorvelianDialog::closeEvent(QCloseEvent* event) {
 }
 
 void CNorvelianDialog::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1 && element_)
-        RunGuarded([event] {
-            TopLevel::ShowHelp(event->modifiers().testFlag(Qt::ShiftModifier));
-            return true;
-        });
-    else
+    if (!element_) return QDialog::keyPressEvent(event);
+    RunGuarded([&] {
+        if (element_->GetTopLevel().TakeKey(*event)) return true;
+        bool const isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (isEnter && element_->OnEnter()) return true;
         QDialog::keyPressEvent(event);
+        return true;
+    });
 }
 
 } // namespace GUI

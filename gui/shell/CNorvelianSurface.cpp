@@ -174,6 +174,7 @@ void CNorvelianSurface::paintEvent(QPaintEvent* event) {
     PaintPanes(region);
     PaintDecorators(region.boundingRect());
     PaintFocusMark(region.boundingRect());
+    PaintFocusRing(region.boundingRect());
     if (!repainting_ && !later_.empty()) QueuePaintLater();
 }
 
@@ -193,7 +194,8 @@ void CNorvelianSurface::PaintPanes(QRegion const& region) {
 
     PaintScope const scope(*this);
     painting_ = &pass;
-    if (topmost == found.rend()) PaintBackground(region);
+    bool const hasBackground = topmost == found.rend();
+    if (hasBackground) PaintBackground(region);
     SurfaceBacking const backing = GetBacking();
     bool const isOneBox = region.rectCount() == 1;
     for (pass.current = 0; pass.current < pass.windows.size(); ++pass.current) {
@@ -204,12 +206,21 @@ void CNorvelianSurface::PaintPanes(QRegion const& region) {
         QRegion const clip =
             isOneBox ? QRegion(visible.intersected(region.boundingRect())) : region.intersected(visible);
         if (clip.isEmpty()) continue;
-        if (control->LeavesPixels()) Fill(clip);
+        if (control->LeavesPixels() && !(hasBackground && IsLowest(window))) Fill(clip);
         QPoint const origin(window.GetBox().left, window.GetBox().top);
         PlatformIndependentDeviceContext_PC context(*this, {origin, clip}, backing);
+        TakeTheme(context);
         control->OnPaint(context);
     }
     painting_ = nullptr;
+}
+
+bool CNorvelianSurface::IsLowest(LightWindow const& window) {
+    auto const there = tree_.FindIn(window.GetVisibleBox());
+    auto const lowest = std::find_if(there.begin(), there.end(), [](LightWindow const* other) {
+        return other->GetKind() == LightWindow::Kind::Pane;
+    });
+    return lowest != there.end() && *lowest == &window;
 }
 
 SurfaceBacking CNorvelianSurface::GetBacking() const {
@@ -229,6 +240,7 @@ void CNorvelianSurface::PaintBackground(QRegion const& region) {
     if (!backdrop_) return;
     RunGuarded([&] {
         PlatformIndependentDeviceContext_PC context(*this, {QPoint(), region}, GetBacking());
+        TakeTheme(context);
         backdrop_->PaintBackground(context);
         return true;
     });
@@ -241,6 +253,7 @@ void CNorvelianSurface::PaintDecorators(QRect const& rect) {
     PaintScope const scope(*this);
     RunGuarded([&] {
         PlatformIndependentDeviceContext_PC context(*this, {QPoint(), rect}, GetBacking());
+        TakeTheme(context);
         backdrop_->PaintDecorators(context);
         if (whole) decorated_ = context.HasDrawn();
         return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/platform/CNorvelianStyle.h"
 #include "gui/platform/LightWindow.h"
 
 #include <QBasicTimer>
@@ -7,6 +8,7 @@
 #include <QPointer>
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace GUI {
@@ -23,6 +25,8 @@ public:
     virtual void PaintBackground(PlatformIndependentDeviceContext& context) = 0;
     /// Over the panes.
     virtual void PaintDecorators(PlatformIndependentDeviceContext& context) = 0;
+    /// The window that this one belongs to has another theme.
+    virtual void OnOuterThemeChanged() = 0;
 };
 
 /// The one Qt widget of a window that paints: it shows all panes of the window, and passes paint, mouse,
@@ -40,6 +44,18 @@ public:
 
     LightWindowTree& GetTree() { return tree_; }
     void SetBackdrop(SurfaceBackdrop* backdrop) { backdrop_ = backdrop; }
+
+    /// The colours of everything on the surface, and the style of its native controls; none for the
+    /// platform's. What is there already takes it at once.
+    void SetTheme(std::optional<Theme> const& theme);
+    Theme const* GetTheme() const { return theme_ ? &*theme_ : nullptr; }
+    /// Null without a theme.
+    CNorvelianStyle* GetStyle() const { return theme_ ? style_ : nullptr; }
+    /// Gives what is beside the surface, or over it, the look of its window: bars and menus.
+    void Dress(QWidget& widget) const;
+    static void DressMenu(QWidget& menu);
+    /// With a theme, a native control that has the focus has a ring around it.
+    void RepaintFocusRing();
 
     /// Paints a part before it returns; while the surface is being painted, that part is painted at the end
     /// of this paint, unless its turn in it is still to come.
@@ -90,6 +106,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -104,9 +121,15 @@ private:
     void PaintPanes(QRegion const& region);
     void PaintBackground(QRegion const& region);
     void Fill(QRegion const& region);
+    /// Whether a pane has nothing but the background under it.
+    bool IsLowest(LightWindow const& window);
     SurfaceBacking GetBacking() const;
     void PaintDecorators(QRect const& rect);
     void PaintFocusMark(QRect const& rect);
+    void PaintFocusRing(QRect const& rect);
+    QRect GetFocusRing() const;
+    /// For a paint that begins.
+    void TakeTheme(PlatformIndependentDeviceContext& context) const;
     void RepaintFocusMark();
     /// Whether this turn of the event loop has had its share of paints.
     bool IsToBatch();
@@ -119,12 +142,21 @@ private:
     void EnterPane(Control const& control);
     void SetFocusPane(Control const& control, Qt::FocusReason reason);
     LightWindow* GetFocusWindow();
+    /// Where Tab goes from a window, which may be null for the beginning or end; null past the last stop.
+    LightWindow* FindStop(LightWindow const* from, bool next);
     bool FocusStop(LightWindow& stop, Qt::FocusReason reason);
+    /// Of the pane, or of the nearest one around it that has a menu; false if there is none.
+    bool OpenContextMenu(LightWindow const* window, QPoint const& place);
     void ShowToolTip();
     void ShowDragCursor(bool dragable);
     void LeaveDrag();
 
     LightWindowTree tree_;
+    std::optional<Theme> theme_;
+    /// Made for the first theme. Controls keep it as long as they live.
+    QPointer<CNorvelianStyle> style_;
+    /// As it was painted last.
+    QRect focusRing_;
     SurfaceBackdrop* backdrop_ = nullptr;
     Pass* painting_ = nullptr;
     /// Asked for during a paint.

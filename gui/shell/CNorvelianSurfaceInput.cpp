@@ -7,11 +7,13 @@
 #include "gui/shell/NativeControl_PC.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDragMoveEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimerEvent>
 #include <QToolTip>
+#include <optional>
 
 namespace GUI {
 
@@ -20,6 +22,31 @@ namespace {
 constexpr int toolTipDelayMilliseconds = 500;
 
 bool HasControl(QInputEvent const& event) { return event.modifiers().testFlag(Qt::ControlModifier); }
+
+std::optional<NavigationKey> ToNavigationKey(QKeyEvent const& event) {
+    if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return {};
+    switch (event.key()) {
+    case Qt::Key_Left:
+        return NavigationKey::Left;
+    case Qt::Key_Right:
+        return NavigationKey::Right;
+    case Qt::Key_Up:
+        return NavigationKey::Up;
+    case Qt::Key_Down:
+        return NavigationKey::Down;
+    case Qt::Key_Home:
+        return NavigationKey::Home;
+    case Qt::Key_End:
+        return NavigationKey::End;
+    default:
+        return {};
+    }
+}
+
+bool IsMenuKey(QKeyEvent const& event) {
+    return event.key() == Qt::Key_Menu ||
+           (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
 
 Qt::DropAction ToAction(DropEffect effect) {
     switch (effect) {
@@ -207,7 +234,7 @@ void CNorvelianSurface::SetFocusPane(Control const& control, Qt::FocusReason rea
 void CNorvelianSurface::focusInEvent(QFocusEvent* event) {
     bool const byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (byTab && !focus_.lock()) {
-        LightWindow* const stop = tree_.FindTabStop(nullptr, event->reason() == Qt::TabFocusReason);
+        LightWindow* const stop = FindStop(nullptr, event->reason() == Qt::TabFocusReason);
         if (stop && FocusStop(*stop, event->reason())) return;
     }
     Control const control = focus_.lock();
@@ -248,14 +275,18 @@ bool CNorvelianSurface::FocusStop(LightWindow& stop, Qt::FocusReason reason) {
     return true;
 }
 
+LightWindow* CNorvelianSurface::FindStop(LightWindow const* from, bool next) {
+    LightWindow* stop = tree_.FindTabStop(from, next);
+    for (; stop; stop = tree_.FindTabStop(stop, next)) {
+        auto* const native = dynamic_cast<NativeControl*>(stop->GetOwner());
+        if (native ? native->CanTakeFocus() : ControlOf(stop) && ControlOf(stop)->IsTabStopOfGroup()) break;
+    }
+    return stop;
+}
+
 bool CNorvelianSurface::focusNextPrevChild(bool next) {
     Qt::FocusReason const reason = next ? Qt::TabFocusReason : Qt::BacktabFocusReason;
-    LightWindow* stop = tree_.FindTabStop(GetFocusWindow(), next);
-    while (stop) {
-        auto* const native = dynamic_cast<NativeControl*>(stop->GetOwner());
-        if (!native || native->CanTakeFocus()) break;
-        stop = tree_.FindTabStop(stop, next);
-    }
+    LightWindow* stop = FindStop(GetFocusWindow(), next);
     if (stop) return FocusStop(*stop, reason);
     // Past the last one, what the window has outside this surface comes, and then the first one again.
     QWidget* widget = this;
@@ -268,11 +299,26 @@ bool CNorvelianSurface::focusNextPrevChild(bool next) {
             return true;
         }
     }
-    stop = tree_.FindTabStop(nullptr, next);
+    stop = FindStop(nullptr, next);
     return stop && FocusStop(*stop, reason);
 }
 
 void CNorvelianSurface::keyPressEvent(QKeyEvent* event) {
+    if (auto const key = ToNavigationKey(*event)) {
+        Control const control = focus_.lock();
+        QPointer<CNorvelianSurface> const self(this);
+        if (control && control->OnNavigationKey(*key)) {
+            if (!self) return;
+            focusByKey_ = true;
+            return RepaintFocusMark();
+        }
+        if (!self) return;
+    }
+    if (IsMenuKey(*event)) {
+        Control const control = focus_.lock();
+        PixelBox const box = control ? control->GetWindow().GetVisibleBox() : PixelBox();
+        if (control && OpenContextMenu(&control->GetWindow(), {box.left, box.bottom})) return;
+    }
     // A pane that Tab reaches can be clicked by key, in its middle.
     bool const click =
         event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -280,6 +326,23 @@ void CNorvelianSurface::keyPressEvent(QKeyEvent* event) {
     if (!click || !control || !control->GetWindow().IsTabStop() || event->isAutoRepeat())
         return event->ignore();
     control->OnClickKey(HasControl(*event));
+}
+
+// ------------------------------------------------------------------ context menus
+
+bool CNorvelianSurface::OpenContextMenu(LightWindow const* window, QPoint const& place) {
+    QPointer<CNorvelianSurface> const self(this);
+    for (auto const* around = window; self && around; around = around->GetParent())
+        if (Control const control = ControlOf(around);
+            control && control->OpenContextMenu(mapToGlobal(place)))
+            return true;
+    return false;
+}
+
+void CNorvelianSurface::contextMenuEvent(QContextMenuEvent* event) {
+    // Some platforms tell of the key so, others only send the key.
+    if (event->reason() == QContextMenuEvent::Keyboard) return event->accept();
+    event->setAccepted(OpenContextMenu(tree_.FindAt(event->pos().x(), event->pos().y()), event->pos()));
 }
 
 // ------------------------------------------------------------------ drags

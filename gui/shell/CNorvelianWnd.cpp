@@ -82,12 +82,10 @@ void CNorvelianWnd::closeEvent(QCloseEvent* event) {
 }
 
 void CNorvelianWnd::keyPressEvent(QKeyEvent* event) {
-    if (event->key() != Qt::Key_F1 || !element_) {
+    if (!element_) return QWidget::keyPressEvent(event);
+    RunGuarded([&] {
+        if (element_->GetTopLevel().TakeKey(*event)) return true;
         QWidget::keyPressEvent(event);
-        return;
-    }
-    RunGuarded([event] {
-        TopLevel::ShowHelp(event->modifiers().testFlag(Qt::ShiftModifier));
         return true;
     });
 }

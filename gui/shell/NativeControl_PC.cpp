@@ -1,9 +1,11 @@
 #include "gui/shell/NativeControl_PC.h"
 
+#include "gui/platform/Color_PC.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 
 #include <QFocusEvent>
+#include <QStyle>
 
 namespace GUI {
 
@@ -31,6 +33,7 @@ void NativeControl::Take(QWidget& widget, Place const& place) {
     widget.installEventFilter(this);
     // Enter doesn't press a button that only happens to have the focus.
     if (auto* const button = qobject_cast<QPushButton*>(&widget)) button->setAutoDefault(false);
+    if (place.surface->GetStyle()) TakeTheme();
     // The surface decides where Tab goes, in the order of the description.
     SetTabStop((widget.focusPolicy() & Qt::TabFocus) != 0);
 }
@@ -101,24 +104,38 @@ void NativeControl::SetBold(bool bold) {
     SetFont(font);
 }
 
-void NativeControl::SetTextColor(RGBVector const& color) {
+void NativeControl::SetPaletteColor(std::initializer_list<QPalette::ColorRole> roles,
+                                    RGBVector const& color) {
     if (!widget_) return;
+    Theme const* const theme = surface_ ? surface_->GetTheme() : nullptr;
     QPalette colors = widget_->palette();
-    QColor const text(color.GetRed(), color.GetGreen(), color.GetBlue());
-    for (auto const role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        colors.setColor(role, text);
+    for (auto const role : roles) colors.setColor(role, ToColor(theme ? theme->Resolve(color) : color));
     widget_->setPalette(colors);
 }
 
+void NativeControl::SetTextColor(RGBVector const& color) {
+    textColor_ = color;
+    SetPaletteColor({QPalette::WindowText, QPalette::Text, QPalette::ButtonText}, color);
+}
+
 void NativeControl::SetBackgroundColor(RGBVector const& color) {
-    if (!widget_) return;
-    QPalette colors = widget_->palette();
-    QColor const background(color.GetRed(), color.GetGreen(), color.GetBlue());
-    for (auto const role : {QPalette::Window, QPalette::Base, QPalette::Button})
-        colors.setColor(role, background);
-    widget_->setPalette(colors);
+    backgroundColor_ = color;
+    SetPaletteColor({QPalette::Window, QPalette::Base, QPalette::Button}, color);
     // Also keeps Qt from painting the surface behind the control at each of its own repaints.
-    widget_->setAutoFillBackground(true);
+    if (widget_) widget_->setAutoFillBackground(true);
+}
+
+void NativeControl::TakeTheme() {
+    if (!widget_ || !surface_) return;
+    // A style that is no longer asked for is the application's again.
+    QStyle* const style = surface_->GetStyle();
+    if (style || widget_->testAttribute(Qt::WA_SetStyle)) {
+        widget_->setStyle(style);
+        for (QWidget* const part : widget_->findChildren<QWidget*>()) part->setStyle(style);
+    }
+    if (textColor_) SetTextColor(*textColor_);
+    if (backgroundColor_) SetBackgroundColor(*backgroundColor_);
+    widget_->update();
 }
 
 void NativeControl::SetToolTip(Utilities::String const& text) {
@@ -146,6 +163,7 @@ bool NativeControl::eventFilter(QObject* /*watched*/, QEvent* event) {
         RunEvent([&surface] { surface->LeavePane(); });
     }
     bool const isFocus = event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut;
+    if (isFocus && surface_) surface_->RepaintFocusRing();
     if (isFocus && onFocus_ && static_cast<QFocusEvent const*>(event)->reason() != Qt::PopupFocusReason)
         RunGuardedEvent(element_, [this, event] {
             onFocus_(event->type() == QEvent::FocusIn);

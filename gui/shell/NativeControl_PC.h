@@ -8,10 +8,13 @@
 #include "gui/shell/EventGuard_PC.h"
 
 #include <QFont>
+#include <QPalette>
 #include <QPointer>
 #include <QPushButton>
 #include <functional>
+#include <initializer_list>
 #include <memory>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -69,6 +72,8 @@ public:
     void SetBold(bool bold);
     void SetTextColor(RGBVector const& color);
     void SetBackgroundColor(RGBVector const& color);
+    /// The window has another theme: the control takes its style and what colours have a role in it.
+    void TakeTheme();
     /// Shown as it is, never as markup.
     void SetToolTip(Utilities::String const& text);
     void Release();
@@ -84,9 +89,13 @@ private:
     void Take(QWidget& widget, Place const& place);
     bool eventFilter(QObject* watched, QEvent* event) override;
     void SettleLater();
+    /// The palette's roles of one purpose, in a colour that the window's theme may know.
+    void SetPaletteColor(std::initializer_list<QPalette::ColorRole> roles, RGBVector const& color);
 
     GUIElement& element_;
     std::function<void(bool)> onFocus_;
+    std::optional<RGBVector> textColor_;
+    std::optional<RGBVector> backgroundColor_;
     QPointer<QWidget> widget_;
     QPointer<CNorvelianSurface> surface_;
     std::shared_ptr<LightWindow> window_;

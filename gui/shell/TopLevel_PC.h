@@ -32,6 +32,8 @@ public:
     /// Null before, and once the element is released or Qt has deleted the window.
     QWidget* GetWindow() const { return window_; }
     CNorvelianSurface* GetSurface() const { return surface_; }
+    /// Paints it whole before it returns; see `CNorvelianSurface::RepaintNow`.
+    void RepaintAll() const;
     /// Hides the window at once; Qt deletes it when it is done with it.
     void Release();
 
@@ -62,12 +64,23 @@ public:
     /// Gives the first child the client area, and places all windows in it.
     void LayOut();
 
+    /// Takes "Theme" and "Surround" from the description, or from the data source where it gives them. An
+    /// unknown theme throws `OutOfRangeException`.
+    void ReadTheme(DescriptionTree const& description);
+    /// Asks the data source again.
+    void UpdateTheme();
+    /// With a theme: the next surround, of which the data source is told.
+    void TakeNextSurround();
+
     void PaintBackground(PlatformIndependentDeviceContext& context) override;
     void PaintDecorators(PlatformIndependentDeviceContext& context) override;
+    void OnOuterThemeChanged() override { ApplyTheme(); }
     void SetBackgroundBitmap(Utilities::String const& imageName) { backgroundBitmap_ = imageName; }
 
     /// The main window was asked to close: true if the application lets it, and is ending.
     static bool CloseMainWindow();
+    /// A key that no element took: F1 shows help, F7 takes the next surround. False for any other.
+    bool TakeKey(QKeyEvent const& event);
     /// Shows the help of the element under the mouse, of the last dialog first, or with Shift that of the
     /// first dialog.
     static void ShowHelp(bool shift);
@@ -80,6 +93,7 @@ private:
     void EnterBar(QWidget& bar, Qt::Edge edge);
     /// What the bars add to the client area's height.
     int GetBarHeight() const;
+    void ApplyTheme();
 
     GUIElement& element_;
     QPointer<QWidget> window_;
@@ -87,6 +101,8 @@ private:
     std::vector<Bar> bars_;
     QPointer<QWidget> menuBar_;
     Utilities::String backgroundBitmap_;
+    Utilities::String theme_;
+    Utilities::String surround_;
 };
 
 } // namespace GUI

@@ -20,6 +20,13 @@ inline constexpr Attribute height{"Height", AttributeType::Number, "", "Height o
 inline constexpr Attribute closeable{"Closeable", AttributeType::Flag, "Yes",
                                      "Whether the user can close it"};
 
+inline constexpr Attribute theme{
+    "Theme", AttributeType::Text, "",
+    "\"Light\", \"Dark\", \"Report\" or \"Line\"; without one that of the parent window, or none"};
+inline constexpr Attribute surround{
+    "Surround", AttributeType::Text, "Theme",
+    "What is around measured colours with a theme: \"Theme\", \"N5\" or \"White\"; F7 takes the next"};
+
 inline constexpr Attribute windowCaption{"Caption", AttributeType::Text,
                                          "No caption in the window description", "Title"};
 inline constexpr Attribute windowResizeable{"Resizeable", AttributeType::Flag, "Yes",
@@ -37,6 +44,10 @@ inline constexpr Attribute dialogResizeable{"Resizeable", AttributeType::Flag, "
 inline constexpr Attribute titleBar{"TitleBar", AttributeType::Flag, "Yes", "A title bar at all"};
 inline constexpr Attribute escKeyElementName{"EscKeyElementName", AttributeType::ElementName, "",
                                              "The element whose click the Esc key triggers"};
+inline constexpr Attribute enterKeyElementName{"EnterKeyElementName", AttributeType::ElementName, "",
+                                               "The element whose click the Enter key triggers"};
+inline constexpr Attribute confirmDiscard{"ConfirmDiscard", AttributeType::Flag, "No",
+                                          "Asks before Esc or closing loses what was entered"};
 inline constexpr Attribute backgroundBitmap{"BackgroundBitmap", AttributeType::ImageName, "",
                                             "Image under the elements, from the top left corner"};
 inline constexpr Attribute backgroundColor{"BackgroundColor", AttributeType::Colour, "", "Background"};

@@ -22,7 +22,9 @@ constexpr Attribute ownAttributes[] = {WindowKeys::name,
                                        WindowKeys::height,
                                        WindowKeys::windowResizeable,
                                        WindowKeys::closeable,
-                                       WindowKeys::topMost};
+                                       WindowKeys::topMost,
+                                       WindowKeys::theme,
+                                       WindowKeys::surround};
 constexpr auto attributes = CommonAttributes::WithUnusedSizes(
     ownAttributes, "No effect: the size range of a window is that of its first child");
 ElementRegistration<Window_PC, GUIElement> const registration({"Window", "$Revision: 1.45 $", "GUI"},
@@ -85,6 +87,7 @@ void Window_PC::CreatePlatformWindow(PlatformIndependentWindowID const& parent,
         "Couldn't create Window"));
     caption_ = reader.Text(WindowKeys::windowCaption);
     top_.SetTitle(caption_);
+    top_.ReadTheme(description);
 }
 
 void Window_PC::ApplyPlace(DescriptionTree const& description) {
@@ -166,6 +169,7 @@ long Window_PC::OnUpdate(Anything const& command) {
     Anything const visible = GetValue(Values::visible);
     if (visible.IsValid() && top_.GetWindow()) top_.GetWindow()->setVisible(visible.GetBool());
     ShowCaption();
+    top_.UpdateTheme();
     return GUIElement::OnUpdate(command);
 }
 

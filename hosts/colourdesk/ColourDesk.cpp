@@ -21,6 +21,7 @@ using Utilities::String;
 
 namespace {
 
+constexpr char const* lookSection = "Look";
 constexpr char const* bundledFile = "cie_named_34_36band.txt";
 
 /// What the platform sends when a key is released: the key's code, Shift, Ctrl.
@@ -50,6 +51,10 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
             options.screenshot = value("the name of a picture");
         } else if (argument == "--language") {
             options.language = value("a language");
+        } else if (argument == "--theme") {
+            options.theme = value("a theme");
+            if (!GUI::Theme::Find(options.theme))
+                throw InvalidArgumentException("there is no theme " + options.theme);
         } else if (argument == "--gallery") {
             options.gallery = true;
             if (i + 1 < arguments.size() && !arguments[i + 1].starts_with("-"))
@@ -78,6 +83,7 @@ char const* Options::Usage() {
            "  --screenshot PICTURE       draws the window without a screen and writes it to PICTURE\n"
            "  --language LANGUAGE        English, French, German or Japanese; F8 in the window takes the\n"
            "                             next one and keeps it\n"
+           "  --theme THEME              Light, Dark, Line or Report\n"
            "  --gallery [DIRECTORY]      shows the components of the library in their states, or writes one\n"
            "                             picture of each into DIRECTORY\n"
            "  --exit-after-first-paint   ends when the window has been painted\n"
@@ -115,6 +121,10 @@ Tintorium::ScreenRGB Application::GetScreen() {
 void Application::Show(std::string const& file) {
     // All that can fail comes before anything that is shown goes.
     auto handler = std::make_unique<SampleWindow>(SampleDocument::Open(file, GetScreen()));
+    auto const preferences = Utilities::ResolveComponent<Utilities::Preferences>("Preferences");
+    String const theme = preferences->GetValue(lookSection, "Theme", handler->GetTheme());
+    handler->SetTheme(options_.theme.empty() ? theme : String(options_.theme));
+    handler->SetSurround(preferences->GetValue(lookSection, "Surround", handler->GetSurround()));
     auto const description = Utilities::MakeSmart<GUI::DescriptionTree>(
         GUI::GUIDescriptionReader::GetGUIDescriptionTree("ColourDesk"));
     if (noParent_.IsNull())
@@ -226,6 +236,12 @@ void Application::OnMenuItem(String const& name) {
         if (MayClose()) Quit(0);
     } else if (name == SampleWindow::nextLanguageItem) {
         TakeLanguage(FindNextLanguage());
+    } else if (String const theme = SampleWindow::themeItem; name.FindSubstring(theme, 0) == 0) {
+        handler_->SetTheme(name.Mid(theme.Length(), name.Length()));
+        TakeLook();
+    } else if (String const surround = SampleWindow::surroundItem; name.FindSubstring(surround, 0) == 0) {
+        handler_->SetSurround(name.Mid(surround.Length(), name.Length()));
+        TakeLook();
     } else if (name.FindSubstring(prefix, 0) == 0) {
         TakeLanguage(name.Mid(prefix.Length(), name.Length()));
     }
@@ -242,12 +258,21 @@ String Application::FindNextLanguage() {
 
 void Application::TakeLanguage(String const& language) {
     Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService")->SetLanguage(language);
+    Keep("LanguageService", "Language", language);
+}
+
+void Application::TakeLook() {
+    window_->OnUpdate({});
+    Keep(lookSection, "Theme", handler_->GetTheme());
+    Keep(lookSection, "Surround", handler_->GetSurround());
+}
+
+void Application::Keep(char const* section, char const* key, String const& value) {
     try {
-        Utilities::ResolveComponent<Utilities::Preferences>("Preferences")
-            ->StoreValue("LanguageService", "Language", language);
+        Utilities::ResolveComponent<Utilities::Preferences>("Preferences")->StoreValue(section, key, value);
     } catch (TraceableException const& failure) {
-        // The language has changed all the same; the next start will have the former one.
-        ReportError(std::string("The language can't be kept for the next start. ") + failure.what());
+        // What was chosen holds all the same; the next start will have what was before.
+        ReportError(std::string("The choice can't be kept for the next start. ") + failure.what());
     }
 }
 

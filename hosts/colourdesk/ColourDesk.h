@@ -19,6 +19,8 @@ struct Options {
     std::string screenshot;
     /// Language of the texts; empty for that of the settings.
     std::string language;
+    /// Empty for that of the settings.
+    std::string theme;
     bool exitAfterFirstPaint = false;
     /// The components of the library in place of samples.
     bool gallery = false;
@@ -61,6 +63,9 @@ private:
     Utilities::String FindNextLanguage();
     /// And keeps it in the settings.
     void TakeLanguage(Utilities::String const& language);
+    /// Theme and surround of the window, which are kept too.
+    void TakeLook();
+    void Keep(char const* section, char const* key, Utilities::String const& value);
     int ShowGallery();
     int WritePicture(GUI::GUIElement& window, std::string const& fileName);
     void QuitAfterFirstPaint();

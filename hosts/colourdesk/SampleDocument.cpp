@@ -3,6 +3,7 @@
 #include "core/base/String.h"
 #include "cxf/colorimetry/TristimService.h"
 #include "cxf/conditions/ConditionText.h"
+#include "gui/elements/drawing/NumberFormat.h"
 
 #include <filesystem>
 
@@ -58,7 +59,7 @@ SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRG
 std::string SampleDocument::GetFileName() const { return std::filesystem::path(path_).filename().string(); }
 
 std::string SampleDocument::FormatLab(std::array<double, 3> const& lab) {
-    auto const number = [](double value) { return Utilities::String(value, 2, '.').GetStdString(); };
+    auto const number = [](double value) { return GUI::NumberFormat().Write(value).GetStdString(); };
     return "L* " + number(lab[0]) + "   a* " + number(lab[1]) + "   b* " + number(lab[2]);
 }
 

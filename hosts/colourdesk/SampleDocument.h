@@ -40,7 +40,7 @@ public:
     /// What the reader made of the file, by line.
     Norvelian::ColorExchangeFormat::ReadReport const& GetReport() const { return report_; }
 
-    /// "L* 61.03  a* 19.71  b* 12.20".
+    /// "L* 61.03   a* 19.71   b* −12.20", as numbers are written on the screen.
     static std::string FormatLab(std::array<double, 3> const& lab);
 
 private:

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace ColourDesk {
 
@@ -19,6 +20,7 @@ using Utilities::String;
 
 namespace {
 
+constexpr char const* windowName = "ColourDesk";
 constexpr char const* curves = "XYGraph";
 constexpr char const* labChart = "LabChart";
 constexpr char const* patch = "Patch";
@@ -60,9 +62,9 @@ double ReflectanceEnd(SampleDocument const& document) {
 } // namespace
 
 SampleWindow::SampleWindow(SampleDocument document)
-    : document_(std::move(document)), pages_(Count()), columns_(ColumnsFor(pages_.GetPlaces())),
-      rows_((pages_.GetPlaces() + columns_ - 1) / columns_), labRange_(RangeOf(document_)),
-      reflectanceEnd_(ReflectanceEnd(document_)) {}
+    : document_(std::move(document)), view_(chartsView), pages_(Count()),
+      columns_(ColumnsFor(pages_.GetPlaces())), rows_((pages_.GetPlaces() + columns_ - 1) / columns_),
+      labRange_(RangeOf(document_)), reflectanceEnd_(ReflectanceEnd(document_)) {}
 
 void SampleWindow::Start() {
     UpdateCharts();
@@ -87,6 +89,9 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
     if (element == labChart && key == GUI::Values::accessibleName)
         return LanguageServiceInterface::GetTranslation("a* to the right, b* upward");
     if (element == curves) return GetCurveValue(key);
+    if (element == views)
+        return key == "CurrentView" ? Anything(view_ == gridView ? "TableView" : "ChartsView") : Anything();
+    if (element == sampleGrid) return grid_.GetValue(key);
     if (element == labChart) {
         if (key == "SelectedSample" && firstPaint_) std::exchange(firstPaint_, nullptr)();
         return GetLabChartValue(key);
@@ -103,6 +108,9 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
 Anything SampleWindow::GetMenuValue(String const& item, String const& key) const {
     bool const isPage = item.FindSubstring("Page", 0) >= 0;
     if (key == "ItemEnabled") return !isPage || pages_.AreMany();
+    if (item == chartsView || item == gridView) return item == view_;
+    if (StartsWith(item, themeItem)) return item == themeItem + theme_;
+    if (StartsWith(item, surroundItem)) return item == surroundItem + surround_;
     if (StartsWith(item, languageItem) && Utilities::NamingService::Instance()->IsRegistered(languageService))
         return item ==
                languageItem +
@@ -120,6 +128,8 @@ long SampleWindow::OnMenuItem(Anything const& name) {
         TurnPages(-1);
     else if (item == nextPage)
         TurnPages(1);
+    else if (item == chartsView || item == gridView)
+        ShowView(item);
     else if (command_)
         command_(item);
     return 0;
@@ -211,25 +221,51 @@ Anything SampleWindow::GetSpot(long sample) const {
 }
 
 Anything SampleWindow::GetDetail(String const& element, String const& key) const {
-    if (element == "ColourDesk" && key == "Caption")
+    if (element == windowName && key == "Theme") return theme_;
+    if (element == windowName && key == "Surround") return surround_;
+    if (element == windowName && key == "Caption")
         return LanguageServiceInterface::GetTranslation("Colour Desk") + " \u2013 " + document_.GetFileName();
     if (element == "SamplePage")
         return key == "Caption"   ? Anything(PageText().c_str())
                : key == "Visible" ? Anything(pages_.AreMany())
                                   : Anything();
+    if (element == "StatusFile" && key == "Caption") return document_.GetFileName().c_str();
     if (selected_ < 0) return {};
     ShownSample const& shown = At(selected_);
     if (element == "SelectedColour") return key == "ColorValue" ? shown.color.GetAnything() : Anything();
     if (element == "SampleCondition" && key == "ToolTipText") return document_.GetReport().GetText().c_str();
     if (!(key == "Caption")) return {};
     if (element == "SampleName") return shown.name.c_str();
-    if (element == "SampleLab") return SampleDocument::FormatLab(shown.lab).c_str();
-    if (element == "SampleCondition") return shown.condition.c_str();
+    if (element == "SamplePosition") return PositionText().c_str();
+    if (StartsWith(element, "Sample"))
+        if (Anything const number = GetNumber(element, shown.lab); number.IsValid()) return number;
+    if (element == "SampleCondition" || element == "TableCondition") return shown.condition.c_str();
     if (element == "SampleGamut") return shown.color.IsInGamut() ? "" : "outside the screen's gamut";
     return {};
 }
 
+Anything SampleWindow::GetNumber(String const& element, std::array<double, 3> const& lab) {
+    double const chroma = std::hypot(lab[1], lab[2]);
+    double const angle = std::atan2(lab[2], lab[1]) * 180 / std::numbers::pi;
+    auto const written = [](double value) { return Anything(String(value, 6, '.')); };
+    if (element == "SampleLightness") return written(lab[0]);
+    if (element == "SampleA") return written(lab[1]);
+    if (element == "SampleB") return written(lab[2]);
+    if (element == "SampleChroma") return written(chroma);
+    // What has no chroma to speak of has no hue.
+    constexpr double neutral = 0.005;
+    if (element == "SampleHue")
+        return chroma < neutral ? Anything("") : written(angle < 0 ? angle + 360 : angle);
+    return {};
+}
+
 void SampleWindow::SetValue(String const& element, String const& key, Anything const& value) {
+    // F7 has taken the next one.
+    if (element == windowName && key == "Surround") {
+        surround_ = value.GetString();
+        if (command_) command_(String(surroundItem) + surround_);
+    }
+    if (element == sampleGrid) TakeGridValue(key, value);
     if (element == labChart && key == "Click") {
         auto const& place = value.GetMapOfAnythings();
         SelectNearest(place["x"].GetDouble(), place["y"].GetDouble());
@@ -254,9 +290,11 @@ bool SampleWindow::OnDrop(GUI::PlatformIndependentWindowID const& /*window*/, GU
 Callback SampleWindow::GetCallback(String const& element, String const& event) {
     if (event == "OnLeftButtonDown" && SampleOfPatch(element) >= 0)
         return Utilities::MakeCallback(this, &SampleWindow::OnPatchClicked);
-    bool const isMenuItem = element == quitItem || element == nextLanguageItem ||
-                            StartsWith(element, languageItem) || element == firstPage ||
-                            element == previousPage || element == nextPage || element == lastPage;
+    bool const isMenuItem = element == quitItem || element == chartsView || element == gridView ||
+                            element == nextLanguageItem || StartsWith(element, languageItem) ||
+                            StartsWith(element, themeItem) || StartsWith(element, surroundItem) ||
+                            element == firstPage || element == previousPage || element == nextPage ||
+                            element == lastPage;
     if (event == "OnClick" && isMenuItem) return Utilities::MakeCallback(this, &SampleWindow::OnMenuItem);
     return DialogHandler::GetCallback(element, event);
 }
@@ -294,10 +332,12 @@ void SampleWindow::Select(long sample) {
             if (pages_.IsShown(changed)) ExecuteCallback(PatchName(changed).c_str(), "OnUpdate", {});
     }
     for (char const* const element :
-         {"SamplePage", "SampleName", "SampleLab", "SampleCondition", "SampleGamut", "SelectedColour"})
+         {"SamplePage", "SampleName", "SamplePosition", "SampleLightness", "SampleA", "SampleB",
+          "SampleChroma", "SampleHue", "SampleCondition", "SampleGamut", "SelectedColour", "TableCondition"})
         ExecuteCallback(element, "OnUpdate", {});
     ExecuteCallback("Spectra", "OnUpdate", "Properties");
     ExecuteCallback("ColorChart", "SelectSample", {});
+    UpdateGrid();
 }
 
 long SampleWindow::SampleOfPatch(String const& element) const {
@@ -315,6 +355,13 @@ long SampleWindow::SampleOfPatch(String const& element) const {
 std::string SampleWindow::PatchName(long sample) const {
     long const place = sample - pages_.GetFirst();
     return patch + std::to_string(place / columns_) + "_" + std::to_string(place % columns_);
+}
+
+std::string SampleWindow::PositionText() const {
+    String text = LanguageServiceInterface::GetTranslation("Sample %1 of %2");
+    text.Replace("%1", String(selected_ + 1));
+    text.Replace("%2", String(Count()));
+    return text.GetStdString();
 }
 
 std::string SampleWindow::PageText() const {

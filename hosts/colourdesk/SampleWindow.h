@@ -3,6 +3,7 @@
 #include "gui/elements/DataAccess.h"
 #include "gui/elements/DialogHandler.h"
 #include "hosts/colourdesk/SampleDocument.h"
+#include "hosts/colourdesk/SampleGrid.h"
 #include "hosts/colourdesk/SamplePages.h"
 
 #include <functional>
@@ -50,6 +51,21 @@ public:
     static constexpr char const* languageItem = "Language";
     static constexpr char const* nextLanguageItem = "NextLanguage";
     static constexpr char const* quitItem = "Quit";
+    /// So do those of themes and surrounds.
+    static constexpr char const* themeItem = "Theme";
+    static constexpr char const* surroundItem = "Surround";
+
+    /// What the window takes at its next update.
+    void SetTheme(Utilities::String const& theme) { theme_ = theme; }
+    void SetSurround(Utilities::String const& surround) { surround_ = surround; }
+    Utilities::String const& GetTheme() const { return theme_; }
+    Utilities::String const& GetSurround() const { return surround_; }
+
+    /// The pane that shows one of two views, and the menu's items for them.
+    static constexpr char const* views = "Views";
+    static constexpr char const* chartsView = "ShowCharts";
+    static constexpr char const* gridView = "ShowTable";
+    static constexpr char const* sampleGrid = "SampleGrid";
 
     long GetSelected() const { return selected_; }
     SampleDocument const& GetDocument() const { return document_; }
@@ -80,9 +96,16 @@ private:
     /// Index of a patch's sample, -1 for a name of another form or beyond the samples.
     long SampleOfPatch(Utilities::String const& element) const;
     std::string PatchName(long sample) const;
+    static Utilities::Anything GetNumber(Utilities::String const& element, std::array<double, 3> const& lab);
+    /// "Sample 5 of 34".
+    std::string PositionText() const;
     /// "1 to 2800 of 100000", empty if all samples are shown.
     std::string PageText() const;
     void UpdateCharts();
+    /// Shows the charts or the table.
+    void ShowView(Utilities::String const& view);
+    void UpdateGrid();
+    void TakeGridValue(Utilities::String const& key, Utilities::Anything const& value);
     std::string ToolTip(long sample) const;
     /// How far out the a*b* plane is shown.
     static short RangeOf(SampleDocument const& document);
@@ -92,12 +115,16 @@ private:
     long Count() const { return static_cast<long>(document_.GetSamples().size()); }
 
     SampleDocument document_;
+    SampleGrid grid_{document_.GetSamples()};
+    Utilities::String view_;
     SamplePages pages_;
     long columns_;
     long rows_;
     short labRange_;
     double reflectanceEnd_;
     long selected_ = -1;
+    Utilities::String theme_ = "Light";
+    Utilities::String surround_ = "Theme";
     std::function<void()> firstPaint_;
     std::function<void(Utilities::String const&)> dropped_;
     std::function<void(Utilities::String const&)> command_;

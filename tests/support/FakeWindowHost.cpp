@@ -59,7 +59,10 @@ public:
     void SetPosition(long, long) override {}
     void SetFocus() override {}
     void SetID(unsigned short) override {}
-    void UpdateDeviceContext() override {}
+    void UpdateDeviceContext() override {
+        RecordingDeviceContext context;
+        OnGetDeviceContext(context);
+    }
     void SetMouseCapture(bool) override {}
     void Show(bool) override {}
     void Repaint() override {

@@ -3,7 +3,7 @@
 #include "Utilities/Tools/Pair.h"
 #include "Utilities/Tools/Vector.h"
 #include "core/base/String.h"
-#include "gui/elements/colour/RGBVector.h"
+#include "gui/elements/colour/Theme.h"
 
 #include <cstdint>
 #include <span>
@@ -31,6 +31,7 @@ namespace GUI {
 /// - Positive font heights are points at 96 pixels an inch, of which the smallest is 8; negative ones are
 ///   pixels. A face that isn't installed is substituted: Arial by Liberation Sans, others by the platform's
 ///   sans serif.
+/// - A colour with a role is drawn as the context's theme has it.
 /// - Text is bytes; what they mean is decided by the implementation (UTF-8, else Windows-1252).
 class PlatformIndependentDeviceContext {
 public:
@@ -52,6 +53,11 @@ public:
     PlatformIndependentDeviceContext& operator=(PlatformIndependentDeviceContext const&) = delete;
     /// Releases what the surface selected.
     virtual ~PlatformIndependentDeviceContext() = default;
+
+    /// The theme of the window or page that is drawn; null, as at first, for none. It must outlive the
+    /// context's use.
+    void SetTheme(Theme const* theme) { theme_ = theme; }
+    Theme const* GetTheme() const { return theme_; }
 
     /// The colour behind text and hatch patterns; returns the previous one. So far it is only kept: text is
     /// drawn with nothing behind it, and all brushes are solid.
@@ -84,7 +90,8 @@ public:
     virtual void FillPie(short cx, short cy, short radius, float startAngle, float sweepAngle) = 0;
     virtual void DrawPolygon(Points points) = 0;
     virtual void FillPolygon(Points points) = 0;
-    /// The named image of the image service with its top left corner at (x, y).
+    /// The named image of the image service with its top left corner at (x, y). An icon, which is a drawing of
+    /// one tone, has the colour of texts.
     virtual void DrawImage(short x, short y, Utilities::String const& imageName) = 0;
     /// Text with its top left corner at (x, y), nothing behind it.
     virtual void DrawText(short x, short y, Utilities::String const& text) = 0;
@@ -100,6 +107,13 @@ public:
                             std::span<std::uint32_t const> colors, long width) = 0;
     /// Pixels of the device a pixel: what a picture that is computed for the screen is computed for.
     virtual double GetScale() { return 1; }
+
+protected:
+    /// The colour as it is drawn.
+    RGBVector const& Resolve(RGBVector const& color) const { return theme_ ? theme_->Resolve(color) : color; }
+
+private:
+    Theme const* theme_ = nullptr;
 };
 
 } // namespace GUI

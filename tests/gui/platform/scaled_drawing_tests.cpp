@@ -390,3 +390,26 @@ TEST(ScaledDrawing, AWindowsMemoryAndItsPainterAgree) {
     EXPECT_GE(pane.compared, 20);
     EXPECT_EQ(pane.differing, 0) << "at the scale " << pane.devicePixelRatioF();
 }
+
+TEST(ScaledDrawing, TextThatIsKeptLooksAsTextThatIsNew) {
+    int number = 0;
+    for (double const ratio : ratios)
+        for (short const style : {short(0), Context::boldFont, Context::underlinedFont})
+            for (char const* const words : {"Lab 12,5", "\xC3\x84gypten fi", "a  b "}) {
+                // Another text each time, so that the first one is new.
+                std::string const text = words + std::to_string(number++);
+                std::vector<QImage> drawn;
+                std::vector<long> widths;
+                for (int turn = 0; turn < 4; ++turn) {
+                    drawn.push_back(Surface(ratio));
+                    PlatformIndependentDeviceContext_PC context(drawn.back());
+                    context.SetFont(8, 0, 0, "Arial", style);
+                    context.DrawText(1, 3, text.c_str());
+                    long height = 0;
+                    context.GetTextExtent(text.c_str(), widths.emplace_back(), height);
+                }
+                SCOPED_TRACE(text + " at " + std::to_string(ratio));
+                EXPECT_EQ(drawn[0], drawn[3]);
+                EXPECT_EQ(widths[0], widths[3]);
+            }
+}

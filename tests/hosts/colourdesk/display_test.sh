@@ -44,8 +44,8 @@ has_changed() {
   changed=$(compare -metric AE "$work/before.png" "$work/after.png" null: 2>&1 || true)
   [ "${changed%%[.e]*}" -gt 500 ]
 }
-has_shrunk() { geometry && [ "$WIDTH" -lt 1120 ] && [ "$HEIGHT" -lt $((760 + bar)) ]; }
-is_near() { geometry && [ $((X - $1)) -ge -30 ] && [ $((X - $1)) -le 30 ] && [ $((Y - $2)) -ge -40 ] && [ $((Y - $2)) -le 40 ]; }
+has_shrunk() { geometry && [ "$WIDTH" -lt 1280 ] && [ "$HEIGHT" -lt $((772 + bar)) ]; }
+is_near() { geometry && [ $((X - $1)) -ge -30 ] && [ $((X - $1)) -le 30 ] && [ $((Y - $2)) -ge -60 ] && [ $((Y - $2)) -le 60 ]; }
 has_saved() { grep -q '^ColourDesk' "$work/config/colourdesk.ini" 2>/dev/null; }
 has_ended() { ! kill -0 "$program" 2>/dev/null; }
 close_by_key() {
@@ -56,28 +56,28 @@ close_by_key() {
 
 start
 # The menu bar is above the client area, whose places are counted from its own corner.
-has_bar() { geometry && [ "$WIDTH" -eq 1120 ] && bar=$((HEIGHT - 760)) && [ "$bar" -gt 10 ] && [ "$bar" -lt 50 ]; }
+has_bar() { geometry && [ "$WIDTH" -eq 1280 ] && bar=$((HEIGHT - 772)) && [ "$bar" -gt 10 ] && [ "$bar" -lt 50 ]; }
 await has_bar || fail "the window is $WIDTH by $HEIGHT"
 await is_painted || fail "the window stayed empty"
 
 # The fourth patch of the first row: the picture changes around it and in the details.
-xdotool mousemove --window "$window" 228 $((675 + bar)) click 1
+xdotool mousemove --window "$window" 559 $((522 + bar)) click 1
 await has_changed || fail "a click on a patch changed $changed pixels"
 
 # The large swatch has the colour of the patch, and the one selected before has lost its mark.
 colours() { import -window "$window" "$work/now.png" && convert "$work/now.png" -format "%[pixel:p{$1}] %[pixel:p{$2}]" info:; }
-shows_patch() { read -r swatch patch <<<"$(colours 80,$((600 + bar)) "$1")"; [ -n "$patch" ] && [ "$swatch" = "$patch" ]; }
-await shows_patch 228,$((675 + bar)) || fail "the swatch is $swatch, the patch that was clicked $patch"
+shows_patch() { read -r swatch patch <<<"$(colours 80,$((561 + bar)) "$1")"; [ -n "$patch" ] && [ "$swatch" = "$patch" ]; }
+await shows_patch 559,$((522 + bar)) || fail "the swatch is $swatch, the patch that was clicked $patch"
 import -window "$window" "$work/selected.png"
 xdotool key --window "$window" Tab key --window "$window" space
-await shows_patch 293,$((675 + bar)) || fail "by key the swatch is $swatch, the patch $patch"
-xdotool mousemove --window "$window" 98 $((675 + bar)) click 1
-await shows_patch 98,$((675 + bar)) || fail "the swatch is $swatch, the patch that was clicked $patch"
+await shows_patch 610,$((522 + bar)) || fail "by key the swatch is $swatch, the patch $patch"
+xdotool mousemove --window "$window" 456 $((522 + bar)) click 1
+await shows_patch 456,$((522 + bar)) || fail "the swatch is $swatch, the patch that was clicked $patch"
 import -window "$window" "$work/moved.png"
 # The patch that was selected first looks as it did before: no second ring stays.
 same_as_before() {
   import -window "$window" "$work/moved.png"
-  changed=$(compare -metric AE -extract 60x48+200+$((652 + bar)) "$work/before.png" "$work/moved.png" null: 2>&1 || true)
+  changed=$(compare -metric AE -extract 50x50+534+$((497 + bar)) "$work/before.png" "$work/moved.png" null: 2>&1 || true)
   [ "${changed%%[.e]*}" -eq 0 ]
 }
 await same_as_before || fail "the former selection left $changed pixels"
@@ -85,13 +85,13 @@ has_changed
 
 # A click on a spot of the chart selects its sample: the swatch gets the spot's colour, and one spot alone has the
 # black and white rings around it.
-spot=955,$((141 + bar))
+spot=986,$((109 + bar))
 xdotool mousemove --window "$window" ${spot/,/ } click 1
-shows_spot() { read -r swatch mark <<<"$(colours 80,$((600 + bar)) $spot)"; [ -n "$mark" ] && [ "$swatch" = "$mark" ]; }
+shows_spot() { read -r swatch mark <<<"$(colours 80,$((561 + bar)) $spot)"; [ -n "$mark" ] && [ "$swatch" = "$mark" ]; }
 await shows_spot || fail "the swatch is $swatch, the spot that was clicked $mark"
 rings() {
   import -window "$window" "$work/now.png"
-  convert "$work/now.png" -crop 410x512+695+$((38 + bar)) +repage -fill black +opaque white \
+  convert "$work/now.png" -crop 443x408+807+$((48 + bar)) +repage -fill black +opaque white \
     -define connected-components:verbose=true -define connected-components:area-threshold=8 \
     -connected-components 8 null: | grep -c 'gray(255)\|white\|(255,255,255)'
 }
@@ -156,7 +156,7 @@ await has_saved || fail "no place was saved"
 x=$X y=$Y
 close_by_key
 
-patch_colour() { import -window "$window" "$work/now.png" && convert "$work/now.png" -format "%[pixel:p{80,$((600 + bar))}]" info:; }
+patch_colour() { import -window "$window" "$work/now.png" && convert "$work/now.png" -format "%[pixel:p{80,$((561 + bar))}]" info:; }
 start
 await is_painted || fail "the window stayed empty"
 plain=$(patch_colour)

@@ -1,0 +1,242 @@
+// What changes a table so that it can be undone.
+#include "gui/grid/model/GridNumber.h"
+#include "gui/grid/view/CGXGridWnd.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace GUI {
+
+using Utilities::String;
+
+// ------------------------------------------------------------------ editing
+
+bool CGXGridWnd::StartEditing(GridPlace const& place, String const* typed) {
+    if (!enabled_ || place.row < 1 || place.column < 1 || !core_.HasPlace(place)) return false;
+    EndEditing(true);
+    MakeVisible(place);
+    GridCellView const cell = GetCellView(place);
+    auto const reaction = CGXControl::Of(cell.style.GetControl()).Edit(cell);
+    if (reaction.kind == CGXControl::Reaction::Kind::Choose) return React(reaction, place);
+    if (reaction.kind != CGXControl::Reaction::Kind::Edit) return false;
+    editing_ = true;
+    edited_ = place;
+    String const text = cell.style.IsNumber() ? ShowGridNumber(cell.text, decimalSign_, false) : cell.text;
+    ShowEditor(view_.GetCellBox(place), typed ? *typed : text, core_.GetStyle(place), typed == nullptr);
+    return true;
+}
+
+void CGXGridWnd::EndEditing(bool accept) {
+    if (!std::exchange(editing_, false)) return;
+    String const typed = GetEditorText();
+    HideEditor();
+    if (!accept || !core_.HasPlace(edited_)) return;
+    String const text = core_.GetStyle(edited_).IsNumber() ? KeepGridNumber(typed, decimalSign_) : typed;
+    if (!(text == core_.GetText(edited_))) SetText(edited_, text, false);
+}
+
+void CGXGridWnd::OnChosen(String const& text) {
+    // The table may have got smaller while the choices were shown.
+    if (core_.HasPlace(edited_) && !(text == core_.GetText(edited_))) SetText(edited_, text, true);
+}
+
+void CGXGridWnd::SetText(GridPlace const& place, String const& text, bool merges) {
+    history_.SetText(place, text, merges);
+    RepaintCell(place);
+    TellCellChange(place);
+    if (observer_) observer_->OnEndEditing(place);
+}
+
+void CGXGridWnd::Undo() {
+    std::vector<GridSortKey> const former = GetSortKeys();
+    ShowTouched(history_.Undo());
+    if (former != GetSortKeys() && observer_) observer_->OnSorted();
+}
+
+void CGXGridWnd::Redo() {
+    std::vector<GridSortKey> const former = GetSortKeys();
+    ShowTouched(history_.Redo());
+    if (former != GetSortKeys() && observer_) observer_->OnSorted();
+}
+
+void CGXGridWnd::ShowTouched(GridHistory::Touched touched) {
+    if (touched.arrangement) OnArranged();
+    for (GridPlace const& place : touched.cells) RepaintCell(place);
+    if (touched.cells.size() == 1) {
+        SetCurrent(touched.cells.front());
+        TellCellChange(touched.cells.front());
+        if (observer_) observer_->OnEndEditing(touched.cells.front());
+    } else if (!touched.cells.empty() && observer_) {
+        observer_->OnCellsChanged(touched.cells);
+    }
+}
+
+// ------------------------------------------------------------------ clipboard
+
+bool CGXGridWnd::CollectCells(GridRange const& range, GridTexts& cells) {
+    constexpr long most = 5000000;
+    if (range.IsEmpty() || range.GetRows() > most / range.GetColumns()) return false;
+    // So many rows by range are kept at once.
+    constexpr long piece = 4096;
+    for (long top = range.top; top <= range.bottom; top += piece) {
+        GridRange const part{top, range.left, std::min(top + piece - 1, range.bottom), range.right};
+        if (virtual_ && observer_) observer_->OnRowsShown(part.top, part.bottom);
+        for (long row = part.top; row <= part.bottom; ++row)
+            if (!HasRow(core_.GetRowLine(row))) return false;
+        for (auto& line : CopyGridCells(core_, part, decimalSign_)) cells.push_back(std::move(line));
+    }
+    return true;
+}
+
+bool CGXGridWnd::Copy() {
+    GridTexts cells;
+    if (!CollectCells(selection_.GetBounds(), cells)) return false;
+    SetClipboard(WriteGridText(cells), WriteGridHtml(cells));
+    return true;
+}
+
+void CGXGridWnd::Cut() {
+    if (Copy()) ClearSelected();
+}
+
+bool CGXGridWnd::CanChange(GridRange const& range) const {
+    for (long row = range.top; row <= range.bottom; ++row)
+        for (long column = range.left; column <= range.right; ++column)
+            if (core_.GetStyle({row, column}).IsReadOnly()) return false;
+    return true;
+}
+
+void CGXGridWnd::ClearSelected() {
+    if (!enabled_) return;
+    std::vector<GridPlace> cleared;
+    history_.BeginStep();
+    for (GridRange const& range : selection_.GetRanges())
+        for (long row = range.top; row <= range.bottom; ++row)
+            for (long column = range.left;
+                 column <= range.right && core_.GetRows().Find(core_.GetRowLine(row)); ++column) {
+                GridPlace const place{row, column};
+                if (core_.GetText(place).Length() == 0 || core_.GetStyle(place).IsReadOnly()) continue;
+                history_.SetText(place, {});
+                cleared.push_back(place);
+            }
+    history_.EndStep();
+    if (cleared.empty()) return;
+    RepaintRange(selection_.GetBounds());
+    if (observer_) observer_->OnCellsChanged(cleared);
+}
+
+void CGXGridWnd::Paste() {
+    std::string text;
+    std::string html;
+    GetClipboard(text, html);
+    // The text is what the user saw; a page counts where there is no text.
+    if (enabled_) PasteCells(text.empty() ? ReadGridHtml(html) : ReadGridText(text));
+}
+
+void CGXGridWnd::PasteCells(GridTexts const& cells) {
+    GridRange const selected = selection_.GetBounds();
+    if (cells.empty() || selected.IsEmpty()) return;
+    std::size_t widest = 0;
+    for (auto const& line : cells) widest = std::max(widest, line.size());
+    // One cell fills all that are selected.
+    bool const fills = cells.size() == 1 && widest == 1;
+    GridRange target = selected;
+    if (!fills) {
+        target.bottom = selected.top + static_cast<long>(cells.size()) - 1;
+        target.right = selected.left + static_cast<long>(widest) - 1;
+    }
+    long const missing = target.bottom - core_.GetRowCount();
+    if (target.right > core_.GetColumnCount() || (missing > 0 && !mayGrow_) ||
+        !CanChange(target.Meet(core_.GetAll()))) {
+        if (observer_) observer_->OnPasteRefused(target.GetRows(), target.GetColumns());
+        return;
+    }
+    history_.BeginStep();
+    if (missing > 0) {
+        history_.KeepArrangement();
+        core_.InsertRows(core_.GetRowCount() + 1, missing);
+    }
+    std::vector<GridPlace> changed;
+    changed.reserve(static_cast<std::size_t>(target.GetRows() * target.GetColumns()));
+    for (long row = target.top; row <= target.bottom; ++row) {
+        auto const& line = cells[fills ? 0 : static_cast<std::size_t>(row - target.top)];
+        for (long column = target.left; column <= target.right; ++column) {
+            auto const index = fills ? 0 : static_cast<std::size_t>(column - target.left);
+            // A row that is shorter than others leaves what is there.
+            if (index >= line.size()) break;
+            GridPlace const place{row, column};
+            history_.SetText(place, core_.GetStyle(place).IsNumber()
+                                        ? KeepGridNumber(line[index], decimalSign_)
+                                        : line[index]);
+            changed.push_back(place);
+        }
+    }
+    history_.EndStep();
+    if (missing > 0) OnArranged();
+    Select(target.GetFirst(), target);
+    RepaintRange(target);
+    if (observer_) observer_->OnCellsChanged(changed);
+}
+
+// ------------------------------------------------------------------ arrangement
+
+bool CGXGridWnd::SortRows(std::vector<GridSortKey> const& keys) {
+    EndEditing(true);
+    bool const reaches = std::ranges::any_of(core_.GetArrangement().merged,
+                                             [](GridRange const& range) { return range.GetRows() > 1; });
+    if (reaches) return false;
+    long const first = view_.rows.frozen + 1;
+    GridOrder::Line const current = core_.GetRowLine(Clamped(selection_.GetCurrent()).row);
+    history_.KeepArrangement();
+    if (virtual_) {
+        // Whoever gives the rows gives them in this order from now on.
+        core_.SortRows({}, first, keys);
+        core_.GetRows().DropBlocks();
+    } else if (keys.empty()) {
+        GridOrder::Lines lines = SortGridRows(core_, first, {});
+        std::ranges::sort(lines);
+        core_.SortRows(lines, first, keys);
+    } else {
+        core_.SortRows(SortGridRows(core_, first, keys, '.'), first, keys);
+    }
+    shownLast_ = -1;
+    OnArranged();
+    // The current cell goes with its row.
+    if (!selection_.IsEmpty() && !virtual_)
+        SetCurrent({core_.GetPlace(current, 0).row, selection_.GetCurrent().column});
+    if (observer_) observer_->OnSorted();
+    return true;
+}
+
+bool CGXGridWnd::Find(String const& text, bool backward) {
+    if (virtual_) return false;
+    GridRange const found = FindGridText(core_, text, Clamped(selection_.GetCurrent()), backward);
+    if (!found.IsEmpty()) SetCurrent(found.GetFirst());
+    return !found.IsEmpty();
+}
+
+void CGXGridWnd::HideRows(long first, long last, bool hidden) {
+    history_.KeepArrangement();
+    core_.GetHeights().Hide(std::max(first, 1L), last, hidden);
+    OnArranged();
+}
+
+void CGXGridWnd::HideCols(long first, long last, bool hidden) {
+    history_.KeepArrangement();
+    core_.GetWidths().Hide(std::max(first, 1L), last, hidden);
+    OnArranged();
+}
+
+void CGXGridWnd::Rearrange(void (CGXGridCore::*change)(long, long), long at, long count) {
+    EndEditing(true);
+    history_.KeepArrangement();
+    (core_.*change)(at, count);
+    OnArranged();
+}
+
+void CGXGridWnd::InsertRows(long at, long count) { Rearrange(&CGXGridCore::InsertRows, at, count); }
+void CGXGridWnd::RemoveRows(long at, long count) { Rearrange(&CGXGridCore::RemoveRows, at, count); }
+void CGXGridWnd::InsertCols(long at, long count) { Rearrange(&CGXGridCore::InsertColumns, at, count); }
+void CGXGridWnd::RemoveCols(long at, long count) { Rearrange(&CGXGridCore::RemoveColumns, at, count); }
+
+} // namespace GUI
