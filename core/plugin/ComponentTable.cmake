@@ -70,6 +70,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/Graph.cpp
   gui/charts/LabColorSpaces.cpp
   gui/charts/ScaleNumbers.cpp
+  gui/charts/ToleranceContour.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
   gui/colour/GamutPlane.cpp

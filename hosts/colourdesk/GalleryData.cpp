@@ -113,16 +113,28 @@ Anything GetHarmony(std::string const& state, std::string const& name) {
     return color.GetAnything();
 }
 
+/// Of a light reddish standard.
+Anything GetTolerance() {
+    Anything::MapOfAnythings record;
+    record["L"] = 65.0;
+    record["a"] = 40.0;
+    record["b"] = 20.0;
+    record["Limit"] = 6.0;
+    return record;
+}
+
 Anything GetPlane(std::string const& state, String const& name) {
     if (name == "Plane") return state == "Leaf" ? "LC" : "ab";
     if (name == "Lightness") return 65.0;
     if (name == "Hue") return 40.0;
     if (name == "NrOfPatches") return state == "Leaf" ? 0L : long{spots};
     if (name == "SelectedSample") return 4L;
+    if (name == "Tolerance") return GetTolerance();
     return {};
 }
 
 Anything GetChartRow(String const& name) {
+    if (name == "Tolerance") return GetTolerance();
     auto const number = NumberBehind(name, "");
     if (name == "ColorScale") return "CIELab";
     if (!number || *number < 1 || *number > spots) return {};
