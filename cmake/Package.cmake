@@ -12,8 +12,7 @@ install(FILES "${CMAKE_BINARY_DIR}/NorvelianConfig.cmake" "${CMAKE_BINARY_DIR}/N
   DESTINATION "${package_dir}")
 install(EXPORT NorvelianTargets NAMESPACE Norvelian:: FILE NorvelianTargets.cmake DESTINATION "${package_dir}")
 
-# The headers that hosts call: those of the floors they build on, and of the plug-in the abstract classes with
-# operations for hosts. None of what the platform's classes or the colour library keep to themselves: its parsers, tables and kernels.
+# The headers that hosts call: those of the floors they build on. None of what the platform's classes or the colour library keep to themselves: its parsers, tables and kernels.
 set(private_headers "cxf/(verification/Checks|files/(AttributeNotes|Cgats|ConditionWords|ReadProgress|Utf8|Xml)|colorimetry/(Illuminants|Kernels|Lagrange|Resolved|Tables))[^/]*[.]h$")
 foreach(folder Diagnostics Utilities core cxf gui/elements)
   cmake_path(GET folder PARENT_PATH parent)
@@ -21,8 +20,6 @@ foreach(folder Diagnostics Utilities core cxf gui/elements)
     FILES_MATCHING PATTERN "*.h" PATTERN "*_PC.h" EXCLUDE PATTERN "CNorvelian*.h" EXCLUDE
     REGEX "${private_headers}" EXCLUDE)
 endforeach()
-install(FILES "${CMAKE_SOURCE_DIR}/gui/shell/Dialog.h"
-  DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/norvelian/gui/shell")
 install(FILES "${CMAKE_SOURCE_DIR}/README.md" DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY "${CMAKE_SOURCE_DIR}/docs/" DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY "${CMAKE_SOURCE_DIR}/LICENSES" DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -54,10 +54,13 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/layout/VBoxRegistration.cpp
   gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
+  gui/layout/WindowDecorator.cpp
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp
   gui/charts/XYGraph.cpp
   gui/charts/LabGraphSetting.cpp
+  gui/controls/Notice.cpp
+  gui/controls/Verdict.cpp
 )
 
 # Units without a creator, and last the exports.

@@ -246,7 +246,7 @@ void LabChart::ReadRows(String const& message) {
 }
 
 void LabChart::OnPaint(PlatformIndependentDeviceContext& context) {
-    static RGBVector const black;
+    static RGBVector const black{ThemeRole::Axis, RGBVector()};
     Chart::OnPaint(context);
     context.SetBrush(black);
     context.SetPen(black, 2, PlatformIndependentDeviceContext::solid);

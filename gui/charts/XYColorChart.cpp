@@ -26,7 +26,7 @@ constexpr Attribute isotropicKey{"Isotropic", AttributeType::Flag, "No",
                                  "One unit is as long on both axes; the longer side of the pane shows more"};
 constexpr Attribute zeroAxesKey{"ZeroAxes", AttributeType::Flag, "No",
                                 "Axes through zero with ticks and numbers"};
-constexpr Attribute lineColorKey{"LineColor", AttributeType::Colour, "92,92,92",
+constexpr Attribute lineColorKey{"LineColor", AttributeType::Colour, "92,92,92 axis",
                                  "Colour of the axes and their numbers"};
 constexpr Attribute gridColorKey{"GridColor", AttributeType::Colour, "",
                                  "Colour of lines at the numbers of the axes; none if absent"};

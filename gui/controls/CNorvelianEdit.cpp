@@ -31,6 +31,58 @@ void CNorvelianEdit::paintEvent(QPaintEvent* event) {
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
+void CNorvelianEdit::ShowMessage(QString const& text, Side side) {
+    side_ = text.isEmpty() ? Side::None : side;
+    if (side_ == Side::None) {
+        delete message_;
+        return;
+    }
+    if (!message_) {
+        message_ = new QLabel(parentWidget());
+        message_->setTextFormat(Qt::PlainText);
+        message_->setFocusPolicy(Qt::NoFocus);
+        message_->setAttribute(Qt::WA_TransparentForMouseEvents);
+        // The surface under it isn't painted each time that the label is.
+        message_->setAutoFillBackground(true);
+        QPalette palette = message_->palette();
+        constexpr QColor faultColor(176, 0, 0);
+        palette.setColor(QPalette::WindowText, faultColor);
+        message_->setPalette(palette);
+    }
+    message_->setText(text);
+    PlaceMessage();
+}
+
+void CNorvelianEdit::PlaceMessage() {
+    if (!message_) return;
+    constexpr int gap = 4;
+    QSize const size = message_->sizeHint();
+    message_->resize(size);
+    if (side_ == Side::Right)
+        message_->move(x() + width() + gap, y() + (height() - size.height()) / 2);
+    else
+        message_->move(x(), y() + height() + gap / 2);
+    message_->raise();
+    message_->setVisible(!isHidden());
+}
+
+void CNorvelianEdit::moveEvent(QMoveEvent* event) {
+    QLineEdit::moveEvent(event);
+    PlaceMessage();
+}
+void CNorvelianEdit::resizeEvent(QResizeEvent* event) {
+    QLineEdit::resizeEvent(event);
+    PlaceMessage();
+}
+void CNorvelianEdit::hideEvent(QHideEvent* event) {
+    QLineEdit::hideEvent(event);
+    PlaceMessage();
+}
+void CNorvelianEdit::showEvent(QShowEvent* event) {
+    QLineEdit::showEvent(event);
+    PlaceMessage();
+}
+
 CNorvelianMultiLineEdit::CNorvelianMultiLineEdit(QWidget* parent) : QPlainTextEdit(parent) {
     setTabChangesFocus(true);
 }

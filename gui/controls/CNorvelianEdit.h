@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 
 namespace GUI {
 
@@ -9,15 +11,29 @@ namespace GUI {
 class CNorvelianEdit : public QLineEdit {
 public:
     explicit CNorvelianEdit(QWidget* parent);
+    ~CNorvelianEdit() override { delete message_; }
+
+    enum class Side { None, Right, Below };
 
     /// A marked border.
     void ShowValid(bool valid);
+    /// A text beside the field; an empty one takes it away.
+    void ShowMessage(QString const& text, Side side);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
+    void PlaceMessage();
+
     bool valid_ = true;
+    /// A sibling, which goes with the field.
+    QPointer<QLabel> message_;
+    Side side_ = Side::None;
 };
 
 /// The window of a field with several lines. Tab leaves it.

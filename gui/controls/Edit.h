@@ -19,7 +19,9 @@ namespace GUI {
 /// With "Validator" "Number" the field takes numbers from "Minimum" to "Maximum" with at most "Decimals"
 /// decimals. The user sees and types them with the decimal sign of his language; the data source gives and is
 /// told them with ".". What isn't such a number stays in the field, marked, with "ValidationText" (none; a
-/// key) as its tool tip, and isn't told; the data source is told "Valid" (bool) whenever that changes.
+/// key) as its tool tip, and isn't told; the data source is told "Valid" (bool) whenever that changes. With
+/// "ValidationPlace" (none), "Right" or "Below", that text stands beside the field too, over whatever the
+/// description has there.
 ///
 /// Of the data source at each update: "Bold" (bool), "BackgroundColor", "FontColor" (colours), "Text" or
 /// "Caption" (string), "Enabled" (bool), "FirstVisibleLine" (long), "ReadOnly" (bool), "ToolTipText",
@@ -54,6 +56,8 @@ public:
     static constexpr Attribute decimals{"Decimals", AttributeType::Number, "6", "Most decimals of a number"};
     static constexpr Attribute validationText{"ValidationText", AttributeType::Text, "",
                                               "What a number must be; a key of the language service"};
+    static constexpr Attribute validationPlace{"ValidationPlace", AttributeType::Text, "",
+                                               "Right or Below: where that text stands beside the field"};
     static constexpr Attribute attributes[] = {text,
                                                multiLine,
                                                readOnly,
@@ -73,6 +77,7 @@ public:
                                                maximum,
                                                decimals,
                                                validationText,
+                                               validationPlace,
                                                ControlAttributes::toolTipText,
                                                ControlAttributes::accessibleName};
 

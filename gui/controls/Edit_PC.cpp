@@ -38,6 +38,10 @@ void Edit_PC::Initialize(PlatformIndependentWindowID const& parent, DescriptionT
     SetReadOnly(reader.Flag(readOnly));
     placeholderKey_ = reader.Text(placeholder);
     validationKey_ = reader.Text(validationText);
+    if (String const side = reader.Text(validationPlace); side == "Right")
+        messageSide_ = CNorvelianEdit::Side::Right;
+    else if (side == "Below")
+        messageSide_ = CNorvelianEdit::Side::Below;
     ReadTexts(reader);
     ShowPlaceholder();
     if (auto const shown = TakeText(reader.Text(text))) ShowText(*shown);
@@ -92,6 +96,7 @@ void Edit_PC::ShowValid() {
     // The own tool tip comes back with a text that is right.
     QString const reason = ToPlatformText(LanguageServiceInterface::GetTranslation(validationKey_));
     line->setAccessibleDescription(IsValid() ? QString() : reason);
+    line->ShowMessage(IsValid() ? QString() : reason, messageSide_);
     if (IsValid())
         ShowTexts();
     else if (!reason.isEmpty())

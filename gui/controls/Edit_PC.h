@@ -32,6 +32,7 @@ private:
 
     Utilities::String placeholderKey_;
     Utilities::String validationKey_;
+    CNorvelianEdit::Side messageSide_ = CNorvelianEdit::Side::None;
     /// A change by the program, of which the platform tells as of one by the user.
     bool showing_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
+#include "gui/elements/ContextMenu.h"
 #include "gui/elements/DialogHandler.h"
 #include "gui/elements/LayoutScope.h"
 #include "gui/elements/SelectionServiceInterface.h"
@@ -19,8 +20,8 @@ namespace {
 
 namespace Common = CommonAttributes;
 
-constexpr Attribute attributeList[] = {Common::paneName, Common::frame, Common::backgroundColor,
-                                       Common::backgroundBitmap, Common::selectable};
+constexpr Attribute attributeList[] = {Common::paneName,         Common::frame,      Common::backgroundColor,
+                                       Common::backgroundBitmap, Common::selectable, contextMenuAttribute};
 
 /// Null in a host or test that has no such service.
 SmartPointer<SelectionServiceInterface> FindSelectionService() {
@@ -206,7 +207,7 @@ void Pane::OnSelectionChanged(String const& elementName, bool selected) {
 }
 
 void Pane::OnPaint(PlatformIndependentDeviceContext& context) {
-    static RGBVector const frameColor(128, 128, 128);
+    static RGBVector const frameColor{ThemeRole::Line, RGBVector(128, 128, 128)};
     unsigned long width = 0;
     unsigned long height = 0;
     GetSize(width, height);

@@ -1,6 +1,7 @@
 #include "gui/shell/AdvancedControlImpl_PC.h"
 
 #include "core/creators/ComponentCreator.h"
+#include "gui/elements/ContextMenu.h"
 #include "gui/elements/Pane.h"
 #include "gui/elements/Topics.h"
 #include "gui/elements/description/Attributes.h"
@@ -29,9 +30,11 @@ void AdvancedControlImpl_PC::Initialize(PlatformIndependentWindowID const& paren
     if (!window) return;
     CNorvelianSurface& surface = CNorvelianSurface::Of(*window);
     auto const outer = identity->GetLightWindow();
-    bool const tabStop = AttributeReader(description).Flag(CommonAttributes::selectable);
-    control_ = std::make_shared<CNorvelianAdvancedControl>(
-        *this, surface, outer ? *outer : surface.GetTree().GetRoot(), tabStop);
+    AttributeReader const reader(description);
+    bool const tabStop = reader.Flag(CommonAttributes::selectable);
+    control_ = std::make_shared<CNorvelianAdvancedControl>(*this, surface,
+                                                           outer ? *outer : surface.GetTree().GetRoot(),
+                                                           tabStop, reader.Text(contextMenuAttribute));
     if (!GetPane()) return;
     Utilities::SmartPointer<PlatformIndependentWindowID_PC> const own(GetPane()->GetWindowID());
     if (!own.IsNull()) own->SetWindow(&surface, control_->GetSharedWindow());

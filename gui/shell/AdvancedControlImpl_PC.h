@@ -9,7 +9,7 @@ namespace GUI {
 
 /// Makes and drives the window of a pane.
 ///
-/// Attribute: "Selectable" (No); "Yes" lets Tab reach the window.
+/// Attributes: "Selectable" (No); "Yes" lets Tab reach the window. "ContextMenu" (none); see `Menu`.
 class AdvancedControlImpl_PC : public AdvancedControlImpl {
 public:
     ~AdvancedControlImpl_PC() override;

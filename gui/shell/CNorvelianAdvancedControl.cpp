@@ -7,12 +7,15 @@
 #include "gui/platform/TextConversion_PC.h"
 #include "gui/shell/AdvancedControlImpl_PC.h"
 #include "gui/shell/CNorvelianAccessible.h"
+#include "gui/shell/Menu_PC.h"
 
 #include <QAccessible>
 #include <QImage>
 #include <cstdint>
 
 namespace GUI {
+
+using Utilities::String;
 
 namespace {
 
@@ -22,9 +25,10 @@ long Packed(int coordinate) { return static_cast<std::uint16_t>(coordinate); }
 } // namespace
 
 CNorvelianAdvancedControl::CNorvelianAdvancedControl(AdvancedControlImpl_PC& impl, CNorvelianSurface& surface,
-                                                     LightWindow& parent, bool tabStop)
-    : impl_(&impl), surface_(&surface),
-      window_(surface.GetTree().Add(parent, this, LightWindow::Kind::Pane)) {
+                                                     LightWindow& parent, bool tabStop,
+                                                     String const& contextMenu)
+    : impl_(&impl), surface_(&surface), window_(surface.GetTree().Add(parent, this, LightWindow::Kind::Pane)),
+      contextMenu_(contextMenu) {
     window_->SetTabStop(tabStop);
 }
 
@@ -191,6 +195,22 @@ bool CNorvelianAdvancedControl::OnNavigationKey(NavigationKey key) {
         // The pane keeps what it is in.
         CallScope const call(*impl_->GetPane());
         return group->OnNavigationKey(key, *impl_->GetPane());
+    });
+}
+
+bool CNorvelianAdvancedControl::OpenContextMenu(QPoint const& place) {
+    if (contextMenu_.Length() == 0) return false;
+    return Guarded("CNorvelianAdvancedControl: context menu", [&] {
+        Pane& pane = *impl_->GetPane();
+        GUIElement* root = &pane;
+        while (GUIElement* const outer = root->GetParentElement()) root = outer;
+        auto* const menu = dynamic_cast<Menu_PC*>(&root->FindElement(contextMenu_));
+        if (!menu) return false;
+        CallScope const call(*menu);
+        if (DialogDataSource* const source = menu->GetDataSource())
+            source->SetValue(menu->GetElementName(), Menu::contextElement, pane.GetElementName());
+        if (call.IsAttached()) menu->Popup(place.x(), place.y());
+        return true;
     });
 }
 

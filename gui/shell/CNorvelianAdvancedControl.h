@@ -22,7 +22,7 @@ class CNorvelianAdvancedControl : public LightWindowOwner,
                                   public std::enable_shared_from_this<CNorvelianAdvancedControl> {
 public:
     CNorvelianAdvancedControl(AdvancedControlImpl_PC& impl, CNorvelianSurface& surface, LightWindow& parent,
-                              bool tabStop);
+                              bool tabStop, Utilities::String const& contextMenu = {});
     ~CNorvelianAdvancedControl() override;
     CNorvelianAdvancedControl(CNorvelianAdvancedControl const&) = delete;
     CNorvelianAdvancedControl& operator=(CNorvelianAdvancedControl const&) = delete;
@@ -64,6 +64,8 @@ public:
     void OnClickKey(bool controlKey);
     /// False leaves the key to the window.
     bool OnNavigationKey(NavigationKey key);
+    /// Opens the pane's own context menu at a place of the screen; false if it has none. See `Menu`.
+    bool OpenContextMenu(QPoint const& place);
     /// Whether Tab stops here, as far as the group says that the pane is in.
     bool IsTabStopOfGroup();
     QString GetToolTipText(QPoint const& place);
@@ -83,6 +85,8 @@ private:
     AdvancedControlImpl_PC* impl_;
     QPointer<CNorvelianSurface> surface_;
     std::shared_ptr<LightWindow> window_;
+    /// Name of a menu of the window; empty for none.
+    Utilities::String contextMenu_;
     unsigned accessibleId_ = 0;
     bool painting_ = false;
 };

@@ -78,6 +78,8 @@ void CNorvelianDialog::keyPressEvent(QKeyEvent* event) {
     if (!element_) return QDialog::keyPressEvent(event);
     RunGuarded([&] {
         if (element_->GetTopLevel().TakeKey(*event)) return true;
+        bool const isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (isEnter && element_->OnEnter()) return true;
         QDialog::keyPressEvent(event);
         return true;
     });

@@ -51,6 +51,9 @@ public:
     Theme const* GetTheme() const { return theme_ ? &*theme_ : nullptr; }
     /// Null without a theme.
     CNorvelianStyle* GetStyle() const { return theme_ ? style_ : nullptr; }
+    /// Gives what is beside the surface, or over it, the look of its window: bars and menus.
+    void Dress(QWidget& widget) const;
+    static void DressMenu(QWidget& menu);
     /// With a theme, a native control that has the focus has a ring around it.
     void RepaintFocusRing();
 
@@ -103,6 +106,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -141,6 +145,8 @@ private:
     /// Where Tab goes from a window, which may be null for the beginning or end; null past the last stop.
     LightWindow* FindStop(LightWindow const* from, bool next);
     bool FocusStop(LightWindow& stop, Qt::FocusReason reason);
+    /// Of the pane, or of the nearest one around it that has a menu; false if there is none.
+    bool OpenContextMenu(LightWindow const* window, QPoint const& place);
     void ShowToolTip();
     void ShowDragCursor(bool dragable);
     void LeaveDrag();

@@ -7,6 +7,7 @@
 #include "gui/shell/NativeControl_PC.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDragMoveEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -40,6 +41,11 @@ std::optional<NavigationKey> ToNavigationKey(QKeyEvent const& event) {
     default:
         return {};
     }
+}
+
+bool IsMenuKey(QKeyEvent const& event) {
+    return event.key() == Qt::Key_Menu ||
+           (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
 }
 
 Qt::DropAction ToAction(DropEffect effect) {
@@ -308,6 +314,11 @@ void CNorvelianSurface::keyPressEvent(QKeyEvent* event) {
         }
         if (!self) return;
     }
+    if (IsMenuKey(*event)) {
+        Control const control = focus_.lock();
+        PixelBox const box = control ? control->GetWindow().GetVisibleBox() : PixelBox();
+        if (control && OpenContextMenu(&control->GetWindow(), {box.left, box.bottom})) return;
+    }
     // A pane that Tab reaches can be clicked by key, in its middle.
     bool const click =
         event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -315,6 +326,23 @@ void CNorvelianSurface::keyPressEvent(QKeyEvent* event) {
     if (!click || !control || !control->GetWindow().IsTabStop() || event->isAutoRepeat())
         return event->ignore();
     control->OnClickKey(HasControl(*event));
+}
+
+// ------------------------------------------------------------------ context menus
+
+bool CNorvelianSurface::OpenContextMenu(LightWindow const* window, QPoint const& place) {
+    QPointer<CNorvelianSurface> const self(this);
+    for (auto const* around = window; self && around; around = around->GetParent())
+        if (Control const control = ControlOf(around);
+            control && control->OpenContextMenu(mapToGlobal(place)))
+            return true;
+    return false;
+}
+
+void CNorvelianSurface::contextMenuEvent(QContextMenuEvent* event) {
+    // Some platforms tell of the key so, others only send the key.
+    if (event->reason() == QContextMenuEvent::Keyboard) return event->accept();
+    event->setAccepted(OpenContextMenu(tree_.FindAt(event->pos().x(), event->pos().y()), event->pos()));
 }
 
 // ------------------------------------------------------------------ drags

@@ -4,10 +4,14 @@
 #include "gui/elements/LayoutScope.h"
 #include "gui/elements/Topics.h"
 #include "gui/elements/application/Application.h"
+#include "gui/elements/application/QuestionBox.h"
 #include "gui/elements/description/ElementRegistration.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 
+#include <QLineEdit>
 #include <QPalette>
+#include <QPlainTextEdit>
+#include <algorithm>
 
 namespace GUI {
 
@@ -25,6 +29,8 @@ constexpr Attribute ownAttributes[] = {WindowKeys::name,
                                        WindowKeys::closeable,
                                        WindowKeys::titleBar,
                                        WindowKeys::escKeyElementName,
+                                       WindowKeys::enterKeyElementName,
+                                       WindowKeys::confirmDiscard,
                                        WindowKeys::backgroundBitmap,
                                        WindowKeys::backgroundColor,
                                        WindowKeys::theme,
@@ -94,6 +100,8 @@ void Dialog_PC::ReadAttributes() {
     top_.ReadTheme(description_);
     fixedSize_ = !reader.Flag(WindowKeys::dialogResizeable);
     escKeyElementName_ = reader.Text(WindowKeys::escKeyElementName);
+    enterKeyElementName_ = reader.Text(WindowKeys::enterKeyElementName);
+    confirmDiscard_ = reader.Flag(WindowKeys::confirmDiscard);
     top_.SetBackgroundBitmap(reader.Text(WindowKeys::backgroundBitmap));
     if (reader.HasColour(WindowKeys::backgroundColor)) {
         RGBVector const color = reader.Colour(WindowKeys::backgroundColor);
@@ -193,7 +201,7 @@ void Dialog_PC::SetGUIDescriptionTree(DescriptionTree const& description) {
     CreateContents();
     if (!GetDialog()) return;
     LayOutContents();
-    top_.GetSurface()->RepaintNow({0, 0, top_.GetSurface()->width(), top_.GetSurface()->height()});
+    top_.RepaintAll();
 }
 
 void Dialog_PC::SetPosition(unsigned long x, unsigned long y) {
@@ -264,9 +272,36 @@ void Dialog_PC::OnPaintWindowDecorators(PlatformIndependentDeviceContext& contex
 void Dialog_PC::OnEscape() {
     if (escKeyElementName_.Length() == 0 || !GetDataSource()) return;
     CallScope const call(*this);
+    if (!MayDiscard() || !GetDataSource()) return;
     GetDataSource()->GetCallback(escKeyElementName_, Events::click).Execute(escKeyElementName_);
 }
 
-void Dialog_PC::OnCloseRequest() { Fire(Events::close, {}); }
+bool Dialog_PC::OnEnter() {
+    if (enterKeyElementName_.Length() == 0 || !GetDataSource()) return false;
+    CallScope const call(*this);
+    GetDataSource()->GetCallback(enterKeyElementName_, Events::click).Execute(enterKeyElementName_);
+    return true;
+}
+
+bool Dialog_PC::HasChanges() {
+    Anything const answer = GetValue("HasChanges");
+    if (answer.IsValid() || !GetDialog()) return answer.IsValid() && answer.GetBool();
+    auto const lines = GetDialog()->findChildren<QLineEdit*>();
+    auto const texts = GetDialog()->findChildren<QPlainTextEdit*>();
+    return std::any_of(lines.begin(), lines.end(),
+                       [](QLineEdit const* line) { return line->isModified(); }) ||
+           std::any_of(texts.begin(), texts.end(),
+                       [](QPlainTextEdit const* text) { return text->document()->isModified(); });
+}
+
+bool Dialog_PC::MayDiscard() {
+    if (!confirmDiscard_ || !HasChanges()) return IsAttached();
+    return QuestionBox::MayDiscard(*GetWindowID()) && IsAttached();
+}
+
+void Dialog_PC::OnCloseRequest() {
+    CallScope const call(*this);
+    if (MayDiscard()) Fire(Events::close, {});
+}
 
 } // namespace GUI

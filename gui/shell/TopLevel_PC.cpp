@@ -90,13 +90,14 @@ void TopLevel::AddBar(QWidget& bar, Qt::Edge edge) {
 
 void TopLevel::EnterBar(QWidget& bar, Qt::Edge edge) {
     bar.setParent(window_);
+    if (surface_) surface_->Dress(bar);
     bars_.push_back({&bar, edge});
     bar.show();
 }
 
 Menu* TopLevel::FindMenu(GUIElement const& window) {
     for (auto it = window.GetChildrenList().Begin(); it.IsValid(); ++it)
-        if (auto* const menu = dynamic_cast<Menu*>(it.Current().Get())) return menu;
+        if (auto* const menu = dynamic_cast<Menu*>(it.Current().Get()); menu && !menu->IsPopup()) return menu;
     return nullptr;
 }
 
@@ -203,6 +204,10 @@ void TopLevel::LayOut() {
 
 void TopLevel::PaintBackground(PlatformIndependentDeviceContext& context) {
     if (backgroundBitmap_.Length() != 0) context.DrawImage(0, 0, backgroundBitmap_);
+}
+
+void TopLevel::RepaintAll() const {
+    if (surface_) surface_->RepaintNow({0, 0, surface_->width(), surface_->height()});
 }
 
 void TopLevel::PaintDecorators(PlatformIndependentDeviceContext& context) {

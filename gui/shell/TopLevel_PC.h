@@ -32,6 +32,8 @@ public:
     /// Null before, and once the element is released or Qt has deleted the window.
     QWidget* GetWindow() const { return window_; }
     CNorvelianSurface* GetSurface() const { return surface_; }
+    /// Paints it whole before it returns; see `CNorvelianSurface::RepaintNow`.
+    void RepaintAll() const;
     /// Hides the window at once; Qt deletes it when it is done with it.
     void Release();
 

@@ -44,6 +44,10 @@ inline constexpr Attribute dialogResizeable{"Resizeable", AttributeType::Flag, "
 inline constexpr Attribute titleBar{"TitleBar", AttributeType::Flag, "Yes", "A title bar at all"};
 inline constexpr Attribute escKeyElementName{"EscKeyElementName", AttributeType::ElementName, "",
                                              "The element whose click the Esc key triggers"};
+inline constexpr Attribute enterKeyElementName{"EnterKeyElementName", AttributeType::ElementName, "",
+                                               "The element whose click the Enter key triggers"};
+inline constexpr Attribute confirmDiscard{"ConfirmDiscard", AttributeType::Flag, "No",
+                                          "Asks before Esc or closing loses what was entered"};
 inline constexpr Attribute backgroundBitmap{"BackgroundBitmap", AttributeType::ImageName, "",
                                             "Image under the elements, from the top left corner"};
 inline constexpr Attribute backgroundColor{"BackgroundColor", AttributeType::Colour, "", "Background"};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/elements/DecoratedWindow.h"
 #include "gui/elements/GUIElement.h"
 #include "gui/shell/CNorvelianWnd.h"
 #include "gui/shell/TopLevel_PC.h"
@@ -14,7 +15,7 @@ namespace GUI {
 ///
 /// The first child fills the window, and its size range is the window's. The place where the user left
 /// the window is kept in the preferences under its name and wins over "X" and "Y".
-class Window_PC : public GUIElement {
+class Window_PC : public GUIElement, public DecoratedWindow {
 public:
     ~Window_PC() override;
 
@@ -32,6 +33,7 @@ public:
     long OnUpdate(Utilities::Anything const& command) override;
     void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                  GUIElement const& element) const override;
+    void RepaintDecorations() const override { top_.RepaintAll(); }
 
     void OnLanguageChanged() override;
 

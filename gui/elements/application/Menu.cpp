@@ -26,6 +26,15 @@ constexpr char const* separator = "Separator";
 AttributeTable const itemTable("MenuItem", nullptr, itemAttributes, AttributeTable::Kind::Part);
 AttributeTable const separatorTable(separator, nullptr, {}, AttributeTable::Kind::Part);
 
+/// Null if there is none.
+Utilities::SmartPointer<Menu::Items> FindNode(Menu::Items& items, long command) {
+    for (auto it = items.GetChildren(); it.IsValid(); ++it) {
+        if (it.Current()->GetCommand() == command) return it.Current();
+        if (auto const found = FindNode(*it.Current(), command); !found.IsNull()) return found;
+    }
+    return {};
+}
+
 void Translate(Menu::Items& level) {
     for (auto it = level.GetChildren(); it.IsValid(); ++it) {
         Menu::Items& item = *it.Current();
@@ -56,6 +65,7 @@ void Menu::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree
                       DialogDataSource* dataSource) {
     GUIElement::Initialize(parent, description, dataSource);
     SetSizeInformation(0, 0, 0, 0);
+    popup_ = AttributeReader(description).Flag(popup);
     if (description.HasChildren()) {
         auto const items = Utilities::MakeSmart<Items>();
         AddItems(description, *items);
@@ -87,8 +97,22 @@ void Menu::OnLanguageChanged() {
     if (!items_.IsNull()) Translate(*items_);
 }
 
+bool Menu::IsItem(Items const& item) const {
+    Items const* node = &item;
+    while (Items const* const outer = node->GetParent()) node = outer;
+    return node == items_.Get();
+}
+
 MenuItem* Menu::FindItem(long wanted) const {
-    return items_.IsNull() ? nullptr : MenuItem::FindMenuItem(*items_, wanted);
+    if (items_.IsNull()) return nullptr;
+    // The items may have got other commands, or other places, since they were found.
+    auto const known = found_.find(wanted);
+    if (known != found_.end() && known->second->GetCommand() == wanted && IsItem(*known->second))
+        return known->second.Get();
+    Utilities::SmartPointer<Items> const item = FindNode(*items_, wanted);
+    if (item.IsNull()) return nullptr;
+    found_[wanted] = item;
+    return item.Get();
 }
 
 Anything Menu::AskForItem(MenuItem const& item, char const* key) {

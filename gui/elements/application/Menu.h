@@ -5,6 +5,7 @@
 #include "gui/elements/application/MenuItem.h"
 
 #include <optional>
+#include <unordered_map>
 
 namespace GUI {
 
@@ -25,12 +26,21 @@ namespace GUI {
 /// whether it is checked, no check mark without an answer), "Caption" (string, shown as it is, in place of
 /// the translated attribute). A question that fails disables the item. The callback "OnClick" of that name
 /// runs with the name.
+///
+/// Further menus of a window are context menus, and all with "Popup" (No) are. A pane names one by its
+/// attribute "ContextMenu"; a pane that names none takes that of the pane it is in. The right mouse button
+/// opens it where the mouse is, the menu key and Shift+F10 below the pane that has the keyboard focus. Before
+/// that, the menu's data source is told "ContextElement" under the menu's name: the element name of the pane
+/// that named the menu. Hot keys of a context menu are only shown.
 class Menu : public GUIElement {
 public:
     using Items = Utilities::Tree<MenuItem>;
 
-    static constexpr auto attributes =
-        CommonAttributes::UnusedSizes("No effect: a menu takes no room of the client area");
+    static constexpr Attribute popup{"Popup", AttributeType::Flag, "No", "A context menu, never a menu bar"};
+    static constexpr Attribute ownAttributes[] = {popup};
+    static constexpr auto attributes = CommonAttributes::WithUnusedSizes(
+        ownAttributes, "No effect: a menu takes no room of the client area");
+    static constexpr char const* contextElement = "ContextElement";
     /// An item of this text without children is a line.
     static constexpr char const* separatorText = "-";
 
@@ -38,7 +48,10 @@ public:
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                     DialogDataSource* dataSource) override;
     /// Takes the items over and numbers nothing yet.
-    virtual void BuildMenu(Utilities::SmartPointer<Items> const& items) { items_ = items; }
+    virtual void BuildMenu(Utilities::SmartPointer<Items> const& items) {
+        items_ = items;
+        found_.clear();
+    }
     /// False for an unknown command.
     virtual bool IsMenuItemEnabled(long command);
     /// Empty for an unknown command.
@@ -48,6 +61,7 @@ public:
     /// False for an unknown command.
     virtual bool ExecuteCommand(unsigned short command);
     Utilities::SmartPointer<Items> GetItems() const { return items_; }
+    bool IsPopup() const { return popup_; }
 
     /// Translates the described items again.
     void OnLanguageChanged() override;
@@ -57,11 +71,15 @@ protected:
 
 private:
     MenuItem* FindItem(long command) const;
+    bool IsItem(Items const& item) const;
     Utilities::Anything AskForItem(MenuItem const& item, char const* key);
     void AddItems(DescriptionTree const& description, Items& level);
     long OnItem(Utilities::Anything const& name);
 
     Utilities::SmartPointer<Items> items_;
+    /// Where commands were found last.
+    mutable std::unordered_map<long, Utilities::SmartPointer<Items>> found_;
+    bool popup_ = false;
     OwnedCallback<Menu> onItem_{this, &Menu::OnItem};
 };
 

@@ -1,10 +1,13 @@
-// Native controls whose data source drops the window, shows another view or throws at each of its calls in
-// turn, during an update, a change of language and the user's keys. The address sanitizer sees what is used
-// after it is gone.
+// Native controls, menus and tabs whose data source drops the window, shows another view or throws at each of
+// its calls in turn, during an update, a change of language and the user's keys. The address sanitizer sees
+// what is used after it is gone.
 #include "Diagnostics/Sink.h"
 #include "gui/elements/CallScope.h"
+#include "gui/shell/CNorvelianSurface.h"
 #include "tests/gui/controls/ControlFixture.h"
 
+#include <QMenu>
+#include <QMenuBar>
 #include <stdexcept>
 
 namespace {
@@ -40,9 +43,30 @@ class HostileControl : public Windows, public testing::WithParamInterface<char c
 protected:
     ~HostileControl() override { element_ = nullptr; }
     void Open() {
-        auto const tree = Top("Window", "top", {},
-                              {Node({{"GUIElementType", "VBox"}},
-                                    {Node({{"GUIElementType", GetParam()}, {"ElementName", "it"}})})});
+        auto const tree = Top("Window", "top", {}, {});
+        auto const it = Node({{"GUIElementType", GetParam()}, {"ElementName", "it"}});
+        auto const content = Node({{"GUIElementType", "VBox"}});
+        if (std::string(GetParam()) == "Menu") {
+            auto const item = [](char const* name, std::initializer_list<NodePointer> inside = {}) {
+                return Node({{"GUIElementType", "MenuItem"}, {"ElementName", name}, {"Caption", name}},
+                            inside);
+            };
+            it->AddChild(item("File", {item("Open"), item("Save")}));
+            tree->AddChild(it);
+            tree->AddChild(Node({{"GUIElementType", "Menu"}, {"ElementName", "context"}, {"Popup", "Yes"}},
+                                {item("Copy"), item("More", {item("Paste")})}));
+            content->AddChild(Node({{"GUIElementType", "Pane"},
+                                    {"ElementName", "pane"},
+                                    {"Selectable", "Yes"},
+                                    {"ContextMenu", "context"}}));
+        } else {
+            for (char const* const tab : {"A", "B"})
+                if (std::string(GetParam()) == "TabbedPaneSelector")
+                    it->AddChild(
+                        Node({{"GUIElementType", "TabCaption"}, {"ElementName", tab}, {"Caption", tab}}));
+            content->AddChild(it);
+        }
+        tree->AddChild(content);
         element_ = Utilities::ResolveComponent<GUI::GUIElement>("Window");
         element_->Initialize(none_, *tree, &source_);
         QApplication::processEvents();
@@ -67,6 +91,32 @@ protected:
         QApplication::processEvents();
         EXPECT_EQ(GUI::ReleasedElements::GetCount(), 0U);
         return source_.calls > call;
+    }
+
+    /// Chooses the first item of a menu that is open, or of the first one in it.
+    static void Choose(QPointer<QMenu> menu) {
+        if (!menu || menu->actions().isEmpty()) return;
+        if (QMenu* const inside = menu->actions().back()->menu()) {
+            inside->popup({0, 0});
+            QApplication::processEvents();
+        }
+        if (menu && !menu->actions().isEmpty()) menu->actions().front()->trigger();
+        QApplication::processEvents();
+    }
+    /// What the user does with the bar and with a context menu.
+    void UseMenus() {
+        if (auto* const bar = element_.IsNull() ? nullptr : WidgetOf(*element_).findChild<QMenuBar*>()) {
+            QPointer<QMenu> const menu = bar->actions().isEmpty() ? nullptr : bar->actions()[0]->menu();
+            if (menu) menu->popup({0, 0});
+            Choose(menu);
+        }
+        if (QWidget* const popup = QApplication::activePopupWidget()) popup->close();
+        if (element_.IsNull()) return;
+        QTest::keyClick(WidgetOf(*element_).findChild<GUI::CNorvelianSurface*>(), Qt::Key_Tab);
+        if (element_.IsNull()) return;
+        QTest::keyClick(WidgetOf(*element_).findChild<GUI::CNorvelianSurface*>(), Qt::Key_Menu);
+        Choose(qobject_cast<QMenu*>(QApplication::activePopupWidget()));
+        if (QWidget* const popup = QApplication::activePopupWidget()) popup->close();
     }
 
     HostileSource source_;
@@ -95,7 +145,9 @@ TEST_P(HostileControl, MayVanishInAnyCall) {
     std::function<void()> const operations[] = {
         [this] { element_->FindElement("it").OnUpdate({}); }, [this] { element_->OnLanguageChanged(); },
         [this] {
-            for (auto const key : {Qt::Key_Tab, Qt::Key_Space, Qt::Key_Down, Qt::Key_B, Qt::Key_Tab}) {
+            if (std::string(GetParam()) == "Menu") return UseMenus();
+            for (auto const key :
+                 {Qt::Key_Tab, Qt::Key_Space, Qt::Key_Down, Qt::Key_B, Qt::Key_Right, Qt::Key_Tab}) {
                 if (element_.IsNull()) return;
                 QWidget* const window = WidgetOf(*element_).window();
                 QWidget* const focus = window->focusWidget();
@@ -109,5 +161,6 @@ TEST_P(HostileControl, MayVanishInAnyCall) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Components, HostileControl,
-                         testing::Values("Button", "CheckBox", "DropDown", "Edit", "ListBox", "ScrollBar", "Grid"),
+                         testing::Values("Button", "CheckBox", "DropDown", "Edit", "Grid", "ListBox", "Menu",
+                                         "ScrollBar", "TabbedPaneSelector"),
                          [](auto const& row) { return std::string(row.param); });

@@ -1,9 +1,11 @@
 // Menus made from descriptions and from trees, on the offscreen platform.
+#include "gui/shell/CNorvelianSurface.h"
 #include "gui/shell/Menu_PC.h"
 #include "tests/gui/shell/WindowFixture.h"
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QTest>
 
 using namespace Tests;
 
@@ -224,4 +226,70 @@ TEST_F(Menus, ATreeOfAProgramBecomesABarOrAPopup) {
     popup->close();
     QApplication::processEvents();
     EXPECT_EQ(executed, 3);
+}
+
+TEST_F(Menus, AContextMenuOpensByTheMouseAndByKeys) {
+    auto const popup =
+        Node({{"GUIElementType", "Menu"}, {"ElementName", "PatchMenu"}, {"Popup", "Yes"}},
+             {Item({{"Caption", "Copy"}, {"ElementName", "Copy"}}),
+              Item({{"Caption", "More"}}, {Item({{"Caption", "Grid"}, {"ElementName", "Grid"}})})});
+    auto const pane = [](char const* name, Attributes more, std::initializer_list<NodePointer> inside = {}) {
+        auto const node = Node({{"GUIElementType", "Pane"}, {"ElementName", name}}, inside);
+        for (auto const& [key, value] : more) (*node)[key] = value;
+        return node;
+    };
+    class Told : public Handler {
+    public:
+        void SetValue(String const& element, String const& name, Anything const& value) override {
+            if (name == "ContextElement") told += element + "." + value.GetString() + " ";
+        }
+        String told;
+    } told;
+    description_ = Top(
+        "Window", "Main", {},
+        {popup, Node({{"GUIElementType", "HBox"}},
+                     {pane("Outer", {{"ContextMenu", "PatchMenu"}}, {pane("Inner", {{"Selectable", "Yes"}})}),
+                      pane("Other", {{"ContextMenu", "NoSuchMenu"}})})});
+    element_ = Utilities::ResolveComponent<GUI::GUIElement>("Window");
+    element_->Initialize(none_, *description_, &told);
+    QApplication::setActiveWindow(WidgetOf(*element_).window());
+    QApplication::processEvents();
+    EXPECT_EQ(WidgetOf(*element_).findChild<QMenuBar*>(), nullptr) << "a popup is no bar";
+    QWidget& window = *WidgetOf(*element_).window();
+    auto const shown = [] {
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        return menu ? menu->pos() : QPoint(-1, -1);
+    };
+    QPoint const place(20, 30);
+    QTest::mouseClick(window.windowHandle(), Qt::RightButton, {}, place);
+    EXPECT_EQ(shown(), window.mapToGlobal(place)) << "of the pane around";
+    EXPECT_EQ(told.told, "PatchMenu.Outer ");
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    EXPECT_EQ(Texts(*menu), (Names{"Copy", "More"}));
+    told.SetCallback("Copy", "OnClick", Tests::MakeCallback([&](Anything const& name) {
+                         clicked.push_back(name.GetString());
+                         // The window may go.
+                         element_ = nullptr;
+                         return 0L;
+                     }));
+    QTest::keyClick(menu, Qt::Key_Escape);
+    EXPECT_EQ(shown(), QPoint(-1, -1));
+
+    // Neither a pane without a menu nor one whose menu isn't there opens any.
+    QTest::mouseClick(window.windowHandle(), Qt::RightButton, {}, QPoint(280, 30));
+    EXPECT_EQ(shown(), QPoint(-1, -1));
+    dynamic_cast<GUI::Pane&>(element_->FindElement("Inner")).SetFocus();
+    auto* const surface = window.findChild<GUI::CNorvelianSurface*>();
+    for (auto const& [key, modifiers] :
+         {std::pair{Qt::Key_F10, Qt::ShiftModifier}, {Qt::Key_Menu, Qt::NoModifier}}) {
+        QTest::keyClick(surface, key, modifiers);
+        EXPECT_EQ(shown(), window.mapToGlobal(QPoint(0, 200))) << "below the pane that has the focus";
+        if (key == Qt::Key_F10) QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    }
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(clicked, Names{"Copy"});
+    EXPECT_TRUE(element_.IsNull());
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
