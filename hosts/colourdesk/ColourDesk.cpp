@@ -58,6 +58,10 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
             options.theme = value("a theme");
             if (!GUI::Theme::Find(options.theme))
                 throw InvalidArgumentException("there is no theme " + options.theme);
+        } else if (argument == "--view") {
+            options.view = value("a view");
+            if (!SampleWindow::IsView(options.view))
+                throw InvalidArgumentException("there is no view " + options.view);
         } else if (argument == "--gallery") {
             options.gallery = true;
             if (i + 1 < arguments.size() && !arguments[i + 1].starts_with("-"))
@@ -87,6 +91,7 @@ char const* Options::Usage() {
            "  --language LANGUAGE        English, French, German or Japanese; F8 in the window takes the\n"
            "                             next one and keeps it\n"
            "  --theme THEME              Light, Dark, Line or Report\n"
+           "  --view VIEW                what is shown first: Charts or Table\n"
            "  --gallery [DIRECTORY]      shows the components of the library in their states, or writes one\n"
            "                             picture of each into DIRECTORY\n"
            "  --exit-after-first-paint   ends when the window has been painted\n"
@@ -174,6 +179,7 @@ void Application::Show(std::string const& file) {
     SetMainWindow(window_.Get());
     window_->OnUpdate({});
     handler_->Start();
+    if (!options_.view.empty()) handler_->ShowNamedView(options_.view);
 }
 
 long Application::OpenFile(String const& fileName) {

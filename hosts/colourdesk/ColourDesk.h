@@ -22,6 +22,8 @@ struct Options {
     std::string language;
     /// Empty for that of the settings.
     std::string theme;
+    /// The view that is shown first; empty for the charts.
+    std::string view;
     bool exitAfterFirstPaint = false;
     /// The components of the library in place of samples.
     bool gallery = false;

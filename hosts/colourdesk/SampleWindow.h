@@ -60,6 +60,9 @@ public:
     static constexpr char const* themeItem = "Theme";
     static constexpr char const* surroundItem = "Surround";
 
+    /// "Charts" or "Table".
+    static bool IsView(std::string const& name);
+    void ShowNamedView(std::string const& name);
     /// What the window takes at its next update.
     void SetTheme(Utilities::String const& theme) { theme_ = theme; }
     void SetSurround(Utilities::String const& surround) { surround_ = surround; }

@@ -15,6 +15,12 @@ void SampleWindow::ShowView(String const& view) {
     UpdateGrid();
 }
 
+bool SampleWindow::IsView(std::string const& name) { return name == "Charts" || name == "Table"; }
+
+void SampleWindow::ShowNamedView(std::string const& name) {
+    ShowView(name == "Table" ? gridView : chartsView);
+}
+
 void SampleWindow::UpdateGrid() {
     if (!(view_ == gridView)) return;
     grid_.SetStandard(selected_);
