@@ -393,6 +393,28 @@ void OurClipboard(benchmark::State& state, bool pastes) {
     }
 }
 
+void OurPrint(benchmark::State& state) {
+    Table const table("NumberOfRows='1000'");
+    for (long row = 1; row <= fillRows; ++row)
+        for (long column = 1; column <= columns; ++column)
+            table.element->SetCell(static_cast<unsigned short>(row), static_cast<unsigned short>(column), [&] {
+                GUI::AttributeMap cell;
+                cell["Value"] = String(TextOf(NumberOf(row, column)));
+                return cell;
+            }());
+    std::string const file = "/tmp/bench-grid-" + std::to_string(getpid()) + ".pdf";
+    Anything::MapOfAnythings command;
+    command["Command"] = "Print";
+    command["File"] = String(file);
+    for (auto _ : state) {
+        auto const start = Clock::now();
+        long const done = table.element->OnUpdate(command);
+        state.SetIterationTime(Since(start));
+        if (done != 1) state.SkipWithError("not printed");
+    }
+    std::remove(file.c_str());
+}
+
 constexpr auto us = benchmark::kMicrosecond;
 
 BENCHMARK(OurFirstPaint)->Name("grid.first-paint-1m/ours")->UseManualTime()->Unit(us);
@@ -422,6 +444,8 @@ BENCHMARK_CAPTURE(PeerEdits, undone, true)
     ->Unit(us);
 BENCHMARK_CAPTURE(OurClipboard, copied, false)->Name("grid.copy-100000/ours")->UseManualTime()->Unit(us);
 BENCHMARK_CAPTURE(OurClipboard, pasted, true)->Name("grid.paste-100000/ours")->UseManualTime()->Unit(us);
+
+BENCHMARK(OurPrint)->Name("grid.print-1000/ours")->UseManualTime()->Unit(us);
 
 } // namespace
 

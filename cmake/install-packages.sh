@@ -9,7 +9,7 @@ build="cmake ninja-build ccache g++ pkg-config qt6-base-dev libpugixml-dev liblc
 test="libgtest-dev libgmock-dev xvfb xauth x11-utils openbox xdotool imagemagick
       dbus at-spi2-core gir1.2-atspi-2.0 python3-gi"
 check="clang-format-14 clang-tidy-14 clang-14 libclang-rt-14-dev"
-bench="libbenchmark-dev python3"
+bench="libbenchmark-dev libqcustomplot-dev python3"
 reference="doxygen"
 
 packages=""

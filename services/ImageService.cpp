@@ -94,6 +94,16 @@ SmartPointer<Bitmap> ImageService::GetBitmap(String const& name) {
     return {};
 }
 
+bool ImageService::HasBitmap(String const& name) {
+    if (auto const cached = cache_.Find(name); cached.IsValid()) return true;
+    try {
+        return Find(name).has_value();
+    } catch (...) {
+        Diagnostics::DropException("ImageService::HasBitmap");
+        return false;
+    }
+}
+
 std::optional<ImageService::Found> ImageService::Find(String const& name) {
     if (auto const file = ImagesDirectory().Find(name)) return Found{*file, 0};
     auto const languages = Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService");

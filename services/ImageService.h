@@ -25,6 +25,7 @@ public:
     ImageService();
 
     Utilities::SmartPointer<Bitmap> GetBitmap(Utilities::String const& name) override;
+    bool HasBitmap(Utilities::String const& name) override;
     void SetBitmap(Utilities::String const& name, Utilities::SmartPointer<Bitmap> bitmap) override;
     void Clear() override;
     void OnLanguageChanged() override;

@@ -59,6 +59,8 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/XYColorChart.cpp
   gui/charts/XYGraph.cpp
   gui/charts/LabGraphSetting.cpp
+  gui/controls/Notice.cpp
+  gui/controls/Verdict.cpp
 )
 
 # Units without a creator, and last the exports.
@@ -68,6 +70,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/Graph.cpp
   gui/charts/LabColorSpaces.cpp
   gui/charts/ScaleNumbers.cpp
+  gui/charts/ToleranceContour.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
   gui/colour/GamutPlane.cpp
@@ -98,7 +101,9 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/grid/CNorvelianAccessibleGrid.cpp
   gui/grid/CNorvelianGridCtrl.cpp
   gui/grid/Grid.cpp
+  gui/grid/GridByRange_PC.cpp
   gui/grid/GridCellMap.cpp
+  gui/grid/GridCommands_PC.cpp
   gui/grid/GridPages.cpp
   gui/grid/controls/CGXControl.cpp
   gui/grid/controls/GridDrawing.cpp
@@ -112,6 +117,8 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/grid/model/GridNumber.cpp
   gui/grid/model/GridOrder.cpp
   gui/grid/model/GridRows.cpp
+  gui/grid/printing/GridPrintLayout.cpp
+  gui/grid/printing/GridPrinting_PC.cpp
   gui/grid/view/CGXGridWnd.cpp
   gui/grid/view/CGXGridWndCommands.cpp
   gui/grid/view/CGXGridWndInput.cpp

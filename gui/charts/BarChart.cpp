@@ -49,8 +49,8 @@ constexpr long toLongTickSide = 10;
 constexpr long toNumbersTop = 24;
 constexpr long toNumbersSide = 11;
 
-RGBVector const black;
-RGBVector const limitColor(255, 0, 0);
+RGBVector const black{ThemeRole::Axis, RGBVector()};
+RGBVector const limitColor{ThemeRole::Fail, RGBVector(255, 0, 0)};
 
 short Short(long value) { return ScaleMap::ToShort(static_cast<double>(value)); }
 

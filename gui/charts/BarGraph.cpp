@@ -28,11 +28,11 @@ ElementRegistration<BarGraph, Graph> const registration({"BarGraph", "$Revision:
                                                         attributeList);
 
 RGBVector const shadowColor(128, 128, 128);
-RGBVector const bandColor(192, 192, 192);
-RGBVector const cellColor(224, 224, 224);
-RGBVector const hatchColor(64, 64, 64);
-RGBVector const limitColor(255, 0, 0);
-RGBVector const black;
+RGBVector const bandColor{ThemeRole::Band, RGBVector(192, 192, 192)};
+RGBVector const cellColor{ThemeRole::Grid, RGBVector(224, 224, 224)};
+RGBVector const hatchColor{ThemeRole::Ink2, RGBVector(64, 64, 64)};
+RGBVector const limitColor{ThemeRole::Fail, RGBVector(255, 0, 0)};
+RGBVector const black{ThemeRole::Axis, RGBVector()};
 
 /// The bars' pseudo-depth in pixels.
 constexpr int depthX = 2;

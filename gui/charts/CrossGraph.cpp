@@ -40,6 +40,7 @@ long CrossGraph::OnUpdate(Anything const& command) {
     if (message == "Properties") {
         Anything const type = GetValue(GraphAttributes::colorBarType.key);
         if (type.IsValid()) colorBarType_ = type.GetString();
+        tolerance_ = ToleranceContour(GetValue("Tolerance"));
     } else {
         ReadPoints(UpdateMessage::Range::Parse(message).value_or(UpdateMessage::Range{}));
     }
@@ -78,9 +79,15 @@ void CrossGraph::OnPaint(PlatformIndependentDeviceContext& context) {
     }
     context.SetPen(GetLineColor(), 1, PlatformIndependentDeviceContext::solid);
     DrawBars(context);
-    context.SetPen(GetLineColor(), 3, PlatformIndependentDeviceContext::solid);
     if (smooth_) context.SetSmooth(true);
     ScaleMap const map = GetScaleMap();
+    tolerance_.Draw(context, [&map](ToleranceContour::Point const& point) {
+        short x = 0;
+        short y = 0;
+        map.ToPixel(point.first, point.second, x, y);
+        return std::pair(x, y);
+    });
+    context.SetPen(GetLineColor(), 3, PlatformIndependentDeviceContext::solid);
     for (Point const& point : points_) {
         short x = 0;
         short y = 0;

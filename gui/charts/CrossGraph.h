@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/charts/Graph.h"
+#include "gui/charts/ToleranceContour.h"
 #include "gui/charts/UpdateMessage.h"
 
 #include <vector>
@@ -13,7 +14,8 @@ namespace GUI {
 /// right, upper and lower edge, "L" a white and a black one above and below, "NoGraph" crosses the plot out),
 /// "Smooth" (No; crosses with antialiasing).
 ///
-/// Values asked of the data source under the element's name: at the command "Properties" "ColorBarType"; at
+/// Values asked of the data source under the element's name: at the command "Properties" "ColorBarType" and
+/// "Tolerance" (a record of `ToleranceContour`, drawn beneath the crosses of a plane of a* and b*); at
 /// any other update a point's number as text (vector of its X and Y, as numbers or numeric text), for a tool
 /// tip "ToolTipText " and the point's number, counted from 1.
 ///
@@ -42,6 +44,7 @@ private:
     Utilities::String colorBarType_ = "No";
     bool smooth_ = false;
     std::vector<Point> points_;
+    ToleranceContour tolerance_;
 };
 
 } // namespace GUI

@@ -5,7 +5,7 @@
 /// Keys that a graph reads and that charts hand on to it.
 namespace GUI::GraphAttributes {
 
-inline constexpr Attribute lineColor{"LineColor", AttributeType::Colour, "0,0,0",
+inline constexpr Attribute lineColor{"LineColor", AttributeType::Colour, "0,0,0 axis",
                                      "Colour of axes, grid and ticks"};
 inline constexpr Attribute xScaleDrawLines{"XScaleDrawLines", AttributeType::Number, "0",
                                            "Distance between vertical grid lines; 0 for none"};

@@ -154,6 +154,8 @@ Anything LabChart::GetPlaneValue(String const& name) {
     String const first = name.GetToken(0, ' ');
     if (first == "ToolTipText") return Chart::GetValue(GetElementName(), name + " ab");
     if (first == "ColorBarType") return GetSettings()["XYGraphType"];
+    if (name == "Tolerance")
+        return colorSpace_ == "CIELab" ? Chart::GetValue(GetElementName(), name) : Anything();
     return GetPair(name, true);
 }
 
@@ -246,7 +248,7 @@ void LabChart::ReadRows(String const& message) {
 }
 
 void LabChart::OnPaint(PlatformIndependentDeviceContext& context) {
-    static RGBVector const black;
+    static RGBVector const black{ThemeRole::Axis, RGBVector()};
     Chart::OnPaint(context);
     context.SetBrush(black);
     context.SetPen(black, 2, PlatformIndependentDeviceContext::solid);

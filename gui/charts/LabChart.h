@@ -18,7 +18,8 @@ class CrossGraph;
 /// space's), "Smooth" (No; crosses with antialiasing).
 ///
 /// Values asked of the data source under the element's name: at the command "Properties" "ColorScale" (the
-/// colour space; an unknown one throws `OutOfRangeException`, and the one before stays), and at a data update
+/// colour space; an unknown one throws `OutOfRangeException`, and the one before stays) and
+/// "Tolerance" (a record of `ToleranceContour`, drawn in the plane of CIELab), and at a data update
 /// a row's number as text (vector: a name, then the three values as numbers or numeric text). For tool tips
 /// the graphs' keys with " ab" or " L" behind them.
 ///

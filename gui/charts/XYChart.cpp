@@ -18,7 +18,7 @@ namespace {
 
 namespace Keys = GraphAttributes;
 
-constexpr Attribute graphColor{"GraphColor", AttributeType::Colour, "255,255,255", "Background of the graph"};
+constexpr Attribute graphColor{"GraphColor", AttributeType::Colour, "255,255,255 panel", "Background of the graph"};
 constexpr Attribute attributeList[] = {Keys::lineColor,       Keys::xScaleDrawLines,  Keys::xScaleGraduation,
                                        Keys::yScaleDrawLines, Keys::yScaleGraduation, graphColor,
                                        Keys::numbersAtLines,  PatchAttributes::smooth};
@@ -80,7 +80,7 @@ long XYChart::OnUpdate(Anything const& command) {
 
 void XYChart::OnPaint(PlatformIndependentDeviceContext& context) {
     Chart::OnPaint(context);
-    static RGBVector const black;
+    static RGBVector const black{ThemeRole::Axis, RGBVector()};
     context.SetBrush(black);
     context.SetPen(black, 2, PlatformIndependentDeviceContext::solid);
     context.SetFont(8, 0, 0, "Arial", 0);

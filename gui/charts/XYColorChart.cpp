@@ -26,7 +26,7 @@ constexpr Attribute isotropicKey{"Isotropic", AttributeType::Flag, "No",
                                  "One unit is as long on both axes; the longer side of the pane shows more"};
 constexpr Attribute zeroAxesKey{"ZeroAxes", AttributeType::Flag, "No",
                                 "Axes through zero with ticks and numbers"};
-constexpr Attribute lineColorKey{"LineColor", AttributeType::Colour, "92,92,92",
+constexpr Attribute lineColorKey{"LineColor", AttributeType::Colour, "92,92,92 axis",
                                  "Colour of the axes and their numbers"};
 constexpr Attribute gridColorKey{"GridColor", AttributeType::Colour, "",
                                  "Colour of lines at the numbers of the axes; none if absent"};
@@ -40,6 +40,7 @@ ElementRegistration<XYColorChart, Pane> const registration({"XYColorChart", "$Re
 /// The source of commands to select a spot, whatever the chart's own name is.
 constexpr char const* selectionElement = "ColorChart";
 constexpr char const* selectionEvent = "SelectSample";
+constexpr long tolerancePen = 2;
 
 } // namespace
 
@@ -84,6 +85,7 @@ long XYColorChart::OnUpdate(Anything const& /*command*/) {
     take("XValueEnd", xValueEnd_);
     take("YValueBegin", yValueBegin_);
     take("YValueEnd", yValueEnd_);
+    tolerance_ = ToleranceContour(GetValue("Tolerance"));
     Repaint();
     return 0;
 }
@@ -175,6 +177,13 @@ void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
                      lineColor_, gridColor_);
     FindVisible(places, selected);
     if (smooth_) context.SetSmooth(true);
+    if (!tolerance_.IsEmpty()) {
+        context.SetPen(lineColor_, tolerancePen, PlatformIndependentDeviceContext::solid);
+        tolerance_.Draw(context, [&places](ToleranceContour::Point const& point) {
+            Pixel const place = places.Of({{}, point.first, point.second});
+            return std::pair(place.x, place.y);
+        });
+    }
     bool isPlainPen = false;
     // NOLINTNEXTLINE(modernize-loop-convert): reversed views of both compilers don't agree yet
     for (auto it = visible_.rbegin(); it != visible_.rend(); ++it) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/charts/ToleranceContour.h"
 #include "gui/elements/Pane.h"
 
 #include <cstdint>
@@ -20,7 +21,8 @@ namespace GUI {
 ///
 /// Values asked of the data source under the element's name: "BackgroundBitmapExtension" (appended to the
 /// stem), "NrOfPatches", "XValueBegin", "XValueEnd", "YValueBegin", "YValueEnd" (the ranges, as short), at
-/// each paint "SelectedSample", and for a tool tip "ToolTipText " with the number, counted from 0, of the
+/// "Tolerance" (a record of `ToleranceContour`, drawn beneath the spots of a chart whose axes are a* and b*),
+/// at each paint "SelectedSample", and for a tool tip "ToolTipText " with the number, counted from 0, of the
 /// topmost spot under the point. Under the element name "Patch" with a spot's number: "Data", a map of
 /// "Color", "XValue" and "YValue".
 ///
@@ -79,6 +81,7 @@ private:
     double yValueBegin_ = -100;
     double yValueEnd_ = 100;
     std::vector<Spot> spots_;
+    ToleranceContour tolerance_;
     std::uint16_t spotSize_ = 4;
     bool isIsotropic_ = false;
     bool hasZeroAxes_ = false;

@@ -21,7 +21,7 @@ public:
         unknown_ = service_->GetBitmap("UnknownBitmap");
     }
     SmartPointer<Bitmap> Get(String const& name) const {
-        if (service_.IsNull()) return {};
+        if (service_.IsNull() || !service_->HasBitmap(name)) return {};
         auto const picture = service_->GetBitmap(name);
         return picture.Get() == unknown_.Get() ? SmartPointer<Bitmap>() : picture;
     }

@@ -207,7 +207,7 @@ void Pane::OnSelectionChanged(String const& elementName, bool selected) {
 }
 
 void Pane::OnPaint(PlatformIndependentDeviceContext& context) {
-    static RGBVector const frameColor(128, 128, 128);
+    static RGBVector const frameColor{ThemeRole::Line, RGBVector(128, 128, 128)};
     unsigned long width = 0;
     unsigned long height = 0;
     GetSize(width, height);

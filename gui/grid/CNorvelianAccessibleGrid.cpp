@@ -235,7 +235,9 @@ QAccessibleInterface* CNorvelianAccessibleGrid::childAt(int x, int y) const {
 
 int CNorvelianAccessibleGrid::indexOfChild(QAccessibleInterface const* child) const {
     auto const* const cell = dynamic_cast<CNorvelianAccessibleCell const*>(child);
-    return cell ? cell->rowIndex() * columnCount() + cell->columnIndex() : -1;
+    if (!cell) return -1;
+    long const index = static_cast<long>(cell->rowIndex()) * columnCount() + cell->columnIndex();
+    return index <= std::numeric_limits<int>::max() ? static_cast<int>(index) : -1;
 }
 
 QAccessibleInterface* CNorvelianAccessibleGrid::focusChild() const {

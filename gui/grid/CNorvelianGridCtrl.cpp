@@ -4,6 +4,7 @@
 #include "gui/platform/Fonts_PC.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/platform/TextConversion_PC.h"
+#include "gui/shell/CNorvelianSurface.h"
 #include "gui/shell/EventGuard_PC.h"
 
 #include <QApplication>
@@ -157,6 +158,8 @@ void CNorvelianGridCtrl::PaintViewport(QPaintEvent const& event) {
         dynamic_cast<QImage*>(static_cast<PaintedWidget*>(viewport())->GetRedirected(backing.offset));
     RunGuarded([&] {
         PlatformIndependentDeviceContext_PC context(*viewport(), {QPoint(), event.region()}, backing);
+        if (auto const* const surface = dynamic_cast<CNorvelianSurface const*>(parentWidget()))
+            context.SetTheme(surface->GetTheme());
         QRect const box = event.rect();
         Paint(context, {box.left(), box.top(), box.left() + box.width(), box.top() + box.height()});
         return true;

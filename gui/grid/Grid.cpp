@@ -81,6 +81,11 @@ void Grid::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree
 
 long Grid::OnUpdate(Anything const& command) {
     CallScope const call(*this);
+    if (command.IsOfTypeMap()) {
+        AttributeMap const arguments = command.GetMapOfAnythings();
+        Anything const* const name = arguments.FindValue("Command");
+        return name && name->IsOfTypeString() && RunCommand(name->GetString(), arguments) ? 1 : 0;
+    }
     String text = command.IsOfTypeString() ? command.GetString() : String();
     bool const repaints = text.FindSubstring(noRepaint, 0) < 0;
     text.Replace(noRepaint, "");

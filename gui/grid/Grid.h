@@ -19,6 +19,11 @@ namespace GUI {
 /// table; "Sizes" reads the counts and shares the room out again; `a;b-c;d` reads the cells in the columns a
 /// to c of the rows b to d; `r;c` the one cell in row r and column c; any other text all cells.
 ///
+/// An update with a map is a command by its key "Command": "Undo", "Redo", "Copy", "Cut", "Paste"; "Find"
+/// (with "Text", and "Backward" "Yes"); "Sort" (with "Order" as told under "SortOrder"); "Select" (with "Row"
+/// and "Column"); "Print" (with "File", the name of a PDF, and "FitWidth", "Landscape", "Title"). The result
+/// is 1 if it was done.
+///
 /// Of the data source: at "Properties" "ReadOnly" (bool), "NumberOfColumns", "NumberOfFixedColumns",
 /// "NumberOfRows", "NumberOfFixedRows", "ColumnWidth", "RowHeight" (long), "ColumnStyles" (vector with a map
 /// for each column: what `ReadGridCell` reads holds for the column's cells, and "Width" is its width),
@@ -29,7 +34,8 @@ namespace GUI {
 /// With "Virtual" any number of rows is shown, and only those on the screen are asked for: "RowCount" (long)
 /// is their number, and "Rows a-b", which counts from 0, is answered with a vector of rows, each a vector of
 /// cells. An invalid answer means that they come later, told by an update; a shorter one that there are fewer
-/// rows now. Sorting such a table is left to the data source.
+/// rows now. Sorting such a table and finding in it are left to
+/// the data source.
 ///
 /// When a cell was edited the data source is told "Value", a vector of its text, row and column, and then
 /// "OnTextChanged" runs with the same; of several cells, changed by pasting or undoing, it is told "Values",
@@ -147,6 +153,10 @@ protected:
         CGXStyle GetStyle() const;
     };
 
+    /// What an update with a map asks for; whether it was done.
+    virtual bool RunCommand(Utilities::String const& /*name*/, AttributeMap const& /*arguments*/) {
+        return false;
+    }
     /// An update of a virtual table: forgets these rows, which are the whole table for an empty range, and
     /// asks for those that are seen.
     virtual void UpdateRows(GridRange const& /*rows*/) {}

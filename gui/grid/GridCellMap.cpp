@@ -31,8 +31,8 @@ bool IsYes(Anything const& value) { return value.GetBool(); }
 String ToText(Anything const& value) { return value.GetString(); }
 RGBVector ToColor(Anything const& value) { return RGBVector(value); }
 
-constexpr std::array<std::string_view, 7> controlNames{"Static", "Edit", "Check", "Choice",
-                                                       "Patch",  "Bar",  "Button"};
+constexpr std::array<std::string_view, 8> controlNames{"Static", "Edit", "Check",  "Choice",
+                                                       "Patch",  "Bar",  "Button", "Curve"};
 constexpr std::array<std::string_view, 3> alignmentNames{"Left", "Centre", "Right"};
 
 template <class T, class Names>
@@ -91,6 +91,8 @@ CGXStyle ReadGridCell(AttributeMap const& cell) {
     CGXStyle style;
     if (Anything const* const value = cell.FindValue("Value"); value && value->IsValid())
         style.value = ToGridText(*value);
+    // Most cells have nothing but a text.
+    if (cell.GetSize() == (style.value ? 1U : 0U)) return style;
     Take(style.interior, cell, "Background", ToColor);
     Take(style.textColor, cell, "FontColor", ToColor);
     if (style.interior && !style.textColor) style.textColor = GetContrast(*style.interior);

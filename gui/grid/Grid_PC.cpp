@@ -1,8 +1,10 @@
 #include "gui/grid/Grid_PC.h"
 
+#include "Utilities/LanguageServiceInterface.h"
 #include "gui/elements/description/ElementRegistration.h"
+#include "gui/grid/model/GridNumber.h"
 
-#include <QLocale>
+#include <QThread>
 #include <algorithm>
 #include <initializer_list>
 #include <utility>
@@ -23,10 +25,10 @@ Anything VectorOf(std::initializer_list<Anything> values) {
     return vector;
 }
 
-/// The decimal sign of the user's language, if it is one byte.
+/// The decimal sign of the user's language, which is what its "0.0" has between the zeros.
 char GetDecimalSign() {
-    QString const sign = QLocale().decimalPoint();
-    return sign == QStringLiteral(",") ? ',' : '.';
+    std::string const sample = Utilities::LanguageServiceInterface::GetTranslation("0.0").GetStdString();
+    return sample.size() == 3 && sample[1] == ',' ? ',' : '.';
 }
 
 } // namespace
@@ -62,6 +64,8 @@ void Grid_PC::OnDetach() {
 }
 
 long Grid_PC::OnUpdate(Anything const& command) {
+    // A question in the middle may let the table go; its window stays until the end.
+    EventScope const event(QThread::currentThread()->loopLevel());
     CallScope const call(*this);
     UpdateControl();
     return IsAttached() ? Grid::OnUpdate(command) : 0;
@@ -77,6 +81,8 @@ void Grid_PC::OnLanguageChanged() {
 
 void Grid_PC::SetSize(unsigned long width, unsigned long height) {
     if (IfSizeEqual(width, height)) return;
+    EventScope const event(QThread::currentThread()->loopLevel());
+    CallScope const call(*this);
     NativeElement::SetSize(width, height);
     ResizeCells();
 }
@@ -172,8 +178,9 @@ void Grid_PC::ResizeCells() {
     long column = 0;
     for (AttributeMap const& style : columnStyles_) {
         ++column;
-        if (Anything const* const own = style.FindValue("Width"); own && own->IsValid())
-            grid->SetColWidth(column, column, own->GetLong());
+        Anything const* const own = style.FindValue("Width");
+        if (auto const given = own ? ReadGridNumber(ToGridText(*own)) : std::nullopt)
+            grid->SetColWidth(column, column, static_cast<long>(std::clamp(*given, 0.0, 32767.0)));
     }
     grid->LockUpdate(former);
 }
@@ -181,14 +188,14 @@ void Grid_PC::ResizeCells() {
 void Grid_PC::ApplyProperties() {
     auto* const grid = GetControl();
     if (!grid) return;
+    if (virtual_) ReadRowCount();
+    if (!IsAttached()) return;
     bool const former = grid->LockUpdate(true);
     Clear();
     SetNumberOfFixedRows(numberOfFixedRows_);
     SetNumberOfFixedColumns(numberOfFixedColumns_);
     if (!virtual_) SetNumberOfRows(numberOfRows_);
     SetNumberOfColumns(numberOfColumns_);
-    if (virtual_) ReadRowCount();
-    if (!IsAttached()) return;
     ApplyStyles();
     ApplyHeaders();
     for (GridRange const& range : mergedCells_) grid->MergeCells(range);
@@ -275,79 +282,5 @@ void Grid_PC::OnSorted() {
 }
 
 void Grid_PC::OnPasteRefused(long rows, long columns) { Fire("OnPasteRefused", VectorOf({rows, columns})); }
-
-// ------------------------------------------------------------------ rows by range
-
-void Grid_PC::ReadRowCount() {
-    Anything const count = GetValue("RowCount");
-    if (!IsAttached() || !count.IsValid()) return;
-    constexpr long most = 1000000000;
-    long const rows = std::clamp(count.GetLong(), 0L, most);
-    if (rows != GetControl()->GetRowCount()) GetControl()->SetRowCount(rows);
-}
-
-void Grid_PC::UpdateRows(GridRange const& rows) {
-    auto* const grid = GetControl();
-    if (!grid) return;
-    ReadRowCount();
-    if (!IsAttached()) return;
-    if (rows.IsEmpty())
-        grid->DropRows(1, grid->GetRowCount());
-    else
-        grid->DropRows(rows.top, std::min(rows.bottom, grid->GetRowCount()));
-    if (FetchRows(grid->GetViewport().rows.GetFirst(), grid->GetViewport().rows.GetLast())) grid->Redraw();
-}
-
-void Grid_PC::OnRowsShown(long first, long last) {
-    // What is filled in is painted by itself.
-    if (virtual_) FetchRows(first, last);
-}
-
-bool Grid_PC::FetchRows(long first, long last) {
-    // A question may bring about another; the outer one goes on with what is still missing.
-    if (std::exchange(fetching_, true)) return false;
-    CallScope const call(*this);
-    struct Scope {
-        bool& flag;
-        ~Scope() { flag = false; }
-    } const scope{fetching_};
-    for (auto [from, to] :
-         pages_.GetMissing(GetControl()->GetCore().GetRows(), first, last, GetControl()->GetRowCount())) {
-        Anything const answer = GetValue("Rows " + String(from - 1) + "-" + String(to - 1));
-        if (!IsAttached()) return false;
-        if (!answer.IsValid()) continue;
-        auto const& rows = answer.GetVectorOfAnythings();
-        // Meanwhile the table may have become another.
-        to = std::min(to, GetControl()->GetRowCount());
-        if (to < from) continue;
-        TakeRows(from, rows);
-        if (static_cast<long>(rows.GetSize()) >= to - from + 1) continue;
-        long const found = from + static_cast<long>(rows.GetSize()) - 1;
-        ReadRowCount();
-        if (!IsAttached()) return false;
-        if (GetControl()->GetRowCount() > found && GetControl()->GetRowCount() >= to)
-            GetControl()->SetRowCount(found);
-    }
-    for (auto const block : pages_.TakeSurplus())
-        GetControl()->DropRows(GridRows::FirstOf(block), GridRows::FirstOf(block));
-    return true;
-}
-
-void Grid_PC::TakeRows(long first, Anything::VectorOfAnythings const& rows) {
-    CNorvelianGridCtrl& grid = *GetControl();
-    bool const former = grid.LockUpdate(true);
-    long row = first;
-    for (Anything const& cells : rows) {
-        if (row > grid.GetRowCount()) break;
-        long column = 0;
-        for (Anything const& cell : cells.GetVectorOfAnythings())
-            if (++column <= grid.GetColCount())
-                grid.SetCell(static_cast<GridOrder::Line>(row), static_cast<GridOrder::Line>(column),
-                             ReadGridCell(cell));
-        ++row;
-    }
-    if (row > first) pages_.Note(first, row - 1);
-    grid.LockUpdate(former);
-}
 
 } // namespace GUI

@@ -44,6 +44,7 @@ public:
 protected:
     void OnDetach() override;
     void UpdateRows(GridRange const& rows) override;
+    bool RunCommand(Utilities::String const& name, AttributeMap const& arguments) override;
 
 private:
     void OnEndEditing(GridPlace const& place) override;
@@ -55,11 +56,13 @@ private:
     void OnPasteRefused(long rows, long columns) override;
     void OnRowsShown(long first, long last) override;
 
+    bool Print(AttributeMap const& arguments);
     void ApplyStyles();
     void ApplyHeaders();
     void ReadRowCount();
+    void FetchRows(long first, long last);
     /// False if the element was released.
-    bool FetchRows(long first, long last);
+    bool FetchMissing(long first, long last);
     void TakeRows(long first, Utilities::Anything::VectorOfAnythings const& rows);
     /// The row's number for the data source, counted from 1.
     long LineOf(long row) const;
@@ -69,6 +72,7 @@ private:
     GridPages pages_;
     GridPlace toldPlace_{-1, -1};
     bool fetching_ = false;
+    bool fetchesAgain_ = false;
 };
 
 } // namespace GUI

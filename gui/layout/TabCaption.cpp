@@ -25,6 +25,7 @@ constexpr Attribute fontSize{"FontSize", AttributeType::Number, "8", "Height in 
                              false,      {-32768, 32767}};
 constexpr Attribute useBitmaps{"UseBitmaps", AttributeType::Flag, "Yes",
                                "Border pictures; anything but \"Yes\" draws lines"};
+constexpr Attribute flat{"Flat", AttributeType::Flag, "No", "Without borders, in the colours of the theme"};
 constexpr Attribute toolTip{"ToolTipText", AttributeType::Text, "", "Tool tip; a key too"};
 constexpr char const* ofStrip = "Of the tab; read by the strip";
 constexpr Attribute attributeList[] = {captionAttribute,
@@ -32,6 +33,7 @@ constexpr Attribute attributeList[] = {captionAttribute,
                                        fontName,
                                        fontSize,
                                        useBitmaps,
+                                       flat,
                                        TabColor::baseColor,
                                        toolTip,
                                        {"ID", AttributeType::Text, "0", ofStrip},
@@ -60,6 +62,9 @@ constexpr short brokenWidth = 32;
 constexpr long textMargin = 19;
 constexpr long endTextMargin = 29;
 constexpr long brokenTextMargin = 45;
+constexpr long flatTextMargin = 32;
+/// The line over the selected one.
+constexpr short flatMark = 3;
 
 RGBVector const black(0, 0, 0);
 RGBVector const white(255, 255, 255);
@@ -107,7 +112,7 @@ void TabCaption::Initialize(PlatformIndependentWindowID const& parent, Descripti
     }
     caption_ = LanguageServiceInterface::GetTranslation(captionKey_);
     // The border pictures leave corners free.
-    SetLeavesPixels(useBitmaps_);
+    SetLeavesPixels(useBitmaps_ && !flat_);
     RegisterOnUpdate();
     AskCaption();
 }
@@ -120,6 +125,7 @@ void TabCaption::ReadAttributes(DescriptionTree const& description) {
     fontName_ = reader.Text(fontName);
     fontSize_ = reader.Text(fontSize).GetShort();
     useBitmaps_ = reader.Flag(useBitmaps);
+    flat_ = reader.Flag(flat);
     baseColor_ = TabColor::Read(description, baseColor_);
 }
 
@@ -182,9 +188,11 @@ void TabCaption::OnGetDeviceContext(PlatformIndependentDeviceContext& context) {
     bool const broken = ask(brokenKey, false);
     bool const last = ask(lastKey, true);
     if (!IsAttached()) return;
-    auto const width = static_cast<unsigned long>(textWidth + (broken ? brokenTextMargin
-                                                               : last ? endTextMargin
-                                                                      : textMargin));
+    long const margin = flat_    ? flatTextMargin
+                        : broken ? brokenTextMargin
+                        : last   ? endTextMargin
+                                 : textMargin;
+    auto const width = static_cast<unsigned long>(textWidth + margin);
     unsigned long ignored = 0;
     unsigned long minimalHeight = 0;
     unsigned long maximalHeight = 0;
@@ -204,6 +212,7 @@ void TabCaption::GetSizeInformation(unsigned long& minimalWidth, unsigned long& 
 void TabCaption::OnPaint(PlatformIndependentDeviceContext& context) {
     CallScope const call(*this);
     AskCaption();
+    if (flat_) return IsAttached() ? DrawFlat(context) : void();
     if (IsAttached()) DrawFrame(context);
     if (IsAttached()) DrawCaption(context);
 }
@@ -221,6 +230,32 @@ void TabCaption::DrawCaption(PlatformIndependentDeviceContext& context) {
     auto const y = static_cast<short>((height - static_cast<std::uint32_t>(fontSize_)) / 2 - 2);
     context.SetFont(fontSize_, 0, 0, fontName_, selected ? PlatformIndependentDeviceContext::boldFont : 0);
     context.DrawText(selected ? 4 : 6, y, caption_);
+}
+
+void TabCaption::DrawFlat(PlatformIndependentDeviceContext& context) {
+    bool const selected = Is(Values::state);
+    bool const enabled = IsTabEnabled();
+    if (!IsAttached()) return;
+    auto const [width, height] = GetShortSize();
+    RGBVector const ground = Themed(selected ? ThemeRole::Window : ThemeRole::Header);
+    context.SetBrush(ground);
+    context.SetPen(ground, 1, solid);
+    context.FillRectangle(0, 0, width, height);
+    if (selected) {
+        context.SetPen(Themed(ThemeRole::Line), 1, solid);
+        context.DrawLine(0, flatMark, 0, height);
+        context.DrawLine(static_cast<short>(width - 1), flatMark, static_cast<short>(width - 1), height);
+        context.SetBrush(Themed(ThemeRole::Accent));
+        context.SetPen(Themed(ThemeRole::Accent), 1, solid);
+        context.FillRectangle(0, 0, width, flatMark);
+    }
+    long textWidth = 0;
+    long textHeight = 0;
+    context.SetFont(fontSize_, 0, 0, fontName_, selected ? PlatformIndependentDeviceContext::boldFont : 0);
+    context.GetTextExtent(caption_, textWidth, textHeight);
+    context.SetTextColor(Themed(!enabled ? ThemeRole::Ink3 : selected ? ThemeRole::Ink : ThemeRole::Ink2));
+    context.DrawText(static_cast<short>((width - textWidth) / 2),
+                     static_cast<short>((height - textHeight) / 2), caption_);
 }
 
 void TabCaption::DrawFrame(PlatformIndependentDeviceContext& context) {

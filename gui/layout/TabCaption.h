@@ -11,9 +11,11 @@ namespace GUI {
 /// Attributes: "Caption" (empty; a key of the language service), "FrameThickness" (1: pen width of the lines
 /// between border pictures), "FontName" (empty), "FontSize" (8 points), "UseBitmaps" (Yes: border pictures,
 /// on a strip of dark grey, for a height of 14 pixels; anything else: lines, for any height), "BaseColor"
-/// (214,211,206: the face between lines), "ToolTipText" (none; a key too). "ID", "InternalName", "Handler",
-/// "Bitmap", "Rise", "Increase" and "TabHeightUnselected" are for the strip. The width is that of the text
-/// and its borders: 19 pixels more than the text in bold, 29 for the last tab, 45 for one that is cut off.
+/// (214,211,206: the face between lines), "Flat" (No; Yes: neither pictures nor lines, in the colours of the
+/// window's theme, with the text in the middle), "ToolTipText" (none; a key too). "ID", "InternalName",
+/// "Handler", "Bitmap", "Rise", "Increase" and "TabHeightUnselected" are for the strip. The width is that of
+/// the text and its borders: 19 pixels more than the text in bold, 29 for the last tab, 45 for one that is
+/// cut off.
 ///
 /// Of the data source under the element's name: "Caption" (string; shown as it is), "MaxCaption" (string:
 /// the longest caption, by which the width goes), "State" (bool: selected), "TabEnabled" (bool),
@@ -62,7 +64,10 @@ private:
     void DrawLines(PlatformIndependentDeviceContext& context);
     void DrawCaption(PlatformIndependentDeviceContext& context);
 
+    void DrawFlat(PlatformIndependentDeviceContext& context);
+
     bool useBitmaps_ = true;
+    bool flat_ = false;
     Utilities::String fontName_;
     short fontSize_ = 8;
     long frameThickness_ = 1;

@@ -18,7 +18,8 @@ namespace {
 
 constexpr Attribute useBitmaps{"UseBitmaps", AttributeType::Flag, "No",
                                "Leaves out the white line along the bottom edge"};
-constexpr Attribute attributeList[] = {useBitmaps, TabColor::baseColor};
+constexpr Attribute flat{"Flat", AttributeType::Flag, "No", "Without a line under the tabs; for flat ones"};
+constexpr Attribute attributeList[] = {useBitmaps, flat, TabColor::baseColor};
 ElementRegistration<TabbedPaneSelector, ToolBar> const
     registration({"TabbedPaneSelector", "$Revision: 1.11 $", "GUI"}, attributeList);
 
@@ -36,7 +37,7 @@ constexpr char const* executeEvent = "OnTabSelectedExecute";
 constexpr char const* copiedKeys[] = {
     "GUIElementType", "ElementName", "FrameThickness",      "FontName",        "FontSize",
     "Rise",           "Increase",    "TabHeightUnselected", "BackgroundColor", "MinimalHeight",
-    "MaximalHeight",  "ToolTipText", "BaseColor",           "UseBitmaps"};
+    "MaximalHeight",  "ToolTipText", "BaseColor",           "UseBitmaps",      "Flat"};
 
 /// The text under a key of a record, nothing if there is none.
 String TextIn(Anything const& record, char const* key) {
@@ -59,6 +60,7 @@ void TabbedPaneSelector::Initialize(PlatformIndependentWindowID const& parent,
     EnterMessage(executeEvent, onTabSelectedExecute_.Get());
     AttributeReader const reader(description);
     useBitmaps_ = reader.Flag(useBitmaps);
+    flat_ = reader.Flag(flat);
     try {
         baseColor_ = TabColor::Read(description, baseColor_);
     } catch (OutOfRangeException const&) {
@@ -214,7 +216,7 @@ long TabbedPaneSelector::OnUpdate(Anything const& command) {
 
 void TabbedPaneSelector::OnPaint(PlatformIndependentDeviceContext& context) {
     Pane::OnPaint(context);
-    if (useBitmaps_) return;
+    if (useBitmaps_ || flat_) return;
     unsigned long width = 0;
     unsigned long height = 0;
     GetSize(width, height);

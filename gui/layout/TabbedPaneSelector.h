@@ -70,6 +70,7 @@ private:
     /// What new tabs are made after.
     DescriptionTree pattern_;
     bool useBitmaps_ = false;
+    bool flat_ = false;
     RGBVector baseColor_{214, 211, 206};
     OwnedCallback<TabbedPaneSelector> onTabSelected_{this, &TabbedPaneSelector::OnTabSelected};
     OwnedCallback<TabbedPaneSelector> onSetTabCaptions_{this, &TabbedPaneSelector::OnSetTabCaptions};

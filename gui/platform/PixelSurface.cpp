@@ -43,6 +43,44 @@ void PixelSurface::Line(PixelPoint from, PixelPoint to, int size, std::uint32_t 
     FillBoxes(pieces_, color);
 }
 
+WideRuns::WideRuns(SmoothPoint from, SmoothPoint to, double width) {
+    double const dx = to.x - from.x;
+    double const dy = to.y - from.y;
+    isLevel = std::abs(dx) >= std::abs(dy);
+    if (isLevel ? dx == 0 : dy == 0) return;
+    double const begin = isLevel ? from.x : from.y;
+    double const end = isLevel ? to.x : to.y;
+    double const slope = isLevel ? dy / dx : dx / dy;
+    double const half = width * std::sqrt(1 + slope * slope) / 2;
+    // The run in which the line begins belongs to it, the one in which it ends to the next line.
+    int const backward = end < begin ? 1 : 0;
+    first = static_cast<int>(std::floor(std::min(begin, end))) + backward;
+    last = static_cast<int>(std::floor(std::max(begin, end))) + backward;
+    double const middle = (isLevel ? from.y : from.x) + (first + 0.5 - begin) * slope;
+    auto const fixed = [](double value) { return static_cast<std::int64_t>(std::floor(value * one)); };
+    // From a centre's place upward to the next centre.
+    low = fixed(middle - half - 0.5) + one - 1;
+    high = fixed(middle + half - 0.5) + one - 1;
+    step = fixed(slope + 0.5 / one);
+}
+
+void PixelSurface::WideLine(SmoothPoint from, SmoothPoint to, double width, std::uint32_t color) {
+    pieces_.clear();
+    WideRuns const runs(from, to, width);
+    runs.Walk([&](int run, int low, int high) {
+        PixelBox const box =
+            runs.isLevel ? PixelBox{run, low, run + 1, high} : PixelBox{low, run, high, run + 1};
+        PixelBox* const before = pieces_.empty() ? nullptr : &pieces_.back();
+        if (before && runs.isLevel && before->top == low && before->bottom == high)
+            before->right = box.right;
+        else if (before && !runs.isLevel && before->left == low && before->right == high)
+            before->bottom = box.bottom;
+        else
+            pieces_.push_back(box);
+    });
+    FillBoxes(pieces_, color);
+}
+
 void PixelSurface::Figure(std::vector<FigureSpan> const& spans, int x, int y, std::uint32_t pen,
                           std::uint32_t brush) {
     for (FigureSpan const& span : spans)

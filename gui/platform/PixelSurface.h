@@ -15,6 +15,12 @@ struct PixelPoint {
     bool operator==(PixelPoint const&) const = default;
 };
 
+/// A place between pixels; whole numbers are the edges between them.
+struct SmoothPoint {
+    double x = 0;
+    double y = 0;
+};
+
 /// On and off lengths of a broken line in pixels, and how far into the pattern it is. A solid line has
 /// an off length of 0.
 struct DashPattern {
@@ -29,6 +35,31 @@ struct FigureSpan {
     int begin;
     int end;
     bool pen;
+};
+
+/// The pixels of a wide line, in columns or, if it is steep, in rows: those whose centres the pen covers.
+/// Places along the runs are in parts of `one`, so that walking takes no rounding.
+struct WideRuns {
+    static constexpr int fraction = 24;
+    static constexpr std::int64_t one = std::int64_t{1} << fraction;
+
+    /// No run for a line without length. The last one is left out.
+    WideRuns(SmoothPoint from, SmoothPoint to, double width);
+
+    /// Visits each run with its first pixel and the one behind its last.
+    template <class Visit> void Walk(Visit visit) const {
+        std::int64_t begin = low;
+        std::int64_t end = high;
+        for (int run = first; run < last; ++run, begin += step, end += step)
+            visit(run, static_cast<int>(begin >> fraction), static_cast<int>(end >> fraction));
+    }
+
+    bool isLevel = true;
+    int first = 0;
+    int last = 0;
+    std::int64_t low = 0;
+    std::int64_t high = 0;
+    std::int64_t step = 0;
 };
 
 /// Draws exact figures pixel by pixel, out of boxes. Coordinates are the device's own pixels, colours are
@@ -48,6 +79,9 @@ public:
     /// The pen is a square of `size` pixels. Its upper left corner moves from the first point to the last,
     /// where nothing is drawn any more.
     virtual void Line(PixelPoint from, PixelPoint to, int size, std::uint32_t color, DashPattern& pattern);
+    /// The middle of the pen goes from one place to the other; pixels count whose centres it covers. The last
+    /// column, or row of a steep line, is left out.
+    virtual void WideLine(SmoothPoint from, SmoothPoint to, double width, std::uint32_t color);
     /// A figure at (x, y).
     virtual void Figure(std::vector<FigureSpan> const& spans, int x, int y, std::uint32_t pen,
                         std::uint32_t brush);

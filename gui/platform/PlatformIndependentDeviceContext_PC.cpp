@@ -266,6 +266,10 @@ void PlatformIndependentDeviceContext_PC::DrawLines(std::span<QPoint const> poin
         DrawWideLine(*pixels, points[0], points[1]);
         return;
     }
+    if (pixels && penStyle_ == solid && !smooth_) {
+        DrawWideLines(*pixels, points);
+        return;
+    }
     QPainter& painter = PainterWithPen(Qt::RoundJoin, false);
     std::vector<QPointF> middles;
     middles.reserve(points.size());
@@ -277,6 +281,27 @@ void PlatformIndependentDeviceContext_PC::DrawLines(std::span<QPoint const> poin
             (isLevel ? middles[i].rx() : middles[i].ry()) = isLevel ? points[i].x() : points[i].y();
     }
     painter.drawPolyline(middles.data(), static_cast<int>(middles.size()));
+}
+
+void PlatformIndependentDeviceContext_PC::DrawWideLines(PixelSurface& pixels,
+                                                        std::span<QPoint const> points) {
+    std::uint32_t const color = ToPixel(penColor_);
+    int const size = PenSize();
+    SmoothPoint from = PenMiddleOnDevice(points.front());
+    bool wasLevel = false;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        SmoothPoint const to = PenMiddleOnDevice(points[i]);
+        bool const isLevel = std::abs(to.x - from.x) >= std::abs(to.y - from.y);
+        // Runs across the pen leave a notch where they turn from columns to rows.
+        if (i > 1 && isLevel != wasLevel) {
+            int const left = DeviceGrid::Nearest(from.x - size / 2.0);
+            int const top = DeviceGrid::Nearest(from.y - size / 2.0);
+            pixels.FillBox({left, top, left + size, top + size}, color);
+        }
+        pixels.WideLine(from, to, size, color);
+        from = to;
+        wasLevel = isLevel;
+    }
 }
 
 void PlatformIndependentDeviceContext_PC::DrawWideLine(PixelSurface& pixels, QPoint from, QPoint to) {
@@ -327,9 +352,13 @@ void PlatformIndependentDeviceContext_PC::DrawRectangle(short left, short top, s
 void PlatformIndependentDeviceContext_PC::FillRectangle(short left, short top, short right, short bottom) {
     FlushLines();
     if (left >= right || top >= bottom) return;
-    if (PixelSurface* const pixels = Pixels())
-        pixels->FillBox({grid_.X(left), grid_.Y(top), grid_.X(right), grid_.Y(bottom)}, ToPixel(brushColor_));
-    else
+    if (PixelSurface* const pixels = Pixels()) {
+        bool const isOneColor = penStyle_ == solid && penColor_ == brushColor_;
+        pixels->FillBox(isOneColor ? OuterBox(left, top, right, bottom)
+                                   : PixelBox{grid_.X(left), grid_.Y(top), grid_.X(right), grid_.Y(bottom)},
+                        ToPixel(brushColor_));
+        if (isOneColor) return;
+    } else
         Painter(Space::Part).fillRect(left, top, right - left, bottom - top, ToColor(brushColor_));
     DrawRectangle(left, top, right, bottom);
 }

@@ -109,6 +109,7 @@ private:
     void DrawLines(std::span<QPoint const> points);
     /// A solid line parallel to an axis.
     void DrawWideLine(PixelSurface& pixels, QPoint from, QPoint to);
+    void DrawWideLines(PixelSurface& pixels, std::span<QPoint const> points);
     void Ellipse(short left, short top, short right, short bottom, bool filled);
     void Polygon(Points const& points, bool filled);
 

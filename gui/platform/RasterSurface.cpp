@@ -60,6 +60,24 @@ void RasterSurface::Line(PixelPoint from, PixelPoint to, int size, std::uint32_t
         });
 }
 
+void RasterSurface::WideLine(SmoothPoint from, SmoothPoint to, double width, std::uint32_t color) {
+    WideRuns const runs(from, to, width);
+    for (PixelBox const& clip : clip_) {
+        int const begin = runs.isLevel ? clip.left : clip.top;
+        int const end = runs.isLevel ? clip.right : clip.bottom;
+        int const least = runs.isLevel ? clip.top : clip.left;
+        int const most = runs.isLevel ? clip.bottom : clip.right;
+        std::ptrdiff_t const along = runs.isLevel ? 1 : pixelsPerRow_;
+        std::ptrdiff_t const across = runs.isLevel ? pixelsPerRow_ : 1;
+        runs.Walk([&](int run, int low, int high) {
+            if (run < begin || run >= end) return;
+            int const last = std::min(high, most);
+            std::uint32_t* pixel = bits_ + run * along + std::max(low, least) * across;
+            for (int at = std::max(low, least); at < last; ++at, pixel += across) *pixel = color;
+        });
+    }
+}
+
 void RasterSurface::Figure(std::vector<FigureSpan> const& spans, int x, int y, std::uint32_t pen,
                            std::uint32_t brush) {
     for (PixelBox const& clip : clip_)

@@ -18,6 +18,7 @@ public:
 
     void FillBox(PixelBox box, std::uint32_t color) override;
     void Line(PixelPoint from, PixelPoint to, int size, std::uint32_t color, DashPattern& pattern) override;
+    void WideLine(SmoothPoint from, SmoothPoint to, double width, std::uint32_t color) override;
     void Figure(std::vector<FigureSpan> const& spans, int x, int y, std::uint32_t pen,
                 std::uint32_t brush) override;
     /// For figures with antialiasing; to be used while this lives.

@@ -97,7 +97,7 @@ public:
 
     void AddEdge(SmoothPoint from, SmoothPoint to) {
         if (from.y == to.y) return;
-        float direction = 1;
+        double direction = 1;
         if (from.y > to.y) {
             std::swap(from, to);
             direction = -1;
@@ -115,9 +115,7 @@ public:
         for (int row = firstRow; row < endRow; ++row) {
             double const next = std::min(bottom, static_cast<double>(row + 1));
             double const nextX = x + (next - y) * slope;
-            AddPiece(row, static_cast<float>(std::clamp(x, 0.0, static_cast<double>(width_))),
-                     static_cast<float>(std::clamp(nextX, 0.0, static_cast<double>(width_))),
-                     direction * static_cast<float>(next - y));
+            AddWithin(row, x, nextX, direction * (next - y));
             x = nextX;
             y = next;
         }
@@ -146,6 +144,26 @@ public:
     }
 
 private:
+    /// What is beside the clip counts at its edge.
+    void AddWithin(int row, double x, double nextX, double height) {
+        double const right = width_;
+        auto const add = [&](double from, double to, double part) {
+            AddPiece(row, static_cast<float>(std::clamp(from, 0.0, right)),
+                     static_cast<float>(std::clamp(to, 0.0, right)), static_cast<float>(part));
+        };
+        double done = 0;
+        double from = x;
+        double const crossings[] = {x < nextX ? 0.0 : right, x < nextX ? right : 0.0};
+        for (double const crossing : crossings) {
+            if ((from < crossing) == (nextX < crossing) || from == crossing) continue;
+            double const share = (crossing - x) / (nextX - x);
+            add(from, crossing, height * (share - done));
+            done = share;
+            from = crossing;
+        }
+        add(from, nextX, height * (1 - done));
+    }
+
     void AddPiece(int row, float x, float nextX, float height) {
         float const left = std::min(x, nextX);
         float const right = std::max(x, nextX);

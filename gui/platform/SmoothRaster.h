@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/platform/PixelBox.h"
+#include "gui/platform/PixelSurface.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -8,12 +8,6 @@
 #include <vector>
 
 namespace GUI {
-
-/// A place on the device, in its pixels; whole numbers are edges between them.
-struct SmoothPoint {
-    double x = 0;
-    double y = 0;
-};
 
 /// Draws with antialiasing straight into 32-bit pixels: each pixel takes the share of the colour that the
 /// figure covers of it. Nothing is drawn outside the clip.

@@ -51,6 +51,9 @@ public:
     Theme const* GetTheme() const { return theme_ ? &*theme_ : nullptr; }
     /// Null without a theme.
     CNorvelianStyle* GetStyle() const { return theme_ ? style_ : nullptr; }
+    /// Gives what is beside the surface, or over it, the look of its window: bars and menus.
+    void Dress(QWidget& widget) const;
+    static void DressMenu(QWidget& menu);
     /// With a theme, a native control that has the focus has a ring around it.
     void RepaintFocusRing();
 

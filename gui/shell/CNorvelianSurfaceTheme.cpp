@@ -4,6 +4,7 @@
 #include "gui/shell/NativeControl_PC.h"
 
 #include <QApplication>
+#include <QMenu>
 #include <QPainter>
 
 namespace GUI {
@@ -26,6 +27,10 @@ void CNorvelianSurface::SetTheme(std::optional<Theme> const& theme) {
             (style_ = new CNorvelianStyle(*theme))->setParent(&top);
     }
     top.setPalette(theme ? style_->GetPalette() : QPalette());
+    for (QWidget* const widget : top.findChildren<QWidget*>())
+        if (qobject_cast<QMenu*>(widget) ||
+            (widget->parentWidget() == &top && widget != this && !widget->isWindow()))
+            Dress(*widget);
     for (QObject* const child : children())
         if (auto* const widget = qobject_cast<QWidget*>(child))
             if (NativeControl* const control = NativeControl::Of(*widget)) control->TakeTheme();
@@ -34,6 +39,28 @@ void CNorvelianSurface::SetTheme(std::optional<Theme> const& theme) {
         for (QObject* const part : window->isWidgetType() ? window->children() : QObjectList())
             if (auto* const inner = dynamic_cast<CNorvelianSurface*>(part); inner && inner->backdrop_)
                 inner->backdrop_->OnOuterThemeChanged();
+}
+
+void CNorvelianSurface::Dress(QWidget& widget) const {
+    if (!GetStyle() && !widget.testAttribute(Qt::WA_SetStyle)) return;
+    widget.setStyle(GetStyle());
+    // Windows take neither from the window that they belong to.
+    if (!widget.isWindow()) return;
+    widget.setPalette(GetStyle() ? GetStyle()->GetPalette() : QPalette());
+    widget.setFont(window()->font());
+}
+
+void CNorvelianSurface::DressMenu(QWidget& menu) {
+    QWidget* owner = &menu;
+    while (owner->parentWidget()) owner = owner->parentWidget();
+    // A menu of a dialog ends at the dialog's window.
+    for (QWidget* part = menu.parentWidget(); part; part = part->parentWidget())
+        if (part->isWindow() && !qobject_cast<QMenu*>(part)) {
+            owner = part;
+            break;
+        }
+    for (QObject* const child : owner->children())
+        if (auto* const surface = dynamic_cast<CNorvelianSurface*>(child)) return surface->Dress(menu);
 }
 
 void CNorvelianSurface::TakeTheme(PlatformIndependentDeviceContext& context) const {

@@ -5,6 +5,7 @@
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 #include "gui/shell/Accelerators.h"
+#include "gui/shell/CNorvelianSurface.h"
 #include "gui/shell/EventGuard_PC.h"
 
 #include <QAction>
@@ -150,6 +151,7 @@ void Menu_PC::AddCommand(QWidget& target, MenuItem const& item) {
 void Menu_PC::Refresh(QWidget& target) {
     CallScope const call(*this);
     QPointer<QWidget> const guarded = &target;
+    CNorvelianSurface::DressMenu(target);
     QList<QPointer<QAction>> actions;
     for (QAction* const action : target.actions()) actions.emplace_back(action);
     for (QPointer<QAction> const& action : actions) {

@@ -90,6 +90,7 @@ void TopLevel::AddBar(QWidget& bar, Qt::Edge edge) {
 
 void TopLevel::EnterBar(QWidget& bar, Qt::Edge edge) {
     bar.setParent(window_);
+    if (surface_) surface_->Dress(bar);
     bars_.push_back({&bar, edge});
     bar.show();
 }

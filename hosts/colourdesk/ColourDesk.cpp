@@ -21,6 +21,9 @@ using Utilities::String;
 
 namespace {
 
+/// What the tools go through.
+constexpr std::string_view surrounds[] = {"Theme", "N5", "White"};
+constexpr std::string_view themes[] = {"Light", "Dark", "Line"};
 constexpr char const* lookSection = "Look";
 constexpr char const* bundledFile = "cie_named_34_36band.txt";
 
@@ -90,6 +93,25 @@ char const* Options::Usage() {
            "  --help                     this text\n";
 }
 
+/// The tools are those of a window that is being made; of the one before again if it fails.
+class Application::ToolsOf {
+public:
+    ToolsOf(DeskTools& tools, SampleWindow& window) : tools_(tools), former_(tools.GetWindow()) {
+        tools_.SetWindow(&window);
+    }
+    ToolsOf(ToolsOf const&) = delete;
+    ToolsOf& operator=(ToolsOf const&) = delete;
+    ~ToolsOf() {
+        if (!kept_) tools_.SetWindow(former_);
+    }
+    void Keep() { kept_ = true; }
+
+private:
+    DeskTools& tools_;
+    GUI::DialogDataSource* former_;
+    bool kept_ = false;
+};
+
 Application::Application(Options options) : GUI::Application("colourdesk"), options_(std::move(options)) {
     SetOffscreen(!options_.screenshot.empty() || !options_.galleryDirectory.empty());
 }
@@ -131,6 +153,8 @@ void Application::Show(std::string const& file) {
         noParent_ =
             Utilities::ResolveComponent<GUI::PlatformIndependentWindowID>("PlatformIndependentWindowID");
     auto const window = Utilities::ResolveComponent<GUI::GUIElement>("Window");
+    // The window's tools ask while they are made.
+    ToolsOf tools(tools_, *handler);
     auto const failed = GUI::GUIElement::GetFailedCount();
     window->Initialize(*noParent_, *description, handler.get());
     // Boxes leave out what can't be built. A window that lacks a part of what it should show is worse than
@@ -138,6 +162,7 @@ void Application::Show(std::string const& file) {
     if (auto const missing = GUI::GUIElement::GetFailedCount() - failed; missing != 0)
         throw ResourceException(file + ": the window can't be shown, " + std::to_string(missing) +
                                 " of its elements can't be built; standard error says which");
+    tools.Keep();
     Close();
     handler_ = std::move(handler);
     handler_->SetDropHandler([this](String const& dropped) {
@@ -165,6 +190,7 @@ void Application::Start() {
     GetImplementation();
     LoadLanguages();
     messages_ = Utilities::ResolveComponent<GUI::MessageService>("MessageService");
+    RegisterComponent(DeskTools::componentName, &tools_);
     messages_->SetCallback(keyMessage, Utilities::MakeCallback(this, &Application::OnKey));
     messages_->SetCallback(openMessage, Utilities::MakeCallback(this, &Application::OnOpen));
     if (options_.gallery)
@@ -232,7 +258,19 @@ long Application::OnOpen(Utilities::Anything const& file) { return OpenFile(file
 
 void Application::OnMenuItem(String const& name) {
     String const prefix = SampleWindow::languageItem;
-    if (name == SampleWindow::quitItem) {
+    auto const next = [](auto const& all, String const& present) {
+        auto const* const found =
+            std::find(std::begin(all), std::end(all), std::string_view(present.GetStdString()));
+        bool const isLast = found == std::end(all) || found + 1 == std::end(all);
+        return String(std::string(isLast ? *std::begin(all) : *(found + 1)));
+    };
+    if (name == SampleWindow::surroundTool) {
+        handler_->SetSurround(next(surrounds, handler_->GetSurround()));
+        TakeLook();
+    } else if (name == SampleWindow::themeTool) {
+        handler_->SetTheme(next(themes, handler_->GetTheme()));
+        TakeLook();
+    } else if (name == SampleWindow::quitItem) {
         if (MayClose()) Quit(0);
     } else if (name == SampleWindow::nextLanguageItem) {
         TakeLanguage(FindNextLanguage());

@@ -2,6 +2,7 @@
 
 #include "gui/elements/application/Application.h"
 #include "gui/elements/application/MessageService.h"
+#include "hosts/colourdesk/DeskTools.h"
 #include "hosts/colourdesk/Gallery.h"
 #include "hosts/colourdesk/SampleWindow.h"
 
@@ -53,6 +54,8 @@ public:
     long OpenFile(Utilities::String const& fileName) override;
 
 private:
+    class ToolsOf;
+
     void LoadLanguages();
     /// The screen by the profile that the desktop names, else sRGB.
     Tintorium::ScreenRGB GetScreen();
@@ -73,6 +76,7 @@ private:
     Options options_;
     Utilities::SmartPointer<GUI::MessageService> messages_;
     std::unique_ptr<SampleWindow> handler_;
+    DeskTools tools_;
     std::unique_ptr<Gallery> gallery_;
     Utilities::SmartPointer<GUI::PlatformIndependentWindowID> noParent_;
     Utilities::SmartPointer<GUI::DescriptionTree> description_;

@@ -57,11 +57,13 @@ void PutMouseOver(GUI::GUIElement const& root, std::string const& name) {
 /// Data and selections come by updates and events, as a host's do.
 void BringData(GUI::GUIElement const& root, std::string const& name) {
     std::string const message = GalleryData::MessageOf(ComponentOf(name));
-    auto* const pane = message.empty() ? nullptr : dynamic_cast<GUI::Pane*>(&root.FindElement(name));
-    if (!pane) return;
-    pane->OnUpdate("Properties");
-    pane->OnUpdate(String(message));
-    if (StateOf(name) == "Selected") pane->Select({});
+    if (message.empty()) return;
+    GUI::GUIElement& element = root.FindElement(name);
+    element.OnUpdate("Properties");
+    element.OnUpdate(String(message));
+    if (StateOf(name) != "Selected") return;
+    if (auto* const pane = dynamic_cast<GUI::Pane*>(&element)) pane->Select({});
+    if (ComponentOf(name) == "Grid") element.OnUpdate(GalleryData::SelectCell(3, 3));
 }
 
 SmartPointer<DescriptionTree> Node(char const* type) {

@@ -8,6 +8,7 @@
 #include <initializer_list>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace ColourDesk::GalleryData {
 
@@ -112,16 +113,28 @@ Anything GetHarmony(std::string const& state, std::string const& name) {
     return color.GetAnything();
 }
 
+/// Of a light reddish standard.
+Anything GetTolerance() {
+    Anything::MapOfAnythings record;
+    record["L"] = 65.0;
+    record["a"] = 40.0;
+    record["b"] = 20.0;
+    record["Limit"] = 6.0;
+    return record;
+}
+
 Anything GetPlane(std::string const& state, String const& name) {
     if (name == "Plane") return state == "Leaf" ? "LC" : "ab";
     if (name == "Lightness") return 65.0;
     if (name == "Hue") return 40.0;
     if (name == "NrOfPatches") return state == "Leaf" ? 0L : long{spots};
     if (name == "SelectedSample") return 4L;
+    if (name == "Tolerance") return GetTolerance();
     return {};
 }
 
 Anything GetChartRow(String const& name) {
+    if (name == "Tolerance") return GetTolerance();
     auto const number = NumberBehind(name, "");
     if (name == "ColorScale") return "CIELab";
     if (!number || *number < 1 || *number > spots) return {};
@@ -131,8 +144,55 @@ Anything GetChartRow(String const& name) {
 
 } // namespace
 
+namespace {
+
+Anything Map(std::initializer_list<std::pair<char const*, Anything>> entries) {
+    Anything::MapOfAnythings map;
+    for (auto const& [key, value] : entries) map[key] = value;
+    return map;
+}
+
+/// Each kind of cell in a column of its own.
+Anything GetTable(String const& name) {
+    if (name == "ColumnStyles")
+        return Row(
+            {Map({{"Width", "110"}}), Map({{"Width", "64"}, {"Control", "Patch"}}),
+             Map({{"Width", "72"}, {"Number", "Yes"}}), Map({{"Width", "64"}, {"Control", "Check"}}),
+             Map({{"Width", "90"}, {"Control", "Choice"}, {"Choices", Row({"A", "D50", "D65", "F11"})}}),
+             Map({{"Width", "150"},
+                  {"Control", "Bar"},
+                  {"Number", "Yes"},
+                  {"Minimum", -3.0},
+                  {"Maximum", 3.0},
+                  {"Tolerance", 1.0}}),
+             Map({{"Width", "96"}, {"Control", "Button"}})});
+    if (name == "MergedCells") return Row({"5;6-6;6"});
+    auto const row = NumberBehind(name.GetStdString(), "");
+    if (!row) return {};
+    auto const text = [](Anything const& value) { return Map({{"Value", value}}); };
+    if (*row == 0)
+        return Row({text("Sample"), text("Colour"), text("L*"), text("Use"), text("Illuminant"),
+                    text("\u0394L*"), text("Action")});
+    constexpr int rows = 6;
+    GUI::RGBVector const color = Hue(static_cast<double>(*row) / rows);
+    std::string const channels = std::to_string(color.GetRed()) + "," + std::to_string(color.GetGreen()) +
+                                 "," + std::to_string(color.GetBlue());
+    Anything sampleName = text(String("Tile " + std::to_string(*row)));
+    if (*row == 2) sampleName = Map({{"Value", "Tile 2"}, {"Background", color.GetAnything()}});
+    return Row({sampleName, text(channels.c_str()), text(String(40 + 7.25 * *row, 2, '.')),
+                text(*row % 2 == 0 ? "Yes" : "No"), text(*row == 5 ? "merged cells" : "D65"),
+                text(String(2.5 * std::sin(1.7 * *row), 2, '.')), text("Measure")});
+}
+
+} // namespace
+
+Anything SelectCell(long row, long column) {
+    return Map({{"Command", "Select"}, {"Row", row}, {"Column", column}});
+}
+
 Anything GetValue(std::string const& component, std::string const& state, String const& name) {
     if (component == "BarGraph") return GetBars(name);
+    if (component == "Grid") return GetTable(name);
     if (component == "XYGraph") return GetCurves(name);
     if (auto const spot = NumberBehind(component, "Patch"); spot && name == "Data") return GetSpot(*spot);
     if (component == "ColorWheel" || component == "PalimarSky") return GetHarmony(state, name);
@@ -156,6 +216,7 @@ Anything GetValue(std::string const& component, std::string const& state, String
 
 std::string MessageOf(std::string const& component) {
     if (component == "BarChart") return "1;1-8;1";
+    if (component == "Grid") return "Data";
     if (component == "XYChart") return "1;1-36;3";
     if (component == "LabChart" || component == "CrossGraph") return "1;1-4;" + std::to_string(spots);
     bool const asks = component == "ColorWheel" || component == "PalimarSky" || component == "ColorGraph" ||

@@ -21,6 +21,9 @@ using Utilities::String;
 namespace {
 
 constexpr char const* windowName = "ColourDesk";
+constexpr char const* viewTabs = "ViewTabs";
+constexpr char const* chartsTab = "ChartsTab";
+constexpr char const* tableTab = "TableTab";
 constexpr char const* curves = "XYGraph";
 constexpr char const* labChart = "LabChart";
 constexpr char const* patch = "Patch";
@@ -62,9 +65,9 @@ double ReflectanceEnd(SampleDocument const& document) {
 } // namespace
 
 SampleWindow::SampleWindow(SampleDocument document)
-    : document_(std::move(document)), pages_(Count()), columns_(ColumnsFor(pages_.GetPlaces())),
-      rows_((pages_.GetPlaces() + columns_ - 1) / columns_), labRange_(RangeOf(document_)),
-      reflectanceEnd_(ReflectanceEnd(document_)) {}
+    : document_(std::move(document)), view_(chartsView), pages_(Count()),
+      columns_(ColumnsFor(pages_.GetPlaces())), rows_((pages_.GetPlaces() + columns_ - 1) / columns_),
+      labRange_(RangeOf(document_)), reflectanceEnd_(ReflectanceEnd(document_)) {}
 
 void SampleWindow::Start() {
     UpdateCharts();
@@ -89,6 +92,9 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
     if (element == labChart && key == GUI::Values::accessibleName)
         return LanguageServiceInterface::GetTranslation("a* to the right, b* upward");
     if (element == curves) return GetCurveValue(key);
+    if (element == views)
+        return key == "CurrentView" ? Anything(view_ == gridView ? "TableView" : "ChartsView") : Anything();
+    if (element == sampleGrid) return grid_.GetValue(key);
     if (element == labChart) {
         if (key == "SelectedSample" && firstPaint_) std::exchange(firstPaint_, nullptr)();
         return GetLabChartValue(key);
@@ -98,13 +104,17 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
     if (StartsWith(element, patch) && key == "Data")
         return GetSpot(pages_.GetFirst() + NumberBehind(element, patch));
     if (StartsWith(element, patch)) return GetPatchValue(element, key);
+    if (element == viewTabs && key == "CurrentTab") return view_ == gridView ? tableTab : chartsTab;
     if (key == "ItemEnabled" || key == "State") return GetMenuValue(element, key);
     return GetDetail(element, key);
 }
 
 Anything SampleWindow::GetMenuValue(String const& item, String const& key) const {
     bool const isPage = item.FindSubstring("Page", 0) >= 0;
+    if (key == "ItemEnabled" && item == previousTool) return selected_ > 0;
+    if (key == "ItemEnabled" && item == nextTool) return selected_ + 1 < Count();
     if (key == "ItemEnabled") return !isPage || pages_.AreMany();
+    if (item == chartsView || item == gridView) return item == view_;
     if (StartsWith(item, themeItem)) return item == themeItem + theme_;
     if (StartsWith(item, surroundItem)) return item == surroundItem + surround_;
     if (StartsWith(item, languageItem) && Utilities::NamingService::Instance()->IsRegistered(languageService))
@@ -124,6 +134,12 @@ long SampleWindow::OnMenuItem(Anything const& name) {
         TurnPages(-1);
     else if (item == nextPage)
         TurnPages(1);
+    else if (item == previousTool)
+        Select(std::max(selected_ - 1, 0L));
+    else if (item == nextTool)
+        Select(std::min(selected_ + 1, Count() - 1));
+    else if (item == chartsView || item == gridView)
+        ShowView(item);
     else if (command_)
         command_(item);
     return 0;
@@ -233,7 +249,7 @@ Anything SampleWindow::GetDetail(String const& element, String const& key) const
     if (element == "SamplePosition") return PositionText().c_str();
     if (StartsWith(element, "Sample"))
         if (Anything const number = GetNumber(element, shown.lab); number.IsValid()) return number;
-    if (element == "SampleCondition") return shown.condition.c_str();
+    if (element == "SampleCondition" || element == "TableCondition") return shown.condition.c_str();
     if (element == "SampleGamut") return shown.color.IsInGamut() ? "" : "outside the screen's gamut";
     return {};
 }
@@ -259,6 +275,7 @@ void SampleWindow::SetValue(String const& element, String const& key, Anything c
         surround_ = value.GetString();
         if (command_) command_(String(surroundItem) + surround_);
     }
+    if (element == sampleGrid) TakeGridValue(key, value);
     if (element == labChart && key == "Click") {
         auto const& place = value.GetMapOfAnythings();
         SelectNearest(place["x"].GetDouble(), place["y"].GetDouble());
@@ -283,12 +300,21 @@ bool SampleWindow::OnDrop(GUI::PlatformIndependentWindowID const& /*window*/, GU
 Callback SampleWindow::GetCallback(String const& element, String const& event) {
     if (event == "OnLeftButtonDown" && SampleOfPatch(element) >= 0)
         return Utilities::MakeCallback(this, &SampleWindow::OnPatchClicked);
-    bool const isMenuItem = element == quitItem || element == nextLanguageItem ||
-                            StartsWith(element, languageItem) || StartsWith(element, themeItem) ||
-                            StartsWith(element, surroundItem) || element == firstPage ||
-                            element == previousPage || element == nextPage || element == lastPage;
+    bool const isMenuItem = element == quitItem || element == chartsView || element == gridView ||
+                            element == nextLanguageItem || StartsWith(element, languageItem) ||
+                            StartsWith(element, themeItem) || StartsWith(element, surroundItem) ||
+                            element == firstPage || element == previousPage || element == nextPage ||
+                            element == lastPage || element == previousTool || element == nextTool ||
+                            element == surroundTool || element == themeTool;
+    if (element == viewTabs && event == "OnTabChanged")
+        return Utilities::MakeCallback(this, &SampleWindow::OnTabChanged);
     if (event == "OnClick" && isMenuItem) return Utilities::MakeCallback(this, &SampleWindow::OnMenuItem);
     return DialogHandler::GetCallback(element, event);
+}
+
+long SampleWindow::OnTabChanged(Anything const& tab) {
+    ShowView(tab.GetString() == tableTab ? gridView : chartsView);
+    return 0;
 }
 
 long SampleWindow::OnPatchClicked(Anything const& element) {
@@ -323,12 +349,13 @@ void SampleWindow::Select(long sample) {
         for (long const changed : {former, sample})
             if (pages_.IsShown(changed)) ExecuteCallback(PatchName(changed).c_str(), "OnUpdate", {});
     }
-    for (char const* const element :
-         {"SamplePage", "SampleName", "SamplePosition", "SampleLightness", "SampleA", "SampleB",
-          "SampleChroma", "SampleHue", "SampleCondition", "SampleGamut", "SelectedColour"})
+    for (char const* const element : {"SamplePage", "SampleName", "SamplePosition", "SampleLightness",
+                                      "SampleA", "SampleB", "SampleChroma", "SampleHue", "SampleCondition",
+                                      "SampleGamut", "SelectedColour", "TableCondition", "Tools"})
         ExecuteCallback(element, "OnUpdate", {});
     ExecuteCallback("Spectra", "OnUpdate", "Properties");
     ExecuteCallback("ColorChart", "SelectSample", {});
+    UpdateGrid();
 }
 
 long SampleWindow::SampleOfPatch(String const& element) const {

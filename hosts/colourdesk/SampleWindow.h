@@ -3,6 +3,7 @@
 #include "gui/elements/DataAccess.h"
 #include "gui/elements/DialogHandler.h"
 #include "hosts/colourdesk/SampleDocument.h"
+#include "hosts/colourdesk/SampleGrid.h"
 #include "hosts/colourdesk/SamplePages.h"
 
 #include <functional>
@@ -50,6 +51,11 @@ public:
     static constexpr char const* languageItem = "Language";
     static constexpr char const* nextLanguageItem = "NextLanguage";
     static constexpr char const* quitItem = "Quit";
+    /// Tools; their names are those of their icons.
+    static constexpr char const* previousTool = "previous";
+    static constexpr char const* nextTool = "next";
+    static constexpr char const* surroundTool = "surrounds";
+    static constexpr char const* themeTool = "theme";
     /// So do those of themes and surrounds.
     static constexpr char const* themeItem = "Theme";
     static constexpr char const* surroundItem = "Surround";
@@ -59,6 +65,12 @@ public:
     void SetSurround(Utilities::String const& surround) { surround_ = surround; }
     Utilities::String const& GetTheme() const { return theme_; }
     Utilities::String const& GetSurround() const { return surround_; }
+
+    /// The pane that shows one of two views, and the menu's items for them.
+    static constexpr char const* views = "Views";
+    static constexpr char const* chartsView = "ShowCharts";
+    static constexpr char const* gridView = "ShowTable";
+    static constexpr char const* sampleGrid = "SampleGrid";
 
     long GetSelected() const { return selected_; }
     SampleDocument const& GetDocument() const { return document_; }
@@ -77,6 +89,7 @@ public:
 private:
     Utilities::Anything GetMenuValue(Utilities::String const& item, Utilities::String const& key) const;
     long OnMenuItem(Utilities::Anything const& name);
+    long OnTabChanged(Utilities::Anything const& tab);
     Utilities::Anything GetPatchValue(Utilities::String const& element, Utilities::String const& key) const;
     Utilities::Anything GetCurveValue(Utilities::String const& key) const;
     Utilities::Anything GetLabChartValue(Utilities::String const& key) const;
@@ -95,6 +108,10 @@ private:
     /// "1 to 2800 of 100000", empty if all samples are shown.
     std::string PageText() const;
     void UpdateCharts();
+    /// Shows the charts or the table.
+    void ShowView(Utilities::String const& view);
+    void UpdateGrid();
+    void TakeGridValue(Utilities::String const& key, Utilities::Anything const& value);
     std::string ToolTip(long sample) const;
     /// How far out the a*b* plane is shown.
     static short RangeOf(SampleDocument const& document);
@@ -104,6 +121,8 @@ private:
     long Count() const { return static_cast<long>(document_.GetSamples().size()); }
 
     SampleDocument document_;
+    SampleGrid grid_{document_.GetSamples()};
+    Utilities::String view_;
     SamplePages pages_;
     long columns_;
     long rows_;

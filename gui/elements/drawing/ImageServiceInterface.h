@@ -20,6 +20,8 @@ public:
     /// Forgets the pictures that came from a language's directory, so that they are looked for in the one
     /// of the language that is current now.
     virtual void OnLanguageChanged() {}
+    /// Whether there is a picture of that name. Unlike `GetBitmap` it tells nobody of one that is missing.
+    virtual bool HasBitmap(Utilities::String const& /*name*/) { return true; }
 };
 
 } // namespace GUI

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace GUI {
 
@@ -177,6 +178,46 @@ public:
     Accessible::Role GetRole() const override { return Accessible::Role::Button; }
 };
 
+/// Numbers with ";" between, at even distances from the left to the right: a spectrum in a row.
+class CurveControl : public CGXControl {
+public:
+    void Draw(GridDrawing& drawing, GridCellView const& cell) const override {
+        GridBox const field = cell.box.Inset(2);
+        long const count = cell.text.GetTokenCount(';');
+        GridBarScale const scale = cell.style.bar.value_or(GridBarScale());
+        if (count < 2 || field.IsEmpty() || !(scale.maximum > scale.minimum)) return;
+        auto& context = drawing.GetContext();
+        context.SetPen(TextColorOf(drawing, cell), 1, PlatformIndependentDeviceContext::solid);
+        std::string_view rest = cell.text.GetStdString();
+        bool begun = false;
+        for (long i = 0; i < count; ++i) {
+            std::string_view const token = rest.substr(0, rest.find(';'));
+            rest.remove_prefix(std::min(token.size() + 1, rest.size()));
+            auto const value = ReadGridNumber(String(token));
+            // A number that is missing leaves a gap.
+            if (!value) {
+                begun = false;
+                continue;
+            }
+            double const share =
+                std::clamp((*value - scale.minimum) / (scale.maximum - scale.minimum), 0.0, 1.0);
+            auto const x = static_cast<short>(field.left + i * (field.GetWidth() - 1) / (count - 1));
+            auto const y = static_cast<short>(
+                field.bottom - 1 -
+                static_cast<long>(share * static_cast<double>(field.GetHeight() - 1) + 0.5));
+            if (begun)
+                context.LineTo(x, y);
+            else
+                context.MoveTo(x, y);
+            begun = true;
+        }
+    }
+    Reaction Edit(GridCellView const& /*cell*/) const override { return {}; }
+    Accessible::Role GetRole() const override { return Accessible::Role::Graphic; }
+    /// Nobody wants to hear all of its numbers.
+    String GetSpokenText(GridCellView const& /*cell*/) const override { return {}; }
+};
+
 } // namespace
 
 CGXControl const& CGXControl::Of(GridControl kind) {
@@ -187,7 +228,9 @@ CGXControl const& CGXControl::Of(GridControl kind) {
     static PatchControl const patch;
     static BarControl const bar;
     static ButtonControl const button;
-    static std::array<CGXControl const*, 7> const all{&plain, &edit, &check, &choice, &patch, &bar, &button};
+    static CurveControl const curve;
+    static std::array<CGXControl const*, 8> const all{&plain, &edit, &check,  &choice,
+                                                      &patch, &bar,  &button, &curve};
     return *all[static_cast<std::size_t>(kind)];
 }
 

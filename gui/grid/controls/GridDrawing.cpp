@@ -48,10 +48,11 @@ void GridDrawing::SelectFont(CGXStyle const& style) {
         return;
     }
     long at = 0;
-    font_ = {face, size, bold, 0, 0};
+    font_ = {face, size, bold, 0, 0, 0};
     context_.GetTextExtent("W", font_.widest, font_.lineHeight);
     context_.GetTextExtent("@", at, font_.lineHeight);
     font_.widest = std::max(font_.widest, at);
+    context_.GetTextExtent("0", font_.widestDigit, font_.lineHeight);
     constexpr std::size_t most = 64;
     if (fonts_.measured.size() == most) fonts_.measured.clear();
     fonts_.measured.push_back(font_);
@@ -87,7 +88,8 @@ void GridDrawing::Text(GridBox const& box, CGXStyle const& style, String const& 
 }
 
 void GridDrawing::TextLine(GridBox const& box, String const& text, GridAlignment alignment) {
-    bool const surelyFits = text.Length() * font_.widest <= box.GetWidth();
+    bool const isNumber = text.GetStdString().find_first_not_of("0123456789.,-") == std::string::npos;
+    bool const surelyFits = text.Length() * (isNumber ? font_.widestDigit : font_.widest) <= box.GetWidth();
     if (surelyFits && alignment == GridAlignment::Left)
         return context_.DrawText(ToShort(box.left), ToShort(box.top), text);
     long width = GetTextWidth(text);

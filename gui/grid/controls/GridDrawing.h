@@ -29,18 +29,18 @@ struct GridBox {
 
 /// The colours that a grid draws in without being told.
 struct GridColors {
-    RGBVector background{255, 255, 255};
-    RGBVector outside{240, 240, 240};
-    RGBVector header{236, 236, 236};
-    RGBVector line{208, 208, 208};
-    RGBVector ink{0, 0, 0};
-    RGBVector disabled{140, 140, 140};
-    RGBVector selection{205, 225, 245};
+    RGBVector background{ThemeRole::Panel, {255, 255, 255}};
+    RGBVector outside{ThemeRole::Panel, {240, 240, 240}};
+    RGBVector header{ThemeRole::Header, {236, 236, 236}};
+    RGBVector line{ThemeRole::Line, {208, 208, 208}};
+    RGBVector ink{ThemeRole::Ink, {0, 0, 0}};
+    RGBVector disabled{ThemeRole::Ink3, {140, 140, 140}};
+    RGBVector selection{ThemeRole::Band, {205, 225, 245}};
     /// Around measured colours.
-    RGBVector surround{198, 198, 198};
-    RGBVector band{222, 222, 222};
-    RGBVector bar{92, 92, 92};
-    RGBVector accent{29, 95, 166};
+    RGBVector surround{ThemeRole::Surround, {198, 198, 198}};
+    RGBVector band{ThemeRole::Band, {222, 222, 222}};
+    RGBVector bar{ThemeRole::Axis, {92, 92, 92}};
+    RGBVector accent{ThemeRole::Accent, {29, 95, 166}};
 };
 
 /// What was measured of fonts. Measuring takes as long as drawing a cell, so who paints again keeps this.
@@ -52,6 +52,7 @@ struct GridFonts {
         long lineHeight = 0;
         /// No character is wider for each of its bytes.
         long widest = 0;
+        long widestDigit = 0;
     };
     std::vector<Font> measured;
 };

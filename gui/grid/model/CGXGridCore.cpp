@@ -97,8 +97,7 @@ String const& CGXGridCore::GetText(GridPlace const& place) const {
 }
 
 void CGXGridCore::SetText(GridPlace const& place, String text) {
-    if (HasPlace(place))
-        MakeCell(GetRowLine(place.row), GetColumnLine(place.column)).text = std::move(text);
+    if (HasPlace(place)) MakeCell(GetRowLine(place.row), GetColumnLine(place.column)).text = std::move(text);
 }
 
 void CGXGridCore::SetCell(Line row, Line column, CGXStyle const& style) {

@@ -11,12 +11,12 @@
 namespace GUI {
 
 /// How a cell is drawn and what a click on it does; see `CGXControl`.
-enum class GridControl : std::uint8_t { Static, Edit, Check, Choice, Patch, Bar, Button };
+enum class GridControl : std::uint8_t { Static, Edit, Check, Choice, Patch, Bar, Button, Curve };
 
 enum class GridAlignment : std::uint8_t { Left, Centre, Right };
 
-/// The scale of a cell that shows its number as a bar: from `minimum` to `maximum`, with a band of
-/// `tolerance` to both sides of `aim`.
+/// The scale of a cell that shows its number as a bar, or its numbers as a curve: from `minimum` to
+/// `maximum`, of a bar with a band of `tolerance` to both sides of `aim`.
 struct GridBarScale {
     double minimum = 0;
     double maximum = 1;

@@ -21,8 +21,8 @@ public:
     void SetCount(long count);
     /// Places count from 1; place and line 0 are the header.
     Line GetLine(long place) const {
-        return lines_ && place > 0 ? (*lines_)[static_cast<std::size_t>(place - 1)]
-                                   : static_cast<Line>(place);
+        return lines_ && place > 0 && place <= count_ ? (*lines_)[static_cast<std::size_t>(place - 1)]
+                                                      : static_cast<Line>(place);
     }
     /// 0 for a line that isn't shown.
     long GetPlace(Line line) const;

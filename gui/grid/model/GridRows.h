@@ -39,6 +39,7 @@ public:
     GridRow& Make(Line line);
     /// Line 0 isn't in a block.
     bool HasBlock(Line block) const { return block < blocks_.size() && blocks_[block]; }
+    Line GetBlockCount() const { return static_cast<Line>(blocks_.size()); }
     void DropBlock(Line block);
     void DropBlocks() { blocks_.clear(); }
     /// The cells of a row go.

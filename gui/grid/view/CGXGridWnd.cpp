@@ -16,12 +16,14 @@ CGXGridWnd::CGXGridWnd() { ShowHeaders(false, false); }
 void CGXGridWnd::SetRowCount(long count) {
     history_.Clear();
     core_.SetRowCount(count);
+    KeepSelectionInside();
     OnArranged();
 }
 
 void CGXGridWnd::SetColCount(long count) {
     history_.Clear();
     core_.SetColumnCount(count);
+    KeepSelectionInside();
     OnArranged();
 }
 
@@ -84,9 +86,12 @@ void CGXGridWnd::SetCell(GridOrder::Line row, GridOrder::Line column, CGXStyle c
 
 void CGXGridWnd::DropRows(long first, long last) {
     if (!virtual_ || first > last) return;
-    for (auto block = GridRows::BlockOf(static_cast<GridOrder::Line>(std::max(first, 1L)));
-         block <= GridRows::BlockOf(static_cast<GridOrder::Line>(last)); ++block)
-        core_.GetRows().DropBlock(block);
+    GridRows& rows = core_.GetRows();
+    auto const end =
+        std::min(GridRows::BlockOf(static_cast<GridOrder::Line>(last)) + 1, rows.GetBlockCount());
+    for (auto block = GridRows::BlockOf(static_cast<GridOrder::Line>(std::max(first, 1L))); block < end;
+         ++block)
+        rows.DropBlock(block);
 }
 
 void CGXGridWnd::MergeCells(GridRange const& range) {
@@ -149,10 +154,8 @@ void CGXGridWnd::OnArranged() {
     if (locked_) return;
     // What was seen of the table stays as far as there still is so much of it.
     view_.columns.offset = std::clamp(view_.columns.offset, 0L, view_.columns.GetGreatestOffset());
-    if (long const row = view_.rows.GetFirst(); row > core_.GetRowCount())
-        view_.rows.offset = view_.rows.GetGreatestOffset();
-    else
-        view_.rows.offset = view_.rows.GetOffsetToBegin(row);
+    view_.rows.offset =
+        view_.rows.GetOffsetToBegin(std::min(view_.rows.GetFirst(), view_.rows.GetLastFirst()));
     UpdateScrollBars();
     RepaintLater(GetWindowBox());
     if (editing_) MoveEditor(view_.GetCellBox(edited_));
@@ -160,13 +163,8 @@ void CGXGridWnd::OnArranged() {
 
 void CGXGridWnd::UpdateScrollBars() {
     if (view_.columns.extent == 0) return;
-    GridAxis const& heights = core_.GetHeights();
-    // The last row that a window may begin with: from there on all that follow are seen.
-    long const from = view_.rows.GetFrozenEnd() + view_.rows.GetGreatestOffset();
-    long last = heights.GetLineAt(from);
-    if (last >= 0 && heights.GetStart(last) < from) ++last;
     long const first = view_.rows.frozen + 1;
-    last = last < 0 ? first : std::max(std::min(last, core_.GetRowCount()), first);
+    long const last = view_.rows.GetLastFirst();
     SetScrollBars(std::min(view_.rows.GetFirst(), last) - first, last - first, view_.rows.GetPage(),
                   view_.columns.offset, view_.columns.GetGreatestOffset(),
                   std::max(view_.columns.extent - view_.columns.GetFrozenEnd(), 1L));
@@ -207,6 +205,8 @@ void CGXGridWnd::ScrollTo(long x, long y) {
 }
 
 void CGXGridWnd::MakeVisible(GridPlace const& place) {
+    // A window that has no size yet shows its beginning first.
+    if (view_.rows.extent == 0) return;
     long y = view_.rows.GetOffsetFor(place.row);
     if (y > view_.rows.offset) {
         // The next row that begins there or behind it, so that this one is seen whole.
@@ -254,6 +254,11 @@ void CGXGridWnd::ShowSelection(GridSelection const& former) {
         TellCurrentCell();
     }
     if (observer_) observer_->OnSelectionMoved();
+}
+
+void CGXGridWnd::KeepSelectionInside() {
+    GridRange const bounds = selection_.GetBounds();
+    if (bounds.bottom > core_.GetRowCount() || bounds.right > core_.GetColumnCount()) selection_.Clear();
 }
 
 void CGXGridWnd::SetCurrent(GridPlace const& place) {

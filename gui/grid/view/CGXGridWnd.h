@@ -158,16 +158,17 @@ public:
     bool StartEditing(GridPlace const& place, Utilities::String const* typed = nullptr);
     void EndEditing(bool accept);
     GridPlace const* GetEdited() const { return editing_ ? &edited_ : nullptr; }
-    void Undo() { ShowTouched(history_.Undo()); }
-    void Redo() { ShowTouched(history_.Redo()); }
-    void Copy();
+    void Undo();
+    void Redo();
+    /// False if nothing was copied: too much was selected, or some of its rows aren't there.
+    bool Copy();
     void Cut();
     void Paste();
     /// Rows that aren't frozen, by several columns; an empty list restores the order of the data. Refused if
     /// merged cells reach over several rows.
     bool SortRows(std::vector<GridSortKey> const& keys);
     std::vector<GridSortKey> const& GetSortKeys() const { return core_.GetArrangement().sortKeys; }
-    /// Makes the next cell with that text the current one.
+    /// Makes the next cell with that text the current one. Not in a table whose rows come by range.
     bool Find(Utilities::String const& text, bool backward = false);
     void HideRows(long first, long last, bool hidden);
     void HideCols(long first, long last, bool hidden);
@@ -213,6 +214,10 @@ private:
     /// The range to select for a cell.
     GridRange RangeOf(GridPlace const& place) const;
     void ShowSelection(GridSelection const& former);
+    void KeepSelectionInside();
+    /// The cells of a range, with rows that had to be asked for; false if there are too many or some don't
+    /// come.
+    bool CollectCells(GridRange const& range, GridTexts& cells);
     void RepaintRange(GridRange const& range);
     void RepaintLater(GridBox const& box);
     GridBox GetWindowBox() const { return {0, 0, view_.columns.extent, view_.rows.extent}; }

@@ -14,11 +14,11 @@ using Utilities::String;
 bool CGXGridWnd::StartEditing(GridPlace const& place, String const* typed) {
     if (!enabled_ || place.row < 1 || place.column < 1 || !core_.HasPlace(place)) return false;
     EndEditing(true);
+    MakeVisible(place);
     GridCellView const cell = GetCellView(place);
     auto const reaction = CGXControl::Of(cell.style.GetControl()).Edit(cell);
     if (reaction.kind == CGXControl::Reaction::Kind::Choose) return React(reaction, place);
     if (reaction.kind != CGXControl::Reaction::Kind::Edit) return false;
-    MakeVisible(place);
     editing_ = true;
     edited_ = place;
     String const text = cell.style.IsNumber() ? ShowGridNumber(cell.text, decimalSign_, false) : cell.text;
@@ -30,13 +30,14 @@ void CGXGridWnd::EndEditing(bool accept) {
     if (!std::exchange(editing_, false)) return;
     String const typed = GetEditorText();
     HideEditor();
-    if (!accept) return;
+    if (!accept || !core_.HasPlace(edited_)) return;
     String const text = core_.GetStyle(edited_).IsNumber() ? KeepGridNumber(typed, decimalSign_) : typed;
     if (!(text == core_.GetText(edited_))) SetText(edited_, text, false);
 }
 
 void CGXGridWnd::OnChosen(String const& text) {
-    if (!(text == core_.GetText(edited_))) SetText(edited_, text, true);
+    // The table may have got smaller while the choices were shown.
+    if (core_.HasPlace(edited_) && !(text == core_.GetText(edited_))) SetText(edited_, text, true);
 }
 
 void CGXGridWnd::SetText(GridPlace const& place, String const& text, bool merges) {
@@ -44,6 +45,18 @@ void CGXGridWnd::SetText(GridPlace const& place, String const& text, bool merges
     RepaintCell(place);
     TellCellChange(place);
     if (observer_) observer_->OnEndEditing(place);
+}
+
+void CGXGridWnd::Undo() {
+    std::vector<GridSortKey> const former = GetSortKeys();
+    ShowTouched(history_.Undo());
+    if (former != GetSortKeys() && observer_) observer_->OnSorted();
+}
+
+void CGXGridWnd::Redo() {
+    std::vector<GridSortKey> const former = GetSortKeys();
+    ShowTouched(history_.Redo());
+    if (former != GetSortKeys() && observer_) observer_->OnSorted();
 }
 
 void CGXGridWnd::ShowTouched(GridHistory::Touched touched) {
@@ -60,16 +73,30 @@ void CGXGridWnd::ShowTouched(GridHistory::Touched touched) {
 
 // ------------------------------------------------------------------ clipboard
 
-void CGXGridWnd::Copy() {
-    GridRange const range = selection_.GetBounds();
-    if (range.IsEmpty()) return;
-    GridTexts const cells = CopyGridCells(core_, range, decimalSign_);
+bool CGXGridWnd::CollectCells(GridRange const& range, GridTexts& cells) {
+    constexpr long most = 5000000;
+    if (range.IsEmpty() || range.GetRows() > most / range.GetColumns()) return false;
+    // So many rows by range are kept at once.
+    constexpr long piece = 4096;
+    for (long top = range.top; top <= range.bottom; top += piece) {
+        GridRange const part{top, range.left, std::min(top + piece - 1, range.bottom), range.right};
+        if (virtual_ && observer_) observer_->OnRowsShown(part.top, part.bottom);
+        for (long row = part.top; row <= part.bottom; ++row)
+            if (!HasRow(core_.GetRowLine(row))) return false;
+        for (auto& line : CopyGridCells(core_, part, decimalSign_)) cells.push_back(std::move(line));
+    }
+    return true;
+}
+
+bool CGXGridWnd::Copy() {
+    GridTexts cells;
+    if (!CollectCells(selection_.GetBounds(), cells)) return false;
     SetClipboard(WriteGridText(cells), WriteGridHtml(cells));
+    return true;
 }
 
 void CGXGridWnd::Cut() {
-    Copy();
-    ClearSelected();
+    if (Copy()) ClearSelected();
 }
 
 bool CGXGridWnd::CanChange(GridRange const& range) const {
@@ -85,7 +112,8 @@ void CGXGridWnd::ClearSelected() {
     history_.BeginStep();
     for (GridRange const& range : selection_.GetRanges())
         for (long row = range.top; row <= range.bottom; ++row)
-            for (long column = range.left; column <= range.right; ++column) {
+            for (long column = range.left;
+                 column <= range.right && core_.GetRows().Find(core_.GetRowLine(row)); ++column) {
                 GridPlace const place{row, column};
                 if (core_.GetText(place).Length() == 0 || core_.GetStyle(place).IsReadOnly()) continue;
                 history_.SetText(place, {});
@@ -181,6 +209,7 @@ bool CGXGridWnd::SortRows(std::vector<GridSortKey> const& keys) {
 }
 
 bool CGXGridWnd::Find(String const& text, bool backward) {
+    if (virtual_) return false;
     GridRange const found = FindGridText(core_, text, Clamped(selection_.GetCurrent()), backward);
     if (!found.IsEmpty()) SetCurrent(found.GetFirst());
     return !found.IsEmpty();

@@ -123,9 +123,11 @@ void CGXGridWnd::OnLeftButtonUp(long x, long y) {
 void CGXGridWnd::OnDoubleClick(long x, long y) {
     GridPlace const place = view_.GetPlaceAt(x, y);
     if (!enabled_ || place.row < 1 || place.column < 1) return;
-    if (y < view_.rows.GetFrozenEnd() &&
-        (sortable_ || GridViewport::FindEdge(view_.columns, core_.GetWidths(), x) > 0))
-        return;
+    // Two quick clicks are two clicks where each of them does something.
+    if (y < view_.rows.GetFrozenEnd()) return OnLeftButtonDown(x, y, {});
+    GridCellView const cell = GetCellView(place);
+    Kind const kind = CGXControl::Of(cell.style.GetControl()).Click(cell, x, y).kind;
+    if (kind == Kind::Set || kind == Kind::Fire) return OnLeftButtonDown(x, y, {});
     if (!StartEditing(place) && observer_) observer_->OnDoubleClicked(place);
 }
 
@@ -236,7 +238,8 @@ bool CGXGridWnd::OnKey(GridKey key, GridModifiers modifiers) {
     case GridKey::Delete:
         return ClearSelected(), true;
     case GridKey::Copy:
-        return Copy(), true;
+        Copy();
+        return true;
     case GridKey::Cut:
         return Cut(), true;
     case GridKey::Paste:

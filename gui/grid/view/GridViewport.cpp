@@ -30,6 +30,13 @@ long GridAxisView::GetGreatestOffset() const {
     return std::max(axis_.GetStart(axis_.GetCount() + 1) - std::max(extent, GetFrozenEnd() + 1), 0L);
 }
 
+long GridAxisView::GetLastFirst() const {
+    long const from = GetFrozenEnd() + GetGreatestOffset();
+    long line = axis_.GetLineAt(from);
+    if (line >= 0 && axis_.GetStart(line) < from) ++line;
+    return line < 0 ? frozen + 1 : std::max(std::min(line, axis_.GetCount()), frozen + 1);
+}
+
 long GridAxisView::GetOffsetFor(long line) const {
     if (line <= frozen) return offset;
     long const begin = GetPlace(line) - GetFrozenEnd();

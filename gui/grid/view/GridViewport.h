@@ -31,6 +31,8 @@ public:
     /// Lines that are seen whole, at least one: what a page is.
     long GetPage() const;
     long GetGreatestOffset() const;
+    /// The last line that may be the first one: from it on all that follow are seen.
+    long GetLastFirst() const;
     /// The offset at which a line is seen whole, changed as little as possible.
     long GetOffsetFor(long line) const;
     /// The same, with a line right behind the frozen ones.

@@ -135,7 +135,10 @@ TEST_P(HostileControl, MayVanishInAnyCall) {
     source_.values = {{{"it", "EntryTexts"}, texts("a")},
                       {{"it", "SelectedEntry"}, Anything("a")},
                       {{"it", "NumberOfValues"}, Anything(9L)},
-                      {{"it", "Text"}, Anything("text")}};
+                      {{"it", "Text"}, Anything("text")},
+                      {{"it", "NumberOfRows"}, Anything(2L)},
+                      {{"it", "NumberOfColumns"}, Anything(2L)},
+                      {{"it", "0"}, texts("cell")}};
     std::function<void()> const strikes[] = {[this] { element_ = nullptr; }, [this] { Open(); },
                                              [] { throw std::runtime_error("from a data source"); },
                                              [this] { element_->OnLanguageChanged(); }};
@@ -158,6 +161,6 @@ TEST_P(HostileControl, MayVanishInAnyCall) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Components, HostileControl,
-                         testing::Values("Button", "CheckBox", "DropDown", "Edit", "ListBox", "Menu",
+                         testing::Values("Button", "CheckBox", "DropDown", "Edit", "Grid", "ListBox", "Menu",
                                          "ScrollBar", "TabbedPaneSelector"),
                          [](auto const& row) { return std::string(row.param); });

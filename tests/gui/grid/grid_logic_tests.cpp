@@ -2,12 +2,14 @@
 // programs, and what mouse and keys do.
 #include "gui/grid/GridPages.h"
 #include "gui/grid/model/GridNumber.h"
+#include "gui/grid/printing/GridPrintLayout.h"
 #include "gui/grid/view/CGXGridWnd.h"
 #include "tests/support/RecordingDeviceContext.h"
 
 #include <gtest/gtest.h>
 #include <numeric>
 #include <random>
+#include <set>
 
 namespace {
 
@@ -430,6 +432,37 @@ TEST(GridPainting, VisitsOnlyWhatIsSeen) {
     grid.Paint(strip, {80, 40, 160, 60});
     ASSERT_EQ(strip.GetRows("DrawText").size(), 1U);
     EXPECT_NE(strip.GetRows("DrawText")[0].find("422"), std::string::npos) << strip.GetRows("DrawText")[0];
+}
+
+TEST(GridPrinting, RepeatsHeadsAndLosesNoCell) {
+    Window grid(100, 9);
+    GridPrintOptions options;
+    options.fitWidth = false;
+    // 2 of 8 columns and 3 of 97 rows go to a page beside the frozen ones.
+    GridPrintLayout const pages(grid.GetCore(), 3, 1, 240 + 1, 120 + 24, options);
+    ASSERT_EQ(pages.GetPages().size(), 4U * 33U);
+    std::multiset<std::string> texts;
+    GridColors const colors;
+    GridFonts fonts;
+    for (std::size_t page = 0; page < pages.GetPages().size(); ++page) {
+        TestSupport::RecordingDeviceContext context;
+        GridDrawing drawing(context, colors, '.', fonts);
+        pages.Paint(drawing, page);
+        for (std::string const& row : context.GetRows("DrawText")) texts.insert(row.substr(row.find('"')));
+    }
+    for (long row = 4; row <= 100; ++row)
+        for (long column = 2; column <= 9; ++column)
+            EXPECT_GE(texts.count("\"" + std::to_string(row * 10 + column) + "\""), 1U)
+                << row << " " << column;
+    EXPECT_EQ(texts.count("\"22\""), 33U) << "a head is on every page of its columns";
+    EXPECT_EQ(texts.count("\"11\""), 132U) << "the corner on all";
+    options.fitWidth = true;
+    GridPrintLayout const fitted(grid.GetCore(), 3, 1, 361, 120 + 24, options);
+    EXPECT_NEAR(fitted.GetScale(), 361.0 / 721.0, 1e-9);
+    EXPECT_EQ(fitted.GetPages().front().cells.right, 9);
+    options.footer = "";
+    // Heads that leave no room still let one row a page through.
+    EXPECT_EQ(GridPrintLayout(grid.GetCore(), 50, 1, 800, 100, options).GetPages().size(), 50U);
 }
 
 TEST(GridPagesOfRows, KeepWhatWasLookedAtLast) {

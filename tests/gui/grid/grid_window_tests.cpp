@@ -250,12 +250,22 @@ TEST_F(VirtualGrid, OutlivesWhatTheSourceDoes) {
     EXPECT_EQ(grid->GetRowCount(), 10);
     source_.count = 1000000;
     source_.Fire("it", "OnUpdate");
-    QPointer<CNorvelianGridCtrl> const gone(grid);
-    source_.strike = [this] { element_ = nullptr; };
-    grid->verticalScrollBar()->setValue(5000);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(gone.isNull());
-    EXPECT_EQ(GUI::ReleasedElements::GetCount(), 0U);
+    // Inside an event of the platform, and in calls of the host outside of any.
+    std::function<void(CNorvelianGridCtrl&)> const calls[] = {
+        [](CNorvelianGridCtrl& open) { open.verticalScrollBar()->setValue(5000); },
+        [this](CNorvelianGridCtrl& /*open*/) { source_.Fire("it", "OnUpdate", "Properties"); },
+        [this](CNorvelianGridCtrl& /*open*/) {
+            element_->FindElement("it").SetSize(300, 2500);
+            QApplication::processEvents();
+        }};
+    for (auto const& call : calls) {
+        QPointer<CNorvelianGridCtrl> const gone(&Open());
+        source_.strike = [this] { element_ = nullptr; };
+        call(*gone);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(gone.isNull());
+        EXPECT_EQ(GUI::ReleasedElements::GetCount(), 0U);
+    }
 }
 
 TEST_F(VirtualGrid, ShowsCellsToAssistiveTechnologyOnDemand) {

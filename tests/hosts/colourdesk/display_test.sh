@@ -61,23 +61,23 @@ await has_bar || fail "the window is $WIDTH by $HEIGHT"
 await is_painted || fail "the window stayed empty"
 
 # The fourth patch of the first row: the picture changes around it and in the details.
-xdotool mousemove --window "$window" 559 $((522 + bar)) click 1
+xdotool mousemove --window "$window" 559 $((531 + bar)) click 1
 await has_changed || fail "a click on a patch changed $changed pixels"
 
 # The large swatch has the colour of the patch, and the one selected before has lost its mark.
 colours() { import -window "$window" "$work/now.png" && convert "$work/now.png" -format "%[pixel:p{$1}] %[pixel:p{$2}]" info:; }
-shows_patch() { read -r swatch patch <<<"$(colours 80,$((561 + bar)) "$1")"; [ -n "$patch" ] && [ "$swatch" = "$patch" ]; }
-await shows_patch 559,$((522 + bar)) || fail "the swatch is $swatch, the patch that was clicked $patch"
+shows_patch() { read -r swatch patch <<<"$(colours 80,$((570 + bar)) "$1")"; [ -n "$patch" ] && [ "$swatch" = "$patch" ]; }
+await shows_patch 559,$((531 + bar)) || fail "the swatch is $swatch, the patch that was clicked $patch"
 import -window "$window" "$work/selected.png"
 xdotool key --window "$window" Tab key --window "$window" space
-await shows_patch 610,$((522 + bar)) || fail "by key the swatch is $swatch, the patch $patch"
-xdotool mousemove --window "$window" 456 $((522 + bar)) click 1
-await shows_patch 456,$((522 + bar)) || fail "the swatch is $swatch, the patch that was clicked $patch"
+await shows_patch 610,$((531 + bar)) || fail "by key the swatch is $swatch, the patch $patch"
+xdotool mousemove --window "$window" 456 $((531 + bar)) click 1
+await shows_patch 456,$((531 + bar)) || fail "the swatch is $swatch, the patch that was clicked $patch"
 import -window "$window" "$work/moved.png"
 # The patch that was selected first looks as it did before: no second ring stays.
 same_as_before() {
   import -window "$window" "$work/moved.png"
-  changed=$(compare -metric AE -extract 50x50+534+$((497 + bar)) "$work/before.png" "$work/moved.png" null: 2>&1 || true)
+  changed=$(compare -metric AE -extract 50x50+534+$((506 + bar)) "$work/before.png" "$work/moved.png" null: 2>&1 || true)
   [ "${changed%%[.e]*}" -eq 0 ]
 }
 await same_as_before || fail "the former selection left $changed pixels"
@@ -85,13 +85,13 @@ has_changed
 
 # A click on a spot of the chart selects its sample: the swatch gets the spot's colour, and one spot alone has the
 # black and white rings around it.
-spot=986,$((109 + bar))
+spot=1078,$((143 + bar))
 xdotool mousemove --window "$window" ${spot/,/ } click 1
-shows_spot() { read -r swatch mark <<<"$(colours 80,$((561 + bar)) $spot)"; [ -n "$mark" ] && [ "$swatch" = "$mark" ]; }
+shows_spot() { read -r swatch mark <<<"$(colours 80,$((570 + bar)) $spot)"; [ -n "$mark" ] && [ "$swatch" = "$mark" ]; }
 await shows_spot || fail "the swatch is $swatch, the spot that was clicked $mark"
 rings() {
   import -window "$window" "$work/now.png"
-  convert "$work/now.png" -crop 443x408+807+$((48 + bar)) +repage -fill black +opaque white \
+  convert "$work/now.png" -crop 443x370+807+$((96 + bar)) +repage -fill black +opaque white \
     -define connected-components:verbose=true -define connected-components:area-threshold=8 \
     -connected-components 8 null: | grep -c 'gray(255)\|white\|(255,255,255)'
 }
@@ -156,7 +156,7 @@ await has_saved || fail "no place was saved"
 x=$X y=$Y
 close_by_key
 
-patch_colour() { import -window "$window" "$work/now.png" && convert "$work/now.png" -format "%[pixel:p{80,$((561 + bar))}]" info:; }
+patch_colour() { import -window "$window" "$work/now.png" && convert "$work/now.png" -format "%[pixel:p{80,$((570 + bar))}]" info:; }
 start
 await is_painted || fail "the window stayed empty"
 plain=$(patch_colour)

@@ -118,6 +118,34 @@ TEST(SampleWindow, ManySamplesAreShownPageByPage) {
     EXPECT_EQ(name(), "S0");
 }
 
+TEST(SampleWindow, ShowsAllSamplesInATable) {
+    SampleWindow window = MakeWindow();
+    window.Select(4);
+    window.GetCallback("ShowTable", "OnClick").Execute("ShowTable");
+    EXPECT_EQ(window.GetValue("Views", "CurrentView").GetString(), "TableView");
+    EXPECT_EQ(window.GetValue("SampleGrid", "RowCount").GetLong(), 35);
+    auto const cell = [&window](long row, std::uint32_t column) {
+        auto const rows = window.GetValue("SampleGrid", "Rows " + Utilities::String(row) + "-99");
+        return rows.GetVectorOfAnythings()[0].GetVectorOfAnythings()[column].GetString().GetStdString();
+    };
+    EXPECT_EQ(cell(0, 0), "Name");
+    auto const& lab = window.GetDocument().GetSamples()[4].lab;
+    EXPECT_EQ(cell(5, 0), window.GetDocument().GetSamples()[4].name);
+    EXPECT_EQ(cell(5, 2), Utilities::String(lab[0], 2, '.').GetStdString());
+    EXPECT_EQ(cell(5, 5), Utilities::String(std::hypot(lab[1], lab[2]), 2, '.').GetStdString());
+    EXPECT_EQ(cell(5, 7), "0.00") << "the difference to itself";
+    EXPECT_NE(cell(6, 7), "0.00");
+    // Sorted, the largest difference first; what is clicked is the sample of that row.
+    window.SetValue("SampleGrid", "SortOrder", "-8");
+    EXPECT_EQ(cell(34, 7), "0.00");
+    Anything::VectorOfAnythings place(2);
+    place[0] = 2L;
+    place[1] = 1L;
+    std::string const first = cell(1, 0);
+    window.SetValue("SampleGrid", "CurrentCell", Anything(place));
+    EXPECT_EQ(window.GetValue("SampleName", "Caption").GetString(), first.c_str());
+}
+
 TEST(SampleWindow, PlacesBehindTheLastSampleAreEmpty) {
     SampleWindow window = MakeWindow();
     for (char const* const place : {"Patch2_0", "Patch0_17", "Patch9_9", "Patchx_y", "Patch"}) {

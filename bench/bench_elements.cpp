@@ -1,0 +1,330 @@
+// Bars, crosses, wheels, colour planes and smooth curves painted into a picture of 800 by 600 pixels. Ours
+// are whole paints with background, outline and all questions to the data source; QCustomPlot's rows include
+// its axes and labels, so the charts here have scales with numbers too.
+
+#include "gui/colour/GamutPlane.h"
+#include "gui/elements/Pane.h"
+#include "gui/platform/PlatformIndependentDeviceContext_PC.h"
+#include "tests/support/FakeDataSource.h"
+#include "tests/support/FakeWindowHost.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+#include <benchmark/benchmark.h>
+#include <cmath>
+#include <cstdlib>
+#include <functional>
+#include <lcms2.h>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#ifdef HAVE_QCUSTOMPLOT
+#include <qcustomplot.h>
+#endif
+
+namespace {
+
+using GUI::RGBVector;
+using TestSupport::Node;
+using Utilities::Anything;
+using Utilities::String;
+using Attributes = std::initializer_list<std::pair<char const*, char const*>>;
+using Draw = std::function<void(QImage&)>;
+
+constexpr int width = 800;
+constexpr int height = 600;
+
+QColor ColorOf(int i) { return QColor::fromHsv(i * 37 % 360, 200, 180); }
+RGBVector VectorOf(int i) {
+    QColor const color = ColorOf(i);
+    return {static_cast<unsigned char>(color.red()), static_cast<unsigned char>(color.green()),
+            static_cast<unsigned char>(color.blue())};
+}
+
+void Add(std::string const& name, Draw const& draw) {
+    benchmark::RegisterBenchmark(name.c_str(), [draw](benchmark::State& state) {
+        QImage image(width, height, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QImage const before = image.copy();
+        for (auto _ : state) draw(image);
+        if (image == before) state.SkipWithError("nothing is drawn");
+    })->Unit(benchmark::kMillisecond);
+}
+
+/// Windows of all elements, without a platform.
+TestSupport::FakeWindowHost& Host() {
+    static TestSupport::FakeWindowHost host;
+    return host;
+}
+
+/// An element that is painted with all that is inside it.
+struct Element {
+    TestSupport::FakeDataSource source;
+    Utilities::SmartPointer<GUI::GUIElement> element;
+
+    void Make(Attributes attributes, std::string const& message) {
+        auto const node = Node(attributes);
+        (*node)["ElementName"] = "E";
+        (*node)["BackgroundColor"] = "255,255,255";
+        element = Host().Create(node, &source);
+        element->SetSize(width, height);
+        element->OnUpdate("Properties");
+        element->OnUpdate(String(message));
+    }
+    void Scale(char const* graph, double xBegin, double xEnd, double yBegin, double yEnd) {
+        source.values[{graph, "XScaleBegin"}] = xBegin;
+        source.values[{graph, "XScaleEnd"}] = xEnd;
+        source.values[{graph, "YScaleBegin"}] = yBegin;
+        source.values[{graph, "YScaleEnd"}] = yEnd;
+        source.values[{graph, "XScaleDrawLines"}] = (xEnd - xBegin) / 8;
+        source.values[{graph, "YScaleDrawLines"}] = (yEnd - yBegin) / 5;
+    }
+    void Paint(QImage& image) {
+        GUI::PlatformIndependentDeviceContext_PC context(image);
+        Host().Paint(dynamic_cast<GUI::Pane&>(*element), context);
+    }
+    static void AddOurs(std::string const& name, std::shared_ptr<Element> const& element) {
+        Add(name + "/ours", [element](QImage& image) { element->Paint(image); });
+    }
+};
+
+#ifdef HAVE_QCUSTOMPLOT
+std::shared_ptr<QCustomPlot> MakePlot(double xBegin, double xEnd, double yBegin, double yEnd) {
+    auto plot = std::make_shared<QCustomPlot>();
+    plot->resize(width, height);
+    plot->setNotAntialiasedElements(QCP::aeAll);
+    plot->xAxis->setRange(xBegin, xEnd);
+    plot->yAxis->setRange(yBegin, yEnd);
+    return plot;
+}
+
+void AddPlot(std::string const& name, std::shared_ptr<QCustomPlot> const& plot) {
+    Add(name, [plot](QImage& image) {
+        plot->replot(QCustomPlot::rpQueuedRefresh);
+        QPainter painter(&image);
+        plot->render(&painter, {}, {}, QWidget::DrawChildren);
+    });
+}
+#endif
+
+// ------------------------------------------------------------------ bars
+
+double BarValue(int i) { return 0.1 + 0.8 * (i * 7919 % 1000) / 1000.0; }
+
+void AddBars(int count) {
+    std::string const name = "chart.bars-" + std::to_string(count);
+    auto const ours = std::make_shared<Element>();
+    ours->Scale("BarGraph", 0, count, 0, 1);
+    auto& values = ours->source.values;
+    values[{"BarGraph", "ValueBegin"}] = "0.5";
+    values[{"BarGraph", "ValueStep"}] = "1";
+    values[{"BarGraph", "BarWidth"}] = "0.75";
+    Anything::VectorOfAnythings column(static_cast<std::uint32_t>(count) + 1);
+    column[0] = "bars";
+    for (int i = 0; i < count; ++i) column[static_cast<std::uint32_t>(i) + 1] = BarValue(i);
+    values[{"BarGraph", "1"}] = Anything(column);
+    ours->Make({{"GUIElementType", "BarChart"},
+                {"JustificationOnX", "Yes"},
+                {"NumbersAtLines", "Yes"},
+                {"XScaleDrawLines", "10"},
+                {"YScaleDrawLines", "0.2"}},
+               "1;1-" + std::to_string(count) + ";1");
+    Element::AddOurs(name, ours);
+    Add(name + "/floor:fillRect", [count](QImage& image) {
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        double const step = 740.0 / count;
+        for (int i = 0; i < count; ++i) {
+            int const high = static_cast<int>(BarValue(i) * 560);
+            painter.fillRect(45 + static_cast<int>(i * step), 575 - high,
+                             std::max(static_cast<int>(step * 0.75), 1), high, QColor(200, 60, 60));
+        }
+    });
+#ifdef HAVE_QCUSTOMPLOT
+    auto const plot = MakePlot(-1, count, 0, 1);
+    auto* const bars = new QCPBars(plot->xAxis, plot->yAxis);
+    bars->setBrush(QColor(200, 60, 60));
+    bars->setPen(Qt::NoPen);
+    QVector<double> keys;
+    QVector<double> heights;
+    for (int i = 0; i < count; ++i) {
+        keys << i;
+        heights << BarValue(i);
+    }
+    bars->setData(keys, heights, true);
+    AddPlot(name + "/peer:QCPBars", plot);
+#endif
+}
+
+// ------------------------------------------------------------------ crosses
+
+std::vector<QPointF> Points(int count) {
+    std::mt19937 random(7);
+    std::normal_distribution<double> normal(0, 30);
+    std::vector<QPointF> points;
+    for (int i = 0; i < count; ++i) {
+        double const x = normal(random);
+        points.emplace_back(x, normal(random));
+    }
+    return points;
+}
+
+void AddCrosses(int count) {
+    std::string const name = "chart.crosses-" + std::to_string(count);
+    auto const points = std::make_shared<std::vector<QPointF> const>(Points(count));
+    auto const ours = std::make_shared<Element>();
+    ours->Scale("E", -100, 100, -100, 100);
+    for (int i = 0; i < count; ++i) {
+        Anything::VectorOfAnythings pair(2);
+        pair[0] = (*points)[static_cast<std::size_t>(i)].x();
+        pair[1] = (*points)[static_cast<std::size_t>(i)].y();
+        ours->source.values[{"E", std::to_string(i + 1)}] = Anything(pair);
+    }
+    ours->Make({{"GUIElementType", "CrossGraph"}}, "1;1-1;" + std::to_string(count));
+    Element::AddOurs(name, ours);
+    Add(name + "/floor:drawLine", [points](QImage& image) {
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setPen(QPen(Qt::black, 0));
+        for (QPointF const& point : *points) {
+            int const x = static_cast<int>(400 + point.x() * 4);
+            int const y = static_cast<int>(300 - point.y() * 3);
+            painter.drawLine(x - 6, y - 6, x + 6, y + 6);
+            painter.drawLine(x - 6, y + 6, x + 6, y - 6);
+        }
+    });
+#ifdef HAVE_QCUSTOMPLOT
+    auto const plot = MakePlot(-100, 100, -100, 100);
+    QCPGraph* const graph = plot->addGraph();
+    graph->setLineStyle(QCPGraph::lsNone);
+    graph->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssCross, 12));
+    graph->setAdaptiveSampling(false);
+    QVector<double> x;
+    QVector<double> y;
+    for (QPointF const& point : *points) {
+        x << point.x();
+        y << point.y();
+    }
+    graph->setData(x, y);
+    AddPlot(name + "/peer:QCustomPlot", plot);
+#endif
+}
+
+// ------------------------------------------------------------------ wheels
+
+void AddWheel(int slices) {
+    std::string const name = "chart.wheel-" + std::to_string(slices);
+    auto const ours = std::make_shared<Element>();
+    ours->source.values[{"E", "NumberOfSlices"}] = static_cast<short>(slices);
+    for (int i = 0; i < slices; ++i)
+        ours->source.values[{"E", "Color of Slice " + std::to_string(i)}] = VectorOf(i).GetAnything();
+    ours->Make({{"GUIElementType", "ColorWheel"}, {"Smooth", "Yes"}, {"BorderWidth", "0"}}, "data");
+    Element::AddOurs(name, ours);
+    Add(name + "/floor:drawPie", [slices](QImage& image) {
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        int const step = 5760 / slices;
+        for (int i = 0; i < slices; ++i) {
+            painter.setBrush(ColorOf(i));
+            painter.drawPie(100, 0, 600, 600, i * step, step);
+        }
+    });
+}
+
+// ------------------------------------------------------------------ planes
+
+void AddPlane() {
+    constexpr std::size_t side = 512;
+    constexpr double step = 200.0 / side;
+    auto const transform = std::make_shared<GUI::GamutPlane::Transform const>();
+    auto const plane = std::make_shared<GUI::GamutPlane const>(*transform);
+    auto const show = [](QImage& image, std::uint32_t const* pixels) {
+        image.setPixel(0, 0, pixels[side] | 1);
+    };
+    Add("chart.plane-512/ours", [=](QImage& image) {
+        GUI::GamutPlane::Place const place{{50, -100, 100}, {0, step, 0}, {0, 0, -step}};
+        auto const pixels = plane->Compute(place, side, side, {0xC6C6C6, 0x161616, 1});
+        show(image, pixels.data());
+    });
+    // The fastest that Little CMS has: a table, without the gamut.
+    auto const lab = std::make_shared<std::vector<cmsUInt16Number>>(3 * side * side);
+    for (std::size_t i = 0; i < side * side; ++i) {
+        cmsCIELab const colour{50, -100 + step * static_cast<double>(i % side),
+                               100 - step * static_cast<double>(i / side)};
+        cmsFloat2LabEncoded(lab->data() + 3 * i, &colour);
+    }
+    cmsHPROFILE const from = cmsCreateLab4Profile(nullptr);
+    cmsHPROFILE const to = cmsCreate_sRGBProfile();
+    cmsHTRANSFORM const table =
+        cmsCreateTransform(from, TYPE_Lab_16, to, TYPE_BGRA_8, INTENT_RELATIVE_COLORIMETRIC, 0);
+    Add("chart.plane-512/peer:LittleCMS", [=](QImage& image) {
+        std::vector<std::uint32_t> pixels(side * side);
+        cmsDoTransform(table, lab->data(), pixels.data(), side * side);
+        show(image, pixels.data());
+    });
+}
+
+// ------------------------------------------------------------------ smooth curves
+
+void AddCurves(std::string const& name, double penWidth) {
+    constexpr int count = 100;
+    constexpr int points = 36;
+    auto const value = [](int i, int k) {
+        return 0.5 + 0.3 * std::sin(0.1 * i + 0.18 * k) + 0.1 * std::cos(0.7 * i + 0.31 * k);
+    };
+    auto const ours = std::make_shared<Element>();
+    ours->Scale("E", 380, 730, 0, 1);
+    auto& values = ours->source.values;
+    values[{"E", "ValueBegin"}] = 380.0;
+    values[{"E", "ValueStep"}] = 10.0;
+    values[{"E", "LineWidth"}] = std::lround(penWidth);
+    for (int i = 0; i < count; ++i) {
+        Anything::VectorOfAnythings column(points + 1);
+        column[0] = "curve";
+        for (int k = 0; k < points; ++k) column[static_cast<std::uint32_t>(k) + 1] = value(i, k);
+        values[{"E", std::to_string(i + 1)}] = Anything(column);
+        QColor const color = ColorOf(i);
+        values[{"E", "CurveColor " + std::to_string(i)}] =
+            String(std::to_string(color.red()) + ";" + std::to_string(color.green()) + ";" +
+                   std::to_string(color.blue()));
+    }
+    ours->Make({{"GUIElementType", "XYGraph"}, {"Smooth", "Yes"}, {"DrawAxis", "No"}},
+               "1;1-36;" + std::to_string(count));
+    Element::AddOurs(name, ours);
+    Add(name + "/floor:drawPolyline", [=](QImage& image) {
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setClipRect(0, 0, width, height);
+        std::vector<QPointF> line;
+        for (int i = 0; i < count; ++i) {
+            painter.setPen(QPen(ColorOf(i), penWidth <= 1 ? 0 : penWidth));
+            line.clear();
+            for (int k = 0; k < points; ++k)
+                line.emplace_back(k * 800.0 / (points - 1), (1 - value(i, k)) * 600);
+            painter.drawPolyline(line.data(), static_cast<int>(line.size()));
+        }
+    });
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    QApplication const application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    for (int const count : {36, 1000}) AddBars(count);
+    // A message names no more than 65535 points.
+    for (int const count : {1000, 65000}) AddCrosses(count);
+    for (int const slices : {12, 100}) AddWheel(slices);
+    AddPlane();
+    AddCurves("chart.smooth-curves-100x36", 1);
+    AddCurves("chart.smooth-curves-wide-100x36", 2);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,37 @@
+// Charts and patches, or all samples in a table.
+#include "hosts/colourdesk/SampleWindow.h"
+
+namespace ColourDesk {
+
+using Utilities::Anything;
+using Utilities::String;
+
+void SampleWindow::ShowView(String const& view) {
+    if (view == view_) return;
+    view_ = view;
+    ExecuteCallback(views, "OnUpdate", {});
+    ExecuteCallback("ViewTabs", "OnUpdate", {});
+    if (view == chartsView) UpdateCharts();
+    UpdateGrid();
+}
+
+void SampleWindow::UpdateGrid() {
+    if (!(view_ == gridView)) return;
+    grid_.SetStandard(selected_);
+    ExecuteCallback(sampleGrid, "OnUpdate", {});
+    if (selected_ < 0) return;
+    Anything::MapOfAnythings select;
+    select["Command"] = "Select";
+    select["Row"] = grid_.GetRow(selected_);
+    select["Column"] = 1L;
+    ExecuteCallback(sampleGrid, "OnUpdate", select);
+}
+
+void SampleWindow::TakeGridValue(String const& key, Anything const& value) {
+    if (key == "SortOrder") grid_.Sort(value.GetString());
+    if (!(key == "CurrentCell")) return;
+    if (long const sample = grid_.GetSample(value.GetVectorOfAnythings()[0].GetLong()); sample >= 0)
+        Select(sample);
+}
+
+} // namespace ColourDesk
