@@ -65,6 +65,11 @@ SmartPointer<GUI::DescriptionTree> Described() {
     for (auto const& attribute : GUI::AttributeTable::Collect(type))
         if (attribute.mandatory && !node->FindValue(attribute.key))
             (*node)[attribute.key] = attribute.defaultValue;
+    // More than there is room for.
+    for (char const* const tab : {"A", "B", "C", "D"})
+        if (type == "TabbedPaneSelector")
+            node->AddChild(Node(
+                {{"GUIElementType", "TabCaption"}, {"ElementName", tab}, {"Caption", "a long caption"}}));
     return node;
 }
 SmartPointer<GUI::DescriptionTree> Wrapped(SmartPointer<GUI::DescriptionTree> const& node) {
