@@ -17,6 +17,7 @@
 #include <QScrollBar>
 #include <QStyleOptionSlider>
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -232,7 +233,12 @@ bool CNorvelianGridCtrl::focusNextPrevChild(bool next) {
 void CNorvelianGridCtrl::RepaintBox(GridBox const& box) { viewport()->update(ToRect(box)); }
 
 void CNorvelianGridCtrl::ScrollPixels(GridBox const& area, long dx, long dy) {
-    viewport()->scroll(static_cast<int>(dx), static_cast<int>(dy), ToRect(area));
+    // At a scale of 1.5 rows don't end where pixels of the screen do, and lines reach over their ends.
+    double const scale = viewport()->devicePixelRatioF();
+    if (scale == std::floor(scale))
+        viewport()->scroll(static_cast<int>(dx), static_cast<int>(dy), ToRect(area));
+    else
+        viewport()->update(ToRect(area));
 }
 
 void CNorvelianGridCtrl::SetScrollBars(long row, long lastRow, long rowPage, long x, long lastX, long xPage) {
