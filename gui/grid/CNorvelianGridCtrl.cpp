@@ -17,6 +17,7 @@
 #include <QScrollBar>
 #include <QStyleOptionSlider>
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -161,7 +162,10 @@ void CNorvelianGridCtrl::PaintViewport(QPaintEvent const& event) {
         if (auto const* const surface = dynamic_cast<CNorvelianSurface const*>(parentWidget()))
             context.SetTheme(surface->GetTheme());
         QRect const box = event.rect();
-        Paint(context, {box.left(), box.top(), box.left() + box.width(), box.top() + box.height()});
+        // Where pixels of the screen are finer, lines of the neighbours may reach into what is painted.
+        long const more = HasWholePixels() ? 0 : 1;
+        Paint(context, {box.left() - more, box.top() - more, box.left() + box.width() + more,
+                        box.top() + box.height() + more});
         return true;
     });
 }
@@ -232,7 +236,16 @@ bool CNorvelianGridCtrl::focusNextPrevChild(bool next) {
 void CNorvelianGridCtrl::RepaintBox(GridBox const& box) { viewport()->update(ToRect(box)); }
 
 void CNorvelianGridCtrl::ScrollPixels(GridBox const& area, long dx, long dy) {
-    viewport()->scroll(static_cast<int>(dx), static_cast<int>(dy), ToRect(area));
+    // Else rows don't end where pixels of the screen do.
+    if (HasWholePixels())
+        viewport()->scroll(static_cast<int>(dx), static_cast<int>(dy), ToRect(area));
+    else
+        viewport()->update(ToRect(area));
+}
+
+bool CNorvelianGridCtrl::HasWholePixels() const {
+    double const scale = viewport()->devicePixelRatioF();
+    return scale == std::floor(scale);
 }
 
 void CNorvelianGridCtrl::SetScrollBars(long row, long lastRow, long rowPage, long x, long lastX, long xPage) {

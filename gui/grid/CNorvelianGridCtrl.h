@@ -52,6 +52,8 @@ protected:
 private:
     /// Runs a handler as an event of the element.
     template <class Handler> void Run(Handler handler);
+    /// Whether a logical pixel is a whole number of the screen's; not at a scale of 1.5.
+    bool HasWholePixels() const;
     void PaintViewport(QPaintEvent const& event);
     bool OnMouse(QEvent& event);
     bool PassKey(QKeyEvent& event);

@@ -8,6 +8,7 @@
 
 #include <QLineEdit>
 #include <QMenu>
+#include <QScreen>
 #include <QScrollBar>
 #include <stdexcept>
 
@@ -287,4 +288,37 @@ TEST_F(VirtualGrid, ShowsCellsToAssistiveTechnologyOnDemand) {
     QAccessible::Id const first = QAccessible::uniqueId(cell);
     for (int row = 0; row < 5000; ++row) table->tableInterface()->cellAt(row, 0);
     EXPECT_EQ(QAccessible::accessibleInterface(first), nullptr) << "not all are kept";
+}
+
+TEST_F(GridElement, ScrollsToThePictureThatAWholePaintGives) {
+    auto& grid = Open({{"NumberOfRows", "300"},
+                       {"NumberOfColumns", "9"},
+                       {"NumberOfFixedRows", "1"},
+                       {"NumberOfFixedColumns", "1"},
+                       {"RowHeight", "20"},
+                       {"ColumnsWidth", "80"}});
+    Fill(300, 9);
+    Update("");
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(100, 50));
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::ShiftModifier, QPoint(200, 110));
+    auto const onScreen = [this] {
+        QApplication::processEvents();
+        return Window()
+            .screen()
+            ->grabWindow(Window().winId())
+            .toImage()
+            .convertToFormat(QImage::Format_RGB32);
+    };
+    int row = 0;
+    int x = 0;
+    for (auto const& [rows, pixels] :
+         {std::pair(1, 0), {3, 0}, {0, 17}, {-2, 0}, {1, 40}, {0, -30}, {90, 0}, {-1, 0}}) {
+        grid.verticalScrollBar()->setValue(row += rows);
+        grid.horizontalScrollBar()->setValue(x += pixels);
+        QImage const moved = onScreen();
+        grid.viewport()->update();
+        ASSERT_EQ(moved, onScreen()) << row << " " << x;
+    }
+    ASSERT_FALSE(onScreen().isNull());
+    EXPECT_EQ(grid.GetViewport().rows.GetFirst(), 2 + row);
 }
