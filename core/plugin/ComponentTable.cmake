@@ -152,6 +152,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/CNorvelianSurfaceTheme.cpp
   gui/shell/CNorvelianSurfaceInput.cpp
   gui/shell/CNorvelianWnd.cpp
+  gui/shell/ElementPicture_PC.cpp
   gui/shell/HelpFile.cpp
   gui/shell/NativeControl_PC.cpp
   gui/shell/PaintScope_PC.cpp

@@ -10,6 +10,7 @@
 #include "gui/platform/KeyCodes_PC.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/TextConversion_PC.h"
+#include "gui/shell/ElementPicture_PC.h"
 #include "gui/shell/EventGuard_PC.h"
 #include "gui/shell/HelpFile.h"
 #include "gui/shell/Menu_PC.h"
@@ -273,6 +274,11 @@ bool ApplicationImplementation_PC::IsOffscreen() const {
 }
 
 std::string ApplicationImplementation_PC::GetDisplayProfile() const { return ReadDisplayProfile(); }
+
+bool ApplicationImplementation_PC::SaveElementPicture(GUIElement& element, String const& fileName,
+                                                      unsigned long width) {
+    return ElementPicture_PC::Save(element, fileName, width);
+}
 
 bool ApplicationImplementation_PC::SaveWindowPicture(GUIElement& window, String const& fileName) {
     auto const identity = window.GetWindowID();

@@ -43,6 +43,8 @@ public:
     bool IsOffscreen() const override;
     std::string GetDisplayProfile() const override;
     bool SaveWindowPicture(GUIElement& window, Utilities::String const& fileName) override;
+    bool SaveElementPicture(GUIElement& element, Utilities::String const& fileName,
+                            unsigned long width) override;
 
     /// A text in the form `[OPEN("path")]` from the shell: each command goes to the message service
     /// under its verb, and a file to open to the application. Returns the application's answer;

@@ -57,6 +57,12 @@ public:
     /// Lets everything that waits to be laid out and painted do so, then writes the window's picture.
     /// The format is told by the file's extension. False if the file can't be written.
     virtual bool SaveWindowPicture(GUIElement& window, Utilities::String const& fileName) = 0;
+    /// Draws an element with all panes below it into a picture or, with the extension "pdf", on a page of
+    /// lines, figures and texts. The element keeps its layout and is scaled as a whole: `width` is that of
+    /// the picture in pixels, or of the page in points (1/72 inch); 0 is the element's own. Pictures are
+    /// marked as sRGB. Controls of the platform are left out. False if it can't be drawn or written.
+    virtual bool SaveElementPicture(GUIElement& element, Utilities::String const& fileName,
+                                    unsigned long width) = 0;
 };
 
 } // namespace GUI
