@@ -397,11 +397,12 @@ void OurPrint(benchmark::State& state) {
     Table const table("NumberOfRows='1000'");
     for (long row = 1; row <= fillRows; ++row)
         for (long column = 1; column <= columns; ++column)
-            table.element->SetCell(static_cast<unsigned short>(row), static_cast<unsigned short>(column), [&] {
-                GUI::AttributeMap cell;
-                cell["Value"] = String(TextOf(NumberOf(row, column)));
-                return cell;
-            }());
+            table.element->SetCell(static_cast<unsigned short>(row), static_cast<unsigned short>(column),
+                                   [&] {
+                                       GUI::AttributeMap cell;
+                                       cell["Value"] = String(TextOf(NumberOf(row, column)));
+                                       return cell;
+                                   }());
     std::string const file = "/tmp/bench-grid-" + std::to_string(getpid()) + ".pdf";
     Anything::MapOfAnythings command;
     command["Command"] = "Print";

@@ -67,9 +67,9 @@ public:
     /// of the arrays don't fit.
     void Convert(std::span<double const> lab, std::span<ScreenColour> colours) const;
 
-    /// What a colour comes to before it is cut to what the screen has: the channels, from 0 to 1 for those that
-    /// it can show and beyond for others, and how far the shown colour is from the wanted one in units of CIE
-    /// 1976 delta E.
+    /// What a colour comes to before it is cut to what the screen has: the channels, from 0 to 1 for those
+    /// that it can show and beyond for others, and how far the shown colour is from the wanted one in units
+    /// of CIE 1976 delta E.
     struct Shown {
         std::array<double, 3> rgb = {};
         double difference = 0;

@@ -18,7 +18,8 @@ namespace {
 
 namespace Keys = GraphAttributes;
 
-constexpr Attribute graphColor{"GraphColor", AttributeType::Colour, "255,255,255 panel", "Background of the graph"};
+constexpr Attribute graphColor{"GraphColor", AttributeType::Colour, "255,255,255 panel",
+                               "Background of the graph"};
 constexpr Attribute attributeList[] = {Keys::lineColor,       Keys::xScaleDrawLines,  Keys::xScaleGraduation,
                                        Keys::yScaleDrawLines, Keys::yScaleGraduation, graphColor,
                                        Keys::numbersAtLines,  PatchAttributes::smooth};

@@ -2,7 +2,9 @@
 
 #include "gui/platform/TextConversion_PC.h"
 
+#include <QCoreApplication>
 #include <QFontMetrics>
+#include <QPointer>
 #include <array>
 #include <functional>
 #include <memory>
@@ -45,10 +47,21 @@ std::unique_ptr<ShapedText> Shape(QFont const& font, QString const& text) {
     return shaped;
 }
 
+auto& Texts() {
+    static std::unordered_map<Key, std::unique_ptr<ShapedText>, KeyHash> texts;
+    return texts;
+}
+
 } // namespace
 
+void ForgetShapedTexts() { Texts().clear(); }
+
 ShapedText const* FindShapedText(QFont const& font, Utilities::String const& text) {
-    static std::unordered_map<Key, std::unique_ptr<ShapedText>, KeyHash> texts;
+    // Of an application object that a host has ended without telling.
+    static QPointer<QCoreApplication> application;
+    if (application != QCoreApplication::instance()) ForgetShapedTexts();
+    application = QCoreApplication::instance();
+    auto& texts = Texts();
     // What was asked for lately, by hash; a place that is taken by another text only delays its keeping.
     static std::array<std::size_t, 512> seen = {};
     // At scales such as 1.25 a line under the text would lie elsewhere.

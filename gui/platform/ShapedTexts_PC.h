@@ -23,4 +23,7 @@ struct ShapedText {
 /// `font` is one that `FindFont` gives. Valid until the next call. GUI thread only.
 ShapedText const* FindShapedText(QFont const& font, Utilities::String const& text);
 
+/// Forgets all texts: their glyphs are those of the present application object, and must go before it.
+void ForgetShapedTexts();
+
 } // namespace GUI

@@ -9,6 +9,7 @@
 #include "gui/platform/DisplayProfile_PC.h"
 #include "gui/platform/KeyCodes_PC.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
+#include "gui/platform/ShapedTexts_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 #include "gui/shell/ElementPicture_PC.h"
 #include "gui/shell/EventGuard_PC.h"
@@ -99,6 +100,7 @@ ApplicationImplementation_PC::ApplicationImplementation_PC() {
 ApplicationImplementation_PC::~ApplicationImplementation_PC() {
     if (!messageService_.IsNull())
         messageService_->RemoveCallback(Utilities::TranslationService::changedMessage);
+    ForgetShapedTexts();
     if (qApp) qApp->removeEventFilter(this);
 }
 

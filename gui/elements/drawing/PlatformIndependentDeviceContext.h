@@ -90,8 +90,8 @@ public:
     virtual void FillPie(short cx, short cy, short radius, float startAngle, float sweepAngle) = 0;
     virtual void DrawPolygon(Points points) = 0;
     virtual void FillPolygon(Points points) = 0;
-    /// The named image of the image service with its top left corner at (x, y). An icon, which is a drawing of
-    /// one tone, has the colour of texts.
+    /// The named image of the image service with its top left corner at (x, y). An icon, which is a drawing
+    /// of one tone, has the colour of texts.
     virtual void DrawImage(short x, short y, Utilities::String const& imageName) = 0;
     /// Text with its top left corner at (x, y), nothing behind it.
     virtual void DrawText(short x, short y, Utilities::String const& text) = 0;
