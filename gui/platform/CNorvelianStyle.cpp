@@ -211,6 +211,15 @@ void CNorvelianStyle::drawComplexControl(ComplexControl control, QStyleOptionCom
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
+QRect CNorvelianStyle::subElementRect(SubElement element, QStyleOption const* option,
+                                      QWidget const* widget) const {
+    constexpr int inset = 6;
+    QRect const rect = QProxyStyle::subElementRect(element, option, widget);
+    auto const* const frame = qstyleoption_cast<QStyleOptionFrame const*>(option);
+    bool const isFramed = element == SE_LineEditContents && frame && frame->lineWidth > 0;
+    return isFramed ? rect.adjusted(inset, 0, -inset, 0) : rect;
+}
+
 int CNorvelianStyle::pixelMetric(PixelMetric metric, QStyleOption const* option,
                                  QWidget const* widget) const {
     switch (metric) {

@@ -34,6 +34,8 @@ public:
                      QWidget const* widget) const override;
     void drawComplexControl(ComplexControl control, QStyleOptionComplex const* option, QPainter* painter,
                             QWidget const* widget) const override;
+    QRect subElementRect(SubElement element, QStyleOption const* option,
+                         QWidget const* widget) const override;
     int pixelMetric(PixelMetric metric, QStyleOption const* option, QWidget const* widget) const override;
     int styleHint(StyleHint hint, QStyleOption const* option, QWidget const* widget,
                   QStyleHintReturn* result) const override;

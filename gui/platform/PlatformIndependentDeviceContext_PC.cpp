@@ -446,7 +446,10 @@ void PlatformIndependentDeviceContext_PC::Polygon(Points const& points, bool fil
     QPainter& painter = PainterWithPen(Qt::MiterJoin, filled && (!pixels || smooth_) && !isFilled);
     std::vector<QPointF> middles;
     middles.reserve(corners.size());
-    for (QPoint const& corner : corners) middles.push_back(HasPen() ? PenMiddle(corner) : QPointF(corner));
+    auto const edge = [this](QPoint at) {
+        return HasGrid() ? QPointF(grid_.X(at.x()), grid_.Y(at.y())) : QPointF(at);
+    };
+    for (QPoint const& corner : corners) middles.push_back(HasPen() ? PenMiddle(corner) : edge(corner));
     painter.drawPolygon(middles.data(), static_cast<int>(middles.size()));
 }
 

@@ -199,9 +199,10 @@ void Application::Start() {
     RegisterComponent(DeskTools::componentName, &tools_);
     messages_->SetCallback(keyMessage, Utilities::MakeCallback(this, &Application::OnKey));
     messages_->SetCallback(openMessage, Utilities::MakeCallback(this, &Application::OnOpen));
-    if (options_.gallery)
+    if (options_.gallery) {
         gallery_ = std::make_unique<Gallery>();
-    else
+        gallery_->SetTheme(options_.theme);
+    } else
         Show(options_.file.empty() ? BundledFile() : options_.file);
 }
 

@@ -22,6 +22,12 @@ using Utilities::String;
 
 namespace {
 
+constexpr char const* tabs = "GalleryTabs";
+constexpr char const* pages = "GalleryPages";
+constexpr char const* tabSuffix = "Tab";
+constexpr char const* pageSuffix = "Page";
+constexpr char const* exampleWindow = "Example";
+
 std::string NameOf(DescriptionTree const& node) {
     return GUI::AttributeReader(node).Text(GUI::CommonAttributes::elementName);
 }
@@ -39,6 +45,14 @@ void Collect(DescriptionTree const& node, std::vector<SmartPointer<DescriptionTr
         if (!StateOf(NameOf(*child.Current())).empty()) examples.push_back(child.Current());
         Collect(*child.Current(), examples);
     }
+}
+
+DescriptionTree const* FindNode(DescriptionTree const& node, String const& name) {
+    for (auto child = node.GetChildren(); child.IsValid(); ++child) {
+        if (NameOf(*child.Current()) == name.GetStdString()) return child.Current().Get();
+        if (auto const* const found = FindNode(*child.Current(), name)) return found;
+    }
+    return nullptr;
 }
 
 Anything Illuminants() {
@@ -80,7 +94,7 @@ DescriptionTree WindowFor(SmartPointer<DescriptionTree> const& example) {
     frame->AddChild(example);
     DescriptionTree window;
     window["GUIElementType"] = "Window";
-    window["ElementName"] = "Example";
+    window["ElementName"] = exampleWindow;
     GUI::AttributeReader const reader(*example);
     auto const size = [&reader](GUI::Attribute const& attribute, unsigned long otherwise) {
         unsigned long const asked = reader.Unsigned(attribute);
@@ -104,16 +118,37 @@ Gallery::~Gallery() { window_ = nullptr; }
 GUI::GUIElement& Gallery::Open(DescriptionTree const& description) {
     window_ = Utilities::ResolveComponent<GUI::GUIElement>("Window");
     window_->Initialize(*noParent_, description, this);
+    return *window_;
+}
+
+void Gallery::BringStates(DescriptionTree const& node) {
     std::vector<SmartPointer<DescriptionTree>> examples;
-    Collect(description, examples);
+    Collect(node, examples);
     for (auto const& example : examples) {
         PutMouseOver(*window_, NameOf(*example));
         BringData(*window_, NameOf(*example));
     }
+}
+
+GUI::GUIElement& Gallery::Show() {
+    Open(description_);
+    if (auto const* const page = FindNode(description_, page_ + pageSuffix)) BringStates(*page);
     return *window_;
 }
 
-GUI::GUIElement& Gallery::Show() { return Open(description_); }
+long Gallery::OnPageChosen(Anything const& tab) {
+    std::string const name = tab.GetString();
+    page_ = name.substr(0, name.size() - std::string_view(tabSuffix).size());
+    ExecuteCallback(pages, "OnUpdate", {});
+    if (auto const* const page = FindNode(description_, page_ + pageSuffix)) BringStates(*page);
+    return 0;
+}
+
+Utilities::Callback Gallery::GetCallback(String const& element, String const& event) {
+    if (element == tabs && event == "OnTabChanged")
+        return Utilities::MakeCallback(this, &Gallery::OnPageChosen);
+    return DialogHandler::GetCallback(element, event);
+}
 
 void Gallery::WritePictures(std::string const& directory, GUI::ApplicationImplementation& platform) {
     std::error_code failure;
@@ -123,12 +158,18 @@ void Gallery::WritePictures(std::string const& directory, GUI::ApplicationImplem
     Collect(description_, examples);
     for (auto const& example : examples) {
         std::string const file = directory + "/" + NameOf(*example) + ".png";
-        if (!platform.SaveWindowPicture(Open(WindowFor(example)), file))
+        DescriptionTree const description = WindowFor(example);
+        GUI::GUIElement& window = Open(description);
+        BringStates(description);
+        if (!platform.SaveWindowPicture(window, file))
             throw ResourceException(file + ": the picture can't be written");
     }
 }
 
 Anything Gallery::GetValue(String const& element, String const& name) {
+    if (element == pages && name == "CurrentView") return page_ + pageSuffix;
+    if (element == tabs && name == "CurrentTab") return page_ + tabSuffix;
+    if ((element == "Gallery" || element == exampleWindow) && name == "Theme") return theme_;
     std::string const state = StateOf(element);
     if (Anything const data = GalleryData::GetValue(ComponentOf(element), state, name); data.IsValid())
         return data;

@@ -1,5 +1,6 @@
 #include "hosts/colourdesk/GalleryData.h"
 
+#include "Utilities/LanguageServiceInterface.h"
 #include "gui/elements/colour/RGBVector.h"
 
 #include <array>
@@ -142,6 +143,33 @@ Anything GetChartRow(String const& name) {
     return Row({"Sample", 40.0 + 3 * *number, 60 * std::cos(angle), 60 * std::sin(angle)});
 }
 
+Anything Translated(char const* key) { return Utilities::LanguageServiceInterface::GetTranslation(key); }
+
+Anything GetVerdict(std::string const& state, String const& name) {
+    if (name == "Verdict") return state.c_str();
+    if (name == "Quantity") return "\u0394E00";
+    if (name == "Condition") return "D50 \u00b7 2\u00b0 \u00b7 M1";
+    if (name == "Limit") return Translated("limit 1.00");
+    if (name == "Warning") return Translated("warning 0.80");
+    if (name == "Reason" && state == "Fail") return Translated("\u0394E00 1.19 above 1.00");
+    if (name == "Value")
+        return state == "Pass" ? "0.75" : state == "Marginal" ? "0.92" : state == "Fail" ? "1.19" : "";
+    return {};
+}
+
+Anything GetNotice(std::string const& state, String const& name) {
+    bool const isError = state == "Error";
+    bool const isBusy = state == "Busy";
+    if (name == "Notice") return state.c_str();
+    if (name == "Title")
+        return Translated(isError ? "File not loaded" : isBusy ? "Measuring 2 of 3" : "No readings yet");
+    if (name == "Text" && !isBusy)
+        return Translated(isError ? "The earlier data is kept." : "Press F9 or choose Measure.");
+    if (name == "Hint" && isBusy) return Translated("Esc stops");
+    if (name == "Progress") return 2.0 / 3;
+    return {};
+}
+
 } // namespace
 
 namespace {
@@ -203,6 +231,8 @@ Anything GetValue(std::string const& component, std::string const& state, String
             return Row({50 * std::cos(2 * pi * *point / spots), 50 * std::sin(2 * pi * *point / spots)});
         return Scale{-100, 100, 50, -100, 100, 50}.Get(name);
     }
+    if (component == "Verdict") return GetVerdict(state, name);
+    if (component == "Notice") return GetNotice(state, name);
     if (component == "ImagePatch" && name == "Region" && state == "Region") {
         Anything::MapOfAnythings box;
         box["Left"] = 4L;
