@@ -138,10 +138,10 @@ void WaitUntilGone(pid_t thread) {
 } // namespace
 
 void BlockKilling() {
-    sigset_t signals;
-    ::sigemptyset(&signals);
-    ::sigaddset(&signals, Signal());
-    ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    sigset_t blocked;
+    ::sigemptyset(&blocked);
+    ::sigaddset(&blocked, Signal());
+    ::pthread_sigmask(SIG_BLOCK, &blocked, nullptr);
 }
 
 bool KillThread(pthread_t thread, std::atomic<bool> const& ended, std::chrono::milliseconds patience) {
