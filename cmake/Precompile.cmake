@@ -1,6 +1,6 @@
-# Headers that most units of a target include, compiled once for it. A third off a unit's time; but a compiler cache
-# can't share units among working copies then: switch it off there.
-option(NORVELIAN_PRECOMPILE "Precompile headers" ON)
+# Headers that most units of a target include, compiled once for it: a third off a unit's time. Off at first, since a
+# compiler cache gives stale units with them and can't share units among working copies; CCACHE_DISABLE=1 with it.
+option(NORVELIAN_PRECOMPILE "Precompile headers" OFF)
 
 set(NORVELIAN_COMMON_HEADERS <algorithm> <cmath> <functional> <map> <memory> <optional> <string> <string_view>
     <utility> <vector>)
