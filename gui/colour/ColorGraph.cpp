@@ -184,7 +184,11 @@ void ColorGraph::DrawPlane(PlatformIndependentDeviceContext& context, Axes const
     unsigned long paneWidth = 0;
     unsigned long paneHeight = 0;
     GetSize(paneWidth, paneHeight);
-    double const scale = context.GetScale();
+    // A pane beyond any screen is shown in coarser pixels, rather than in memory for each of its own.
+    constexpr double mostPixels = 1e7;
+    double scale = context.GetScale();
+    double const area = static_cast<double>(paneWidth) * static_cast<double>(paneHeight) * scale * scale;
+    if (area > mostPixels) scale *= std::sqrt(mostPixels / area);
     auto const pixels = [scale](unsigned long size) {
         return static_cast<std::size_t>(std::lround(scale * static_cast<double>(size)));
     };

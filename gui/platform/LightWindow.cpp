@@ -143,7 +143,10 @@ void LightWindowTree::Settle() {
     while (!untold_.empty()) {
         LightWindow& window = *untold_.back();
         untold_.pop_back();
-        if (window.owner_) window.owner_->OnPlaced(window.box_, window.visible_);
+        // The owner may let the window go, with the boxes in it.
+        PixelBox const box = window.box_;
+        PixelBox const visible = window.visible_;
+        if (window.owner_) window.owner_->OnPlaced(box, visible);
     }
 }
 
