@@ -7,8 +7,6 @@
 
 namespace GUI::ScaleNumbers {
 
-using Utilities::String;
-
 namespace {
 
 constexpr int mostDecimals = 6;

@@ -155,8 +155,9 @@ void ColorWheel::DrawWarnings(PlatformIndependentDeviceContext& context, Geometr
     for (long i = 0; i < count; ++i) {
         RGBVector const& color = sliceColors_[static_cast<std::size_t>(i)];
         if (color.IsInGamut()) continue;
-        double const degrees =
-            static_cast<double>(((2 * i + 1) * 360) / (2 * count)) + static_cast<double>(baseAngle_);
+        // Whole degrees, as slices are found.
+        long const middle = ((2 * i + 1) * 360) / (2 * count);
+        double const degrees = static_cast<double>(middle) + static_cast<double>(baseAngle_);
         double const angle = degrees * fullCircle / 360;
         double const distance = wheel.radius * signPlace;
         auto const x = static_cast<short>(wheel.centerX - WarningSign::left + std::cos(angle) * distance);

@@ -84,9 +84,11 @@ void ComputeEach(ScreenModel const& model, GamutPlane::Place const& place, Pictu
             bool const isLookedAt = isBeginInside || isEndInside;
             for (std::size_t x = begin; x < end; ++x) {
                 if (row.beyond[x] > 0 && !(isLookedAt && look(x))) continue;
+                // Never negative: raised by a half it is rounded when the rest is cut off.
+                constexpr auto half = 0.5F;
                 auto const channel = [&](std::size_t i) {
-                    return static_cast<std::uint32_t>(
-                        static_cast<int>(model.ToDevice(i, row.light[i][x]) + 0.5F));
+                    float const raised = model.ToDevice(i, row.light[i][x]) + half;
+                    return static_cast<std::uint32_t>(static_cast<int>(raised));
                 };
                 pixels[x] = channel(0) << 16U | channel(1) << 8U | channel(2);
             }

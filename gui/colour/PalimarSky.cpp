@@ -127,7 +127,7 @@ std::int16_t PalimarSky::FindSlice(long x, long y) {
         SkyPoint const tip = corner(innerRadius_, 90);
         if (at.IsInTriangle(tip, corner(innerRadius_, 30), corner(innerRadius_, -30)))
             return static_cast<std::int16_t>(firstTriangle + i);
-        double const half = innerRadius_ / 2;
+        int const half = innerRadius_ / 2;
         if (at.IsInTriangle(tip, corner(half, 30), {}) || at.IsInTriangle(tip, corner(half, 150), {}))
             return static_cast<std::int16_t>(i);
     }

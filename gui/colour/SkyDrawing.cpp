@@ -84,8 +84,8 @@ void SkyDrawing::Warning(double radius, double angle, RGBVector const& color) co
 
 void SkyDrawing::RingSlice(int index, RGBVector const& color) const {
     SelectColor(color, 1);
-    context_->FillPie(centerX_, centerY_, outer_, static_cast<float>(index * ringStep - ringStep / 2),
-                      ringStep);
+    int const start = index * ringStep - ringStep / 2;
+    context_->FillPie(centerX_, centerY_, outer_, static_cast<float>(start), ringStep);
 }
 
 void SkyDrawing::RingOutline(int index, RGBVector const& color) const {
@@ -111,7 +111,8 @@ void SkyDrawing::RingOutline(int index, RGBVector const& color) const {
 
 void SkyDrawing::RingWarning(int index, RGBVector const& color) const {
     int const degrees = ((2 * index + 1) * 360) / 24 - 15;
-    Warning((outer_ + inner_) / 2, degrees * 4 * std::acos(0.0) / 360, color);
+    int const middle = (outer_ + inner_) / 2;
+    Warning(middle, degrees * 4 * std::acos(0.0) / 360, color);
 }
 
 void SkyDrawing::Disc() const {
@@ -133,14 +134,17 @@ void SkyDrawing::Triangle(int index, RGBVector const& color, bool isSelected) co
                                        corners[1] + SkyPoint::Polar(CornerShift(inset, 60), turn + 210),
                                        corners[2] + SkyPoint::Polar(sharp, turn - 45)}));
     }
-    Warning(inner_ - inner_ / 3, Radians(turn + 30), color);
+    int const middle = inner_ - inner_ / 3;
+    Warning(middle, Radians(turn + 30), color);
 }
 
 void SkyDrawing::Kite(int index, RGBVector const& color) const {
     int const turn = index * 120;
+    // In whole pixels, as all radii are.
+    int const half = inner_ / 2;
     SkyPoint const tip = SkyPoint::Polar(inner_, turn + 90);
-    SkyPoint const before = SkyPoint::Polar(inner_ / 2, turn + 30);
-    SkyPoint const behind = SkyPoint::Polar(inner_ / 2, turn + 150);
+    SkyPoint const before = SkyPoint::Polar(half, turn + 30);
+    SkyPoint const behind = SkyPoint::Polar(half, turn + 150);
     SelectColor(color, 1);
     context_->FillPolygon(Polygon({{}, before, tip, behind}));
     SelectContrast(color);
@@ -153,18 +157,18 @@ void SkyDrawing::Kite(int index, RGBVector const& color) const {
     mark(tip, -90, -60, 240);
     mark(before, 165, 210, 120);
     mark(behind, 15, 60, -30);
-    Warning(inner_ / 2, Radians(turn + 90), color);
+    Warning(half, Radians(turn + 90), color);
 }
 
 void SkyDrawing::KiteOutline(int index, RGBVector const& color) const {
     int const turn = index * 120;
+    int const half = inner_ / 2;
     double const shift = CornerShift(0, 45);
     SelectContrast(color);
-    context_->DrawPolygon(
-        Polygon({SkyPoint::Polar(shift, turn + 90),
-                 SkyPoint::Polar(inner_ / 2, turn + 30) + SkyPoint::Polar(shift, turn + 165),
-                 SkyPoint::Polar(inner_, turn + 90) + SkyPoint::Polar(shift, turn - 90),
-                 SkyPoint::Polar(inner_ / 2, turn + 150) + SkyPoint::Polar(shift, turn + 15)}));
+    context_->DrawPolygon(Polygon({SkyPoint::Polar(shift, turn + 90),
+                                   SkyPoint::Polar(half, turn + 30) + SkyPoint::Polar(shift, turn + 165),
+                                   SkyPoint::Polar(inner_, turn + 90) + SkyPoint::Polar(shift, turn - 90),
+                                   SkyPoint::Polar(half, turn + 150) + SkyPoint::Polar(shift, turn + 15)}));
 }
 
 } // namespace GUI
