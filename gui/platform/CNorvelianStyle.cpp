@@ -201,6 +201,15 @@ void CNorvelianStyle::drawControl(ControlElement element, QStyleOption const* op
         painter->setFont(font);
         return QProxyStyle::drawControl(element, &label, painter, widget);
     }
+    bool const isMenuItem = element == CE_MenuItem || element == CE_MenuBarItem;
+    auto const* const item = isMenuItem ? qstyleoption_cast<QStyleOptionMenuItem const*>(option) : nullptr;
+    if (item && Has(*item, State_Selected) && Has(*item, State_Enabled)) {
+        // The platform's style writes on the highlight as on any ground.
+        QStyleOptionMenuItem highlighted = *item;
+        for (auto const role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
+            highlighted.palette.setColor(role, Get(ThemeRole::AccentInk));
+        return QProxyStyle::drawControl(element, &highlighted, painter, widget);
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 

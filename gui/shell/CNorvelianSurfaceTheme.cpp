@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QPainter>
+#include <QToolTip>
 
 namespace GUI {
 
@@ -27,6 +28,9 @@ void CNorvelianSurface::SetTheme(std::optional<Theme> const& theme) {
             (style_ = new CNorvelianStyle(*theme))->setParent(&top);
     }
     top.setPalette(theme ? style_->GetPalette() : QPalette());
+    // Tool tips have one look in the process: that of the window that changed last.
+    static QPalette const plainToolTips = QToolTip::palette();
+    QToolTip::setPalette(theme ? style_->GetPalette() : plainToolTips);
     for (QWidget* const widget : top.findChildren<QWidget*>())
         if (qobject_cast<QMenu*>(widget) ||
             (widget->parentWidget() == &top && widget != this && !widget->isWindow()))
