@@ -30,7 +30,7 @@ AttributeTable const separatorTable(separator, nullptr, {}, AttributeTable::Kind
 Utilities::SmartPointer<Menu::Items> FindNode(Menu::Items& items, long command) {
     for (auto it = items.GetChildren(); it.IsValid(); ++it) {
         if (it.Current()->GetCommand() == command) return it.Current();
-        if (auto const found = FindNode(*it.Current(), command); !found.IsNull()) return found;
+        if (auto found = FindNode(*it.Current(), command); !found.IsNull()) return found;
     }
     return {};
 }
