@@ -82,7 +82,7 @@ void Grid::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree
 long Grid::OnUpdate(Anything const& command) {
     CallScope const call(*this);
     if (command.IsOfTypeMap()) {
-        AttributeMap const arguments = command.GetMapOfAnythings();
+        AttributeMap const& arguments = command.GetMapOfAnythings();
         Anything const* const name = arguments.FindValue("Command");
         return name && name->IsOfTypeString() && RunCommand(name->GetString(), arguments) ? 1 : 0;
     }

@@ -12,7 +12,6 @@ namespace GUI {
 using Norvelian::Utilities::Exceptions::OutOfRangeException;
 using Utilities::Anything;
 using Utilities::LanguageServiceInterface;
-using Utilities::String;
 
 namespace {
 

@@ -241,7 +241,6 @@ int CNorvelianStyle::pixelMetric(PixelMetric metric, QStyleOption const* option,
         return 2 * textMargin;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
-        return 0;
     case PM_MenuBarItemSpacing:
         return 0;
     case PM_MenuBarVMargin:

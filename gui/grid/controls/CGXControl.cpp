@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
 
 namespace GUI {
@@ -203,8 +204,7 @@ public:
                 std::clamp((*value - scale.minimum) / (scale.maximum - scale.minimum), 0.0, 1.0);
             auto const x = static_cast<short>(field.left + i * (field.GetWidth() - 1) / (count - 1));
             auto const y = static_cast<short>(
-                field.bottom - 1 -
-                static_cast<long>(share * static_cast<double>(field.GetHeight() - 1) + 0.5));
+                field.bottom - 1 - std::lround(share * static_cast<double>(field.GetHeight() - 1)));
             if (begun)
                 context.LineTo(x, y);
             else

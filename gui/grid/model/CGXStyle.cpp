@@ -71,7 +71,8 @@ RGBVector GetContrast(RGBVector const& background) {
     long const blue = background.GetBlue();
     // Blue counts a third, as a whole number.
     constexpr double brightest = 224;
-    double const value = std::sqrt(static_cast<double>(red * red + green * green + (blue * blue) / 3));
+    long const blueShare = (blue * blue) / 3;
+    double const value = std::sqrt(static_cast<double>(red * red + green * green + blueShare));
     RGBVector const contrast = value <= brightest ? RGBVector(255, 255, 255) : RGBVector(0, 0, 0);
     // The grounds of a theme have its ink.
     return background.GetRole() == ThemeRole::None ? contrast : RGBVector(ThemeRole::Ink, contrast);

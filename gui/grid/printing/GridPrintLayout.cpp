@@ -3,6 +3,7 @@
 #include "gui/grid/controls/CGXControl.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace GUI {
 
@@ -26,7 +27,7 @@ GridPrintLayout::GridPrintLayout(CGXGridCore const& core, long frozenRows, long 
     // The line at the right of the last column needs a pixel, too.
     long const whole = widths.GetStart(core.GetColumnCount() + 1) + 1;
     if (options.fitWidth && whole > width) scale_ = static_cast<double>(width) / static_cast<double>(whole);
-    width_ = static_cast<long>(static_cast<double>(width) / scale_ + 0.5);
+    width_ = std::lround(static_cast<double>(width) / scale_);
     height_ = static_cast<long>(static_cast<double>(height) / scale_);
     long const room = height_ - HeightOf(options.title, titleHeight) - HeightOf(options.footer, footerHeight);
     for (auto const& [left, right] : Divide(widths, frozenColumns_, width_))

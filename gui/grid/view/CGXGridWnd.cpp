@@ -7,9 +7,11 @@
 
 namespace GUI {
 
-using Utilities::String;
-
-CGXGridWnd::CGXGridWnd() { ShowHeaders(false, false); }
+CGXGridWnd::CGXGridWnd() {
+    // There is no window to arrange yet.
+    core_.GetHeights().Hide(0, 0, true);
+    core_.GetWidths().Hide(0, 0, true);
+}
 
 // ------------------------------------------------------------------ the table
 

@@ -222,7 +222,6 @@ bool CGXGridWnd::OnKey(GridKey key, GridModifiers modifiers) {
     GridPlace const current = selection_.GetCurrent();
     switch (key) {
     case GridKey::Tab:
-        return false;
     case GridKey::Escape:
         return false;
     case GridKey::Enter:
