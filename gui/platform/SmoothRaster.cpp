@@ -136,7 +136,10 @@ public:
                     if (share != 0 && at > begin) visit(row, begin, std::min(at, width_), share);
                     sum += changes[at];
                     changes[at] = 0;
-                    share = static_cast<std::uint32_t>(std::min(std::abs(sum), 1.0F) * 256 + 0.5F);
+                    // Never negative: raised by a half it is rounded when the rest is cut off.
+                    constexpr auto half = 0.5F;
+                    float const raised = std::min(std::abs(sum), 1.0F) * 256 + half;
+                    share = static_cast<std::uint32_t>(raised);
                     begin = at;
                 }
             }

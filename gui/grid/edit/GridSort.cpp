@@ -6,7 +6,6 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <ranges>
 #include <string_view>
 
 namespace GUI {
@@ -95,8 +94,8 @@ GridOrder::Lines SortGridRows(CGXGridCore const& core, long first, std::span<Gri
     lines.reserve(static_cast<std::size_t>(std::max(core.GetRowCount() - first + 1, 0L)));
     for (long row = first; row <= core.GetRowCount(); ++row) lines.push_back(core.GetRowLine(row));
     // Each sort is stable, so the first key comes last.
-    for (auto const& key : std::views::reverse(keys))
-        if (core.HasPlace({0, key.column})) SortBy(core, lines, key, decimalSign);
+    for (std::size_t i = keys.size(); i > 0; --i)
+        if (core.HasPlace({0, keys[i - 1].column})) SortBy(core, lines, keys[i - 1], decimalSign);
     return lines;
 }
 
