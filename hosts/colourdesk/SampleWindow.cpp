@@ -248,7 +248,7 @@ Anything SampleWindow::GetDetail(String const& element, String const& key) const
     if (element == "SampleName") return shown.name.c_str();
     if (element == "SamplePosition") return PositionText().c_str();
     if (StartsWith(element, "Sample"))
-        if (Anything const number = GetNumber(element, shown.lab); number.IsValid()) return number;
+        if (Anything number = GetNumber(element, shown.lab); number.IsValid()) return number;
     if (element == "SampleCondition" || element == "TableCondition") return shown.condition.c_str();
     if (element == "SampleGamut") return shown.color.IsInGamut() ? "" : "outside the screen's gamut";
     return {};
