@@ -171,7 +171,7 @@ Anything Gallery::GetValue(String const& element, String const& name) {
     if (element == tabs && name == "CurrentTab") return page_ + tabSuffix;
     if ((element == "Gallery" || element == exampleWindow) && name == "Theme") return theme_;
     std::string const state = StateOf(element);
-    if (Anything const data = GalleryData::GetValue(ComponentOf(element), state, name); data.IsValid())
+    if (Anything data = GalleryData::GetValue(ComponentOf(element), state, name); data.IsValid())
         return data;
     if (state.empty()) return {};
     if (name == "Enable" || name == "Enabled") return !state.ends_with("Disabled");
