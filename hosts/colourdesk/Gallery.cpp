@@ -171,8 +171,7 @@ Anything Gallery::GetValue(String const& element, String const& name) {
     if (element == tabs && name == "CurrentTab") return page_ + tabSuffix;
     if ((element == "Gallery" || element == exampleWindow) && name == "Theme") return theme_;
     std::string const state = StateOf(element);
-    if (Anything data = GalleryData::GetValue(ComponentOf(element), state, name); data.IsValid())
-        return data;
+    if (Anything data = GalleryData::GetValue(ComponentOf(element), state, name); data.IsValid()) return data;
     if (state.empty()) return {};
     if (name == "Enable" || name == "Enabled") return !state.ends_with("Disabled");
     if (name == "Focus") return state.ends_with("Focus");
