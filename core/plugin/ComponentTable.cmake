@@ -65,6 +65,7 @@ set(NORVELIAN_COMPONENT_SOURCES
 
 # Units without a creator, and last the exports.
 set(NORVELIAN_SUPPORT_SOURCES
+  gui/charts/BarGraphLabels.cpp
   gui/charts/Chart.cpp
   gui/charts/CurveBands.cpp
   gui/charts/CurveLook.cpp

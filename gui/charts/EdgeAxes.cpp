@@ -78,7 +78,6 @@ void EdgeAxes::DrawScales(PlatformIndependentDeviceContext& context, Box const& 
     long const bottom = plot.top + plot.height;
     long const right = plot.left + plot.width;
     context.SetPen(axisColor, 1, PlatformIndependentDeviceContext::solid);
-    context.DrawLine(Short(plot.left - 1), Short(plot.top), Short(plot.left - 1), Short(bottom + 1));
     context.DrawLine(Short(plot.left - 1), Short(bottom), Short(right), Short(bottom));
     PlotText::SelectFont(context);
     RGBVector const formerText = context.SetTextColor(captionColor);
@@ -95,6 +94,17 @@ void EdgeAxes::DrawScales(PlatformIndependentDeviceContext& context, Box const& 
         free = left + number.width;
         context.DrawText(Short(left), Short(xStep + tick), number.text);
     }
+    context.SetTextColor(formerText);
+    DrawLeftScale(context, plot, range);
+}
+
+void EdgeAxes::DrawLeftScale(PlatformIndependentDeviceContext& context, Box const& plot,
+                             PlotRange const& range) {
+    long const bottom = plot.top + plot.height;
+    context.SetPen(axisColor, 1, PlatformIndependentDeviceContext::solid);
+    context.DrawLine(Short(plot.left - 1), Short(plot.top), Short(plot.left - 1), Short(bottom + 1));
+    PlotText::SelectFont(context);
+    RGBVector const formerText = context.SetTextColor(captionColor);
     long lowest = bottom + roomDown;
     for (auto const& number : ScaleNumbers::Multiples(context, range.yBegin, range.yEnd,
                                                       StepOf(range.yBegin, range.yEnd, plot.height, false))) {

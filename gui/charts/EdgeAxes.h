@@ -37,6 +37,9 @@ public:
     /// is left out. `strip` is what the X axis leaves free below its line.
     static void DrawScales(PlatformIndependentDeviceContext& context, Box const& plot, PlotRange const& range,
                            long strip);
+    /// The left one alone.
+    static void DrawLeftScale(PlatformIndependentDeviceContext& context, Box const& plot,
+                              PlotRange const& range);
     /// The title of the Y scale above its upper end, from the left edge on, and that of the X scale below the
     /// numbers; each is cut off where it has no room.
     static void DrawTitles(PlatformIndependentDeviceContext& context, Box const& plot, long paneWidth,

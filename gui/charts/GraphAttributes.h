@@ -46,6 +46,11 @@ inline constexpr Attribute xTitle{"XTitle", AttributeType::Text, "", "Title of t
 inline constexpr Attribute yTitle{"YTitle", AttributeType::Text, "", "Title of the Y scale, with its unit"};
 inline constexpr Attribute spectrum{"Spectrum", AttributeType::Flag, "No",
                                     "The colours of the visible spectrum under the X scale, which is in nm"};
+inline constexpr Attribute labels{
+    "Labels", AttributeType::Flag, "No",
+    "Name, value and verdict of each bar in words and signs, over its own tolerance"};
+inline constexpr Attribute barFormat{"ValueFormat", AttributeType::Text, "Difference",
+                                     "How the bars' values are written: a quantity of the number formats"};
 inline constexpr Attribute colorBarType{
     "ColorBarType", AttributeType::Text, "No",
     "Coloured bars along the edges: \"ab\", \"L\" or none; \"NoGraph\" crosses out"};

@@ -43,6 +43,8 @@ void XYGraph::Initialize(PlatformIndependentWindowID const& parent, DescriptionT
     AttributeReader const attributes(description);
     smooth_ = attributes.Flag(PatchAttributes::smooth);
     hasEdgeAxes_ = attributes.Text(Keys::axes) == "Edges";
+    // The scales' own lines are enough.
+    if (hasEdgeAxes_) SetFrame(false);
     isDifference_ = attributes.Flag(Keys::difference);
     hasCases_ = attributes.Flag(Keys::cases);
     hasLegend_ = attributes.Text(Keys::legend) == "Inside";
