@@ -111,7 +111,9 @@ bool DrawPicture(Subject const& subject, double scale, QBuffer& file, char const
     painter.end();
     image.setDevicePixelRatio(1);
     image.setColorSpace(QColorSpace::SRgb);
-    return image.save(&file, format);
+    // Of a PNG this is how hard it is packed, not how good it is.
+    constexpr int quick = 80;
+    return image.save(&file, format, QByteArray(format).toLower() == "png" ? quick : -1);
 }
 
 bool DrawPage(Subject const& subject, double scale, QBuffer& file) {
