@@ -241,11 +241,22 @@ void AddWheel(int slices) {
 
 // ------------------------------------------------------------------ parts
 
-/// As a window paints a part: the element with what is in it, clipped to a box.
-void PaintPart(GUI::Pane& pane, QImage& image, QRect const& part) {
-    GUI::PlatformIndependentDeviceContext_PC context(image, {QPoint(), part}, {&image, QPoint()});
-    Host().Paint(pane, context);
-}
+/// While it lives, parts that have changed are painted into a picture as a window paints them.
+class PartPainter {
+public:
+    explicit PartPainter(QImage& image) {
+        Host().SetPartPainter([&image](GUI::Pane& pane, GUI::PaneBox const& box) {
+            QRect const part(static_cast<int>(box.left), static_cast<int>(box.top),
+                             static_cast<int>(box.right - box.left), static_cast<int>(box.bottom - box.top));
+            GUI::PlatformIndependentDeviceContext_PC context(image, {QPoint(), part & image.rect()},
+                                                             {&image, QPoint()});
+            Host().Paint(pane, context);
+        });
+    }
+    ~PartPainter() { Host().SetPartPainter({}); }
+    PartPainter(PartPainter const&) = delete;
+    PartPainter& operator=(PartPainter const&) = delete;
+};
 
 /// One field of a sky takes another colour: the question for all colours, and the paint of the field's part.
 void AddSky() {
@@ -259,15 +270,10 @@ void AddSky() {
     auto const turn = std::make_shared<int>(0);
     Add("chart.sky-field/ours", [=](QImage& image) {
         ours->source.values[{"E", "Color of Slice 102"}] = VectorOf(++*turn % 50).GetAnything();
+        PartPainter const painter(image);
         ours->element->OnUpdate("data");
-        // The box that the element asks its window for.
-        PaintPart(dynamic_cast<GUI::Pane&>(*ours->element), image, QRect(384, 0, 197, 219));
     });
-    Add("chart.sky-field/floor:whole", [=](QImage& image) {
-        ours->source.values[{"E", "Color of Slice 102"}] = VectorOf(++*turn % 50).GetAnything();
-        ours->element->OnUpdate("data");
-        ours->Paint(image);
-    });
+    Add("chart.sky-field/floor:whole", [=](QImage& image) { ours->Paint(image); });
 }
 
 /// The message for a value of a feed, with the paint of its part: late in a shift and early in it.
@@ -290,10 +296,9 @@ void AddLive() {
         std::string const last = std::to_string(number);
         values[{"E", "1;" + last + "-" + last}] = Anything(added);
         std::string const message = last + ";1-" + last + ";1";
-        int const place = number * width / 36000;
         Add(std::string("chart.live/") + (number > 300 ? "ours" : "floor:300th"), [=](QImage& image) {
+            PartPainter const painter(image);
             ours->element->OnUpdate(String(message));
-            PaintPart(dynamic_cast<GUI::Pane&>(*ours->element), image, QRect(place - 8, 0, 17, height));
         });
     }
 }

@@ -182,7 +182,7 @@ std::pair<std::size_t, std::size_t> XYGraph::PaintedValues(PlatformIndependentDe
     double const perPixel = (map.xEnd - map.xBegin) / map.width / GetDeltaXValue();
     if (!box || !map.xIsHorizontal || !(perPixel > 0)) return {0, count};
     // A line's pen reaches into the part from beside it.
-    constexpr double room = 40;
+    constexpr double room = 12;
     double const zero = (map.xBegin - GetXValueBegin()) / GetDeltaXValue();
     auto const number = [&](double pixel) {
         double const at = zero + (pixel - map.left) * perPixel;

@@ -97,10 +97,11 @@ PaneBox PalimarSky::BoxOf(int number) const {
     unsigned long height = 0;
     GetSize(width, height);
     SkyPoint const middle{static_cast<double>(width / 2), static_cast<double>(height / 2)};
-    // For pens, rounded edges and a warning sign in a small field.
-    constexpr long room = 16;
+    // For pens and rounded edges; and from the middle of a warning sign, which may be larger than its field.
+    constexpr long pen = 3;
+    constexpr long sign = 14;
     PaneBox box{32767, 32767, -32768, -32768};
-    auto const take = [&](double radius, int degrees) {
+    auto const take = [&](double radius, int degrees, long room) {
         SkyPoint const at = middle + SkyPoint::Polar(radius, degrees);
         auto const x = static_cast<long>(at.x);
         auto const y = static_cast<long>(at.y);
@@ -110,15 +111,19 @@ PaneBox PalimarSky::BoxOf(int number) const {
         constexpr int step = 5;
         int const middleAngle = (number - firstRingSlice) * 30;
         for (int degrees = middleAngle - 15; degrees <= middleAngle + 15; degrees += step) {
-            take(outerRadius_, degrees);
-            take(innerRadius_, degrees);
+            take(outerRadius_, degrees, pen);
+            take(innerRadius_, degrees, pen);
         }
+        take((outerRadius_ + innerRadius_) / 2.0, middleAngle, sign);
     } else if (number >= firstTriangle) {
-        for (int const corner : {-30, 30, 90}) take(innerRadius_, (number - firstTriangle) * 120 + corner);
+        for (int const corner : {-30, 30, 90})
+            take(innerRadius_, (number - firstTriangle) * 120 + corner, pen);
+        take(innerRadius_ * 2 / 3.0, (number - firstTriangle) * 120 + 30, sign);
     } else {
-        take(0, 0);
-        take(innerRadius_, number * 120 + 90);
-        for (int const corner : {30, 150}) take(innerRadius_ / 2, number * 120 + corner);
+        take(0, 0, pen);
+        take(innerRadius_, number * 120 + 90, pen);
+        for (int const corner : {30, 150}) take(innerRadius_ / 2, number * 120 + corner, pen);
+        take(innerRadius_ / 2.0, number * 120 + 90, sign);
     }
     return box;
 }

@@ -19,10 +19,15 @@ using Utilities::SmartPointer;
 
 namespace {
 
-class FakeWindowID : public PlatformIndependentWindowID {
+class FakeWindowID : public PlatformIndependentWindowID, public GUI::PartlyPaintedWindow {
 public:
+    explicit FakeWindowID(FakeWindowHost::State* host = nullptr) : host_(host) {}
+    void RepaintPart(GUI::PaneBox const& box) override;
     Diagnostics::String GetValueString() override { return "FakeWindowID"; }
     bool PrepareForUnload() override { return true; }
+
+private:
+    FakeWindowHost::State* host_;
 };
 
 class FakeControl;
@@ -34,6 +39,7 @@ struct FakeWindowHost::State {
     std::uint32_t lastID = 0;
     std::vector<FakeControl*> controls;
     std::vector<std::unique_ptr<Utilities::ComponentCreatorBase>> creators;
+    std::function<void(Pane&, GUI::PaneBox const&)> paintPart;
 
     FakeControl& Find(Pane const& pane) const;
 };
@@ -82,6 +88,13 @@ public:
             if (std::exchange(control->dirty_, false)) control->PaintOnce(context);
     }
 
+    void RepaintPart(GUI::PaneBox const& box) {
+        if (host_.paintPart && GetPane())
+            host_.paintPart(*GetPane(), box);
+        else
+            Repaint();
+    }
+    std::uint32_t GetID() const { return id_; }
     Pane const* GetOwner() const { return GetPane(); }
     int paints = 0;
 
@@ -128,6 +141,16 @@ private:
 
 } // namespace
 
+void FakeWindowID::RepaintPart(GUI::PaneBox const& box) {
+    if (!host_) return;
+    for (FakeControl* const control : std::vector<FakeControl*>(host_->controls))
+        if (control->GetID() == GetID()) control->RepaintPart(box);
+}
+
+void FakeWindowHost::SetPartPainter(std::function<void(Pane&, GUI::PaneBox const&)> paint) {
+    state_->paintPart = std::move(paint);
+}
+
 FakeControl& FakeWindowHost::State::Find(Pane const& pane) const {
     for (FakeControl* const control : controls)
         if (control->GetOwner() == &pane) return *control;
@@ -150,8 +173,9 @@ FakeWindowHost::FakeWindowHost() : state_(std::make_unique<State>()) {
     add("AdvancedControlImpl", [state = state_.get()] {
         return SmartPointer<Utilities::Component>(Utilities::MakeSmart<FakeControl>(*state));
     });
-    add("PlatformIndependentWindowID",
-        [] { return SmartPointer<Utilities::Component>(Utilities::MakeSmart<FakeWindowID>()); });
+    add("PlatformIndependentWindowID", [state = state_.get()] {
+        return SmartPointer<Utilities::Component>(Utilities::MakeSmart<FakeWindowID>(state));
+    });
 }
 
 FakeWindowHost::~FakeWindowHost() { GUI::ReleasedElements::DestroyIdle(); }

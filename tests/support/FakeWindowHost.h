@@ -1,9 +1,11 @@
 #pragma once
 
 #include "gui/elements/GUIElement.h"
+#include "gui/elements/PaintedPart.h"
 #include "gui/elements/Pane.h"
 #include "gui/elements/description/Description.h"
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <utility>
@@ -37,6 +39,8 @@ public:
 
     /// The platform asks the window to paint itself, and then what is in it, on one surface.
     void Paint(GUI::Pane const& pane, GUI::PlatformIndependentDeviceContext& context);
+    /// What paints a part of a pane that has changed; without it the whole pane is painted.
+    void SetPartPainter(std::function<void(GUI::Pane&, GUI::PaneBox const&)> paint);
     bool Click(GUI::Pane const& pane, long x, long y, bool controlKey = false);
     bool Move(GUI::Pane const& pane, long x, long y);
     Utilities::String GetToolTip(GUI::Pane const& pane, unsigned short x, unsigned short y);

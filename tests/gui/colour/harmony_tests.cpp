@@ -186,6 +186,37 @@ TEST_F(HarmonyTest, TheSkysFieldsAreFound) {
     EXPECT_FALSE(Get().IsDragable({2, 2}));
 }
 
+TEST_F(HarmonyTest, TheSkyPaintsThePartOfTheFieldThatChanged) {
+    Make("PalimarSky", 240, 240, {{"OuterRadius", "115"}, {"InnerRadius", "80"}});
+    Get().OnUpdate("data");
+    std::vector<GUI::PaneBox> parts;
+    host.SetPartPainter([&](Pane&, GUI::PaneBox const& box) { parts.push_back(box); });
+    unsigned char tone = 0;
+    for (int const number :
+         {0, 1, 2, 10, 11, 12, 100, 101, 102, 103, 104, 105, 106, 107, 108, 109, 110, 111}) {
+        parts.clear();
+        Color(number, RGBVector(++tone, 2, 3));
+        Get().OnUpdate("data");
+        ASSERT_EQ(parts.size(), 1U) << number;
+        auto const& [left, top, right, bottom] = parts[0];
+        EXPECT_LT((right - left) * (bottom - top), 240 * 240 / 2) << number;
+        String const region = String("Slice ") + String(long{number});
+        for (long y = 0; y < 240; y += 3)
+            for (long x = 0; x < 240; x += 3) {
+                if (!(Get().GetRegion(static_cast<unsigned long>(x), static_cast<unsigned long>(y)) ==
+                      region))
+                    continue;
+                EXPECT_TRUE(left <= x && x < right && top <= y && y < bottom)
+                    << number << ": " << x << "," << y;
+            }
+    }
+    int const before = host.GetPaintCount(Get());
+    Color(0, RGBVector(200, 2, 3));
+    Color(1, RGBVector(200, 2, 3));
+    Get().OnUpdate("data");
+    EXPECT_EQ(host.GetPaintCount(Get()), before + 1) << "of several the whole";
+}
+
 TEST_F(HarmonyTest, TheSkyOutlinesTheSelectedField) {
     Make("PalimarSky", 400, 400, {{"OuterRadius", "180"}, {"InnerRadius", "100"}});
     Color(100, {100, 200, 200});
