@@ -11,12 +11,16 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/Button_PC.cpp
   gui/controls/CheckBox_PC.cpp
   gui/colour/CirclePatch.cpp
+  services/clipboard/ClipboardService_PC.cpp
   gui/colour/ColorGraph.cpp
   gui/controls/ColorImageButton.cpp
   services/ColorLibraryTextAdapter.cpp
   gui/colour/ColorWheel.cpp
+  services/clipboard/CopyPasteHandler.cpp
   gui/charts/CrossGraph.cpp
+  services/clipboard/DataSource_PC.cpp
   gui/shell/Dialog_PC.cpp
+  services/information/DllInformation_PC.cpp
   gui/controls/DropDown_PC.cpp
   gui/controls/Edit_PC.cpp
   gui/controls/FixedText_PC.cpp
@@ -34,17 +38,21 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/LabGraph.cpp
   services/LanguageService.cpp
   gui/controls/ListBox_PC.cpp
+  services/information/LoadedModules_PC.cpp
   gui/layout/LoopBox.cpp
   gui/shell/Menu_PC.cpp
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
+  services/information/OperatingSystem_PC.cpp
   gui/colour/Patch.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
+  services/programs/RunApplicationDataSource_PC.cpp
   gui/controls/ScrollBar_PC.cpp
   services/SelectionService.cpp
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
+  services/information/SystemFileName_PC.cpp
   gui/layout/TabbedPaneSelector.cpp
   gui/layout/TabCaption.cpp
   services/TextAdapter.cpp
@@ -161,6 +169,11 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/TopLevelTheme_PC.cpp
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
+  services/clipboard/GatheredData_PC.cpp
+  services/information/DistributionPackage_PC.cpp
+  services/information/PackageNote.cpp
+  services/programs/ChildProcesses_PC.cpp
+  services/programs/CommandLine.cpp
   services/ImageDirectory.cpp
   services/IniText.cpp
   services/JpegReader_PC.cpp
