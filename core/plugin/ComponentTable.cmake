@@ -51,6 +51,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/ToolBar.cpp
+  gui/tree/TreeView_PC.cpp
   gui/layout/VBoxRegistration.cpp
   gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
@@ -143,11 +144,13 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/SmoothRaster.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
+  gui/platform/DragData_PC.cpp
   gui/platform/DropData_PC.cpp
   gui/platform/LightWindow.cpp
   gui/shell/CNorvelianAccessible.cpp
   gui/shell/CNorvelianAdvancedControl.cpp
   gui/shell/CNorvelianDialog.cpp
+  gui/shell/CNorvelianScrollArea.cpp
   gui/shell/CNorvelianSurface.cpp
   gui/shell/CNorvelianSurfaceTheme.cpp
   gui/shell/CNorvelianSurfaceInput.cpp
@@ -161,6 +164,15 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/TopLevelTheme_PC.cpp
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
+  gui/tree/CNorvelianAccessibleTree.cpp
+  gui/tree/CNorvelianTreeCtrl.cpp
+  gui/tree/TreePainter.cpp
+  gui/tree/TreeRows.cpp
+  gui/tree/TreeState.cpp
+  gui/tree/TreeView.cpp
+  gui/tree/TreeWnd.cpp
+  gui/tree/TreeWndDrags.cpp
+  gui/tree/TreeWndInput.cpp
   services/ImageDirectory.cpp
   services/IniText.cpp
   services/JpegReader_PC.cpp
