@@ -59,6 +59,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/ToolBar.cpp
+  gui/tree/TreeView_PC.cpp
   gui/layout/VBoxRegistration.cpp
   gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
@@ -151,11 +152,13 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/SmoothRaster.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
+  gui/platform/DragData_PC.cpp
   gui/platform/DropData_PC.cpp
   gui/platform/LightWindow.cpp
   gui/shell/CNorvelianAccessible.cpp
   gui/shell/CNorvelianAdvancedControl.cpp
   gui/shell/CNorvelianDialog.cpp
+  gui/shell/CNorvelianScrollArea.cpp
   gui/shell/CNorvelianSurface.cpp
   gui/shell/CNorvelianSurfaceTheme.cpp
   gui/shell/CNorvelianSurfaceInput.cpp
@@ -174,6 +177,15 @@ set(NORVELIAN_SUPPORT_SOURCES
   services/information/PackageNote.cpp
   services/programs/ChildProcesses_PC.cpp
   services/programs/CommandLine.cpp
+  gui/tree/CNorvelianAccessibleTree.cpp
+  gui/tree/CNorvelianTreeCtrl.cpp
+  gui/tree/TreePainter.cpp
+  gui/tree/TreeRows.cpp
+  gui/tree/TreeState.cpp
+  gui/tree/TreeView.cpp
+  gui/tree/TreeWnd.cpp
+  gui/tree/TreeWndDrags.cpp
+  gui/tree/TreeWndInput.cpp
   services/ImageDirectory.cpp
   services/IniText.cpp
   services/JpegReader_PC.cpp

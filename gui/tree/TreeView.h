@@ -3,10 +3,14 @@
 #include "gui/controls/ControlAttributes.h"
 #include "gui/elements/GUIElement.h"
 #include "gui/elements/TreeHolder.h"
+#include "gui/tree/TreeWnd.h"
 
+#include <set>
 #include <vector>
 
 namespace GUI {
+
+class DropDataObject;
 
 /// A tree of nodes that open and close, with columns, check boxes and texts that can be changed in place.
 /// This class reads the description and the data source; `TreeView_PC` shows what it has read.
@@ -36,7 +40,9 @@ namespace GUI {
 /// whose result isn't 0 refuses, and the tree stays as it was. "OnDropped" comes with a map of "Path",
 /// "Place"
 /// ("On", "Before", "After") and what was dropped ("Text", "Files", "Color"); its result 1 says it was taken.
-class TreeView : public GUIElement, public TreeHolder {
+/// A node that is dragged out takes its texts and colour along unless "DragData path" gives a map of "Text",
+/// "Files" (vector of paths) and "Color".
+class TreeView : public GUIElement, public TreeHolder, protected TreeObserver {
 public:
     static constexpr Attribute headingsAttribute{
         "Headings", AttributeType::Text, "",
@@ -83,6 +89,61 @@ public:
                                                ControlAttributes::accessibleName};
 
     Diagnostics::String GetValueString() override { return "TreeView"; }
+    void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
+                    DialogDataSource* dataSource) override;
+    long OnUpdate(Utilities::Anything const& command) override;
+    void OnLanguageChanged() override;
+
+    void SetRoot(Utilities::SmartPointer<TreeViewNode> const& root) override;
+    Utilities::SmartPointer<TreeViewNode> GetRoot() const override;
+    TreeViewNode* GetCurrentNode() override;
+    void SelectNode(TreeViewNode& node) override;
+    void UpdateTree() override;
+
+protected:
+    /// Null once the element is released.
+    virtual TreeWnd* GetTree() const = 0;
+    /// Hands over what the description says.
+    void SetUpTree();
+    /// What was dropped on a node; true if it was taken.
+    bool TakeDrop(DropDataObject const& data, TreeDropPlace const& place);
+    bool MayDrop() const { return droppable_; }
+    /// What the data source gives to drag the current node out; invalid for the usual.
+    Utilities::Anything GetDragData();
+
+private:
+    void OnSelectionMoved() override;
+    void OnOpened(TreeViewNode& node, bool open) override;
+    void OnChildrenWanted(TreeViewNode& node) override;
+    void OnChecked(TreeViewNode& node) override;
+    void OnActivated(TreeViewNode& node) override;
+    bool OnRenamed(TreeViewNode& node, Utilities::String const& text) override;
+    bool OnMoved(TreeViewNode& node, TreeViewNode& parent, TreeViewNode* before) override;
+
+    void ReadColumns();
+    void ReadTree();
+    void ReadSelection();
+    /// False if the element was released.
+    bool ReadChildren(Utilities::String const& path);
+    bool ReadOpenNodes();
+    long RunCommand(AttributeMap const& arguments);
+    void TellEvent(char const* value, char const* event, Utilities::Anything const& argument);
+
+    std::vector<Utilities::String> headings_;
+    std::vector<TreeColumn> columns_;
+    CGXStyle style_;
+    long rowHeight_ = 26;
+    long indentation_ = 20;
+    bool several_ = false;
+    bool editable_ = false;
+    bool linkedChecks_ = false;
+    bool movable_ = false;
+    bool draggable_ = false;
+    bool droppable_ = false;
+    /// The tree is the host's own.
+    bool given_ = false;
+    /// Paths of nodes whose children the data source was asked for.
+    std::set<std::string> asked_;
 };
 
 } // namespace GUI
