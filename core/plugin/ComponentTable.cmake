@@ -47,6 +47,11 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/colour/Patch.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
+  inspection/PropertyContent.cpp
+  inspection/PropertyInspector.cpp
+  inspection/PropertyInspectorDefault.cpp
+  inspection/PropertyInspectorSample.cpp
+  inspection/PropertyInspectorMenuHandler.cpp
   services/programs/RunApplicationDataSource_PC.cpp
   gui/controls/ScrollBar_PC.cpp
   services/SelectionService.cpp
@@ -172,6 +177,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/TopLevelTheme_PC.cpp
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
+  inspection/PropertyTree.cpp
   services/clipboard/GatheredData_PC.cpp
   services/information/DistributionPackage_PC.cpp
   services/information/PackageNote.cpp
