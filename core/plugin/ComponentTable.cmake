@@ -87,6 +87,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/charts/ToleranceContour.cpp
   gui/charts/UpdateMessage.cpp
   gui/charts/ZeroAxes.cpp
+  gui/colour/ColorSpots.cpp
   gui/colour/GamutPlane.cpp
   gui/colour/HarmonyElement.cpp
   gui/colour/ScreenModel.cpp
@@ -155,6 +156,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/RasterSurface.cpp
   gui/platform/ShapedTexts_PC.cpp
   gui/platform/SmoothRaster.cpp
+  gui/platform/SvgDeviceContext_PC.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
   gui/platform/DragData_PC.cpp

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace GUI {
 
@@ -291,6 +292,17 @@ void BarGraph::DrawLimits(PlatformIndependentDeviceContext& context, Scale const
     for (double const limit : {positivLimit_, -negativLimit_})
         if (scale.yBegin <= limit && limit < scale.yEnd)
             scale.DrawLine(context, scale.xBegin, limit, scale.xEnd, limit);
+}
+
+String BarGraph::GetNumberTable() {
+    if (bars_.empty()) return {};
+    NumberTable table;
+    table.Add("").Add(title_).EndRow();
+    for (std::size_t bar = 0; bar < bars_.size(); ++bar) {
+        constexpr double none = std::numeric_limits<double>::quiet_NaN();
+        table.Add(XOf(bar)).Add(bars_[bar].isMissing ? none : bars_[bar].value).EndRow();
+    }
+    return table.Take();
 }
 
 String BarGraph::GetToolTipText(unsigned short x, unsigned short y) {

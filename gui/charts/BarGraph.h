@@ -2,6 +2,7 @@
 
 #include "gui/charts/Graph.h"
 #include "gui/charts/UpdateMessage.h"
+#include "gui/elements/NumberTable.h"
 
 #include <vector>
 
@@ -26,7 +27,7 @@ namespace GUI {
 ///
 /// A data message is "first;column-last;other" or "first;column"; it announces `last - first + 1` bars. More
 /// values than announced throw `OutOfRangeException`, and what was there stays.
-class BarGraph : public Graph {
+class BarGraph : public Graph, public SupportsNumberTable {
 public:
     Diagnostics::String GetValueString() override { return "BarGraph"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -38,6 +39,8 @@ public:
 
     /// The lower limit is given as a magnitude.
     virtual void GetLimits(double& negative, double& positive);
+    /// A column of X values, and one of the bars' values.
+    Utilities::String GetNumberTable() override;
 
 private:
     struct Bar {

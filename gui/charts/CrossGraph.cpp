@@ -123,6 +123,13 @@ void CrossGraph::DrawBars(PlatformIndependentDeviceContext& context) const {
     }
 }
 
+String CrossGraph::GetNumberTable() {
+    NumberTable table;
+    table.Add("x").Add("y").EndRow();
+    for (Point const& point : points_) table.Add(point.x).Add(point.y).EndRow();
+    return table.Take();
+}
+
 String CrossGraph::GetToolTipText(unsigned short x, unsigned short y) {
     double right = 0;
     double lower = 0;

@@ -3,6 +3,7 @@
 #include "gui/charts/Graph.h"
 #include "gui/charts/ToleranceContour.h"
 #include "gui/charts/UpdateMessage.h"
+#include "gui/elements/NumberTable.h"
 
 #include <vector>
 
@@ -22,7 +23,7 @@ namespace GUI {
 /// A data message is "a;first-b;last" or "a;number". Points count from 1: the message's first number says
 /// where reading begins, and the graph then has `last - first + 1` points. A message of neither form leaves
 /// one point at (0, 0). A point whose number is beyond throws `OutOfRangeException`. Every update repaints.
-class CrossGraph : public Graph {
+class CrossGraph : public Graph, public SupportsNumberTable {
 public:
     Diagnostics::String GetValueString() override { return "CrossGraph"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -31,6 +32,7 @@ public:
     void OnPaint(PlatformIndependentDeviceContext& context) override;
     /// The first point within 5 pixels, in both values, that has a text.
     Utilities::String GetToolTipText(unsigned short x, unsigned short y) override;
+    Utilities::String GetNumberTable() override;
 
 private:
     struct Point {

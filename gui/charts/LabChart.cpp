@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace GUI {
 
@@ -245,6 +246,23 @@ void LabChart::ReadRows(String const& message) {
                           String(static_cast<unsigned long>(end));
     if (range->first == 1) FireCallback(barName, "OnUpdate", points);
     if (range->last != 1) FireCallback(planeName, "OnUpdate", points);
+}
+
+String LabChart::GetNumberTable() {
+    NumberTable table;
+    table.Add(colorSpace_).EndRow();
+    for (Anything const& row : rows_) {
+        if (!row.IsValid()) continue;
+        bool isName = true;
+        for (Anything const& entry : row.GetVectorOfAnythings()) {
+            if (std::exchange(isName, false))
+                table.Add(entry.GetString());
+            else
+                table.Add(entry.GetDouble());
+        }
+        table.EndRow();
+    }
+    return table.Take();
 }
 
 void LabChart::OnPaint(PlatformIndependentDeviceContext& context) {

@@ -2,6 +2,7 @@
 
 #include "gui/charts/Chart.h"
 #include "gui/charts/LabColorSpaces.h"
+#include "gui/elements/NumberTable.h"
 
 #include <cstdint>
 #include <vector>
@@ -25,7 +26,7 @@ class CrossGraph;
 ///
 /// A data message is "a;first-c;last" or "a;number": rows from `first` to `last`, which have to begin at 1.
 /// They go to the bar if a is 1, and to the plane unless c is.
-class LabChart : public Chart {
+class LabChart : public Chart, public SupportsNumberTable {
 public:
     Diagnostics::String GetValueString() override { return "LabChart"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -40,6 +41,8 @@ public:
     virtual Utilities::SmartPointer<CrossGraph> GetAbGraph();
     virtual Utilities::SmartPointer<CrossGraph> GetLGraph();
     virtual void BuildColorSpaceTable();
+    /// The rows with their names, under the name of the colour space.
+    Utilities::String GetNumberTable() override;
 
 protected:
     using Chart::GetValue;

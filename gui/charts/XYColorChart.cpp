@@ -76,7 +76,8 @@ long XYColorChart::OnUpdate(Anything const& /*command*/) {
     CallScope const call(*this);
     Anything const extension = GetValue("BackgroundBitmapExtension");
     if (extension.IsValid()) SetBackgroundBitmap(backgroundBitmap_ + extension.GetString());
-    ReadSpots();
+    Anything const count = GetValue("NrOfPatches");
+    spots_ = ReadColorSpots(*this, count.IsValid() ? count.GetLong() : 0);
     auto const take = [this](char const* key, double& field) {
         Anything const value = GetValue(key);
         if (value.IsValid()) field = value.GetShort();
@@ -88,29 +89,6 @@ long XYColorChart::OnUpdate(Anything const& /*command*/) {
     tolerance_ = ToleranceContour(GetValue("Tolerance"));
     Repaint();
     return 0;
-}
-
-void XYColorChart::ReadSpots() {
-    std::vector<Spot> spots;
-    CallScope const call(*this);
-    Anything const answer = GetValue("NrOfPatches");
-    long const count = answer.IsValid() ? answer.GetLong() : 0;
-    // Each answer may be the last.
-    for (long i = 0; i < count && GetDataSource(); ++i) {
-        Anything const data = GetDataSource()->GetValue(String("Patch") + String(i), "Data");
-        Spot spot{RGBVector(100, 100, 100), 0, 0};
-        if (data.IsValid()) {
-            auto const& record = data.GetMapOfAnythings();
-            auto const color = record.Find("Color");
-            if (color.IsValid()) spot.color = RGBVector(color.GetValue());
-            auto const x = record.Find("XValue");
-            if (x.IsValid()) spot.x = x.GetValue().GetDouble();
-            auto const y = record.Find("YValue");
-            if (y.IsValid()) spot.y = y.GetValue().GetDouble();
-        }
-        spots.push_back(spot);
-    }
-    spots_ = std::move(spots);
 }
 
 XYColorChart::Places XYColorChart::GetPlaces() const {

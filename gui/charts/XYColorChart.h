@@ -1,6 +1,8 @@
 #pragma once
 
 #include "gui/charts/ToleranceContour.h"
+#include "gui/colour/ColorSpots.h"
+#include "gui/elements/NumberTable.h"
 #include "gui/elements/Pane.h"
 
 #include <cstdint>
@@ -28,7 +30,7 @@ namespace GUI {
 ///
 /// A click is told to the data source as "Click", a map of "x" and "y" in values, and passed on. The
 /// event "SelectSample" of the element "ColorChart" repaints; "OnUpdate" reads everything again.
-class XYColorChart : public Pane {
+class XYColorChart : public Pane, public SupportsNumberTable {
 public:
     ~XYColorChart() override;
     Diagnostics::String GetValueString() override { return "XYColorChart"; }
@@ -40,16 +42,13 @@ public:
     Utilities::String GetToolTipText(unsigned short x, unsigned short y) override;
     /// A map of "ElementName" and "CurrentRegion".
     Utilities::Anything GetPropertyInspectorData() override;
+    Utilities::String GetNumberTable() override { return WriteColorSpots(spots_); }
 
 protected:
     void OnDetach() override;
 
 private:
-    struct Spot {
-        RGBVector color;
-        double x = 0;
-        double y = 0;
-    };
+    using Spot = ColorSpot;
     struct Pixel {
         short x = 0;
         short y = 0;
@@ -70,7 +69,6 @@ private:
 
     long OnSelectSample(Utilities::Anything const& argument);
     Places GetPlaces() const;
-    void ReadSpots();
     void DrawSpot(PlatformIndependentDeviceContext& context, Spot const& spot, Pixel place) const;
     /// Leaves out spots that a later one at the same pixel covers; fills `visible_`.
     void FindVisible(Places const& places, long selected);

@@ -121,6 +121,30 @@ void XYGraph::DrawCurveNumber(PlatformIndependentDeviceContext& context, ScaleMa
     }
 }
 
+String XYGraph::GetNumberTable() {
+    if (data_->curves.GetSize() == 0) return {};
+    NumberTable table;
+    table.Add("");
+    std::uint32_t longest = 0;
+    auto name = data_->names.Begin();
+    for (auto curve = data_->curves.Begin(); curve.IsValid(); ++curve) {
+        table.Add(name.IsValid() ? name.Current() : String());
+        if (name.IsValid()) ++name;
+        longest = std::max(longest, curve.Current().GetSize());
+    }
+    table.EndRow();
+    for (std::uint32_t i = 0; i < longest; ++i) {
+        table.Add(GetXValueBegin() + i * GetDeltaXValue());
+        for (auto curve = data_->curves.Begin(); curve.IsValid(); ++curve)
+            if (i < curve.Current().GetSize())
+                table.Add(curve.Current()[i]);
+            else
+                table.Add("");
+        table.EndRow();
+    }
+    return table.Take();
+}
+
 String XYGraph::GetToolTipText(unsigned short x, unsigned short y) {
     double xValue = 0;
     double yValue = 0;

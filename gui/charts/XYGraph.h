@@ -2,6 +2,7 @@
 
 #include "gui/charts/Graph.h"
 #include "gui/charts/UpdateMessage.h"
+#include "gui/elements/NumberTable.h"
 
 #include <cstdint>
 #include <memory>
@@ -24,7 +25,7 @@ namespace GUI {
 /// is neither this nor a command leaves the data as they are. Every update repaints.
 ///
 /// Attributes beyond `Graph`'s: "Smooth" (No; curves with antialiasing).
-class XYGraph : public Graph {
+class XYGraph : public Graph, public SupportsNumberTable {
 public:
     Diagnostics::String GetValueString() override { return "XYGraph"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -33,6 +34,8 @@ public:
     void OnPaint(PlatformIndependentDeviceContext& context) override;
     /// The item within a quarter of the item distance of the point, in both values.
     Utilities::String GetToolTipText(unsigned short x, unsigned short y) override;
+    /// A column of X values, and one for each curve.
+    Utilities::String GetNumberTable() override;
 
 private:
     using Curve = Utilities::Vector<double>;

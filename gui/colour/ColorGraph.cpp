@@ -86,29 +86,10 @@ long ColorGraph::OnUpdate(Anything const& command) {
     read(lightnessKey, any, lightness_);
     read(hueKey, any, hue_);
     read(rangeKey, leastRange, range_);
-    ReadSpots();
+    Anything const count = GetValue("NrOfPatches");
+    spots_ = ReadColorSpots(*this, count.IsValid() ? count.GetLong() : 0);
     if (IsAttached() && !HasNoRepaint(command)) Repaint();
     return result;
-}
-
-void ColorGraph::ReadSpots() {
-    std::vector<Spot> spots;
-    Anything const answer = GetValue("NrOfPatches");
-    long const count = answer.IsValid() ? answer.GetLong() : 0;
-    // Each answer may be the last.
-    for (long i = 0; i < count && GetDataSource(); ++i) {
-        Anything const data = GetDataSource()->GetValue(String("Patch") + String(i), "Data");
-        Spot spot{RGBVector(100, 100, 100), 0, 0};
-        if (data.IsValid()) {
-            auto const& record = data.GetMapOfAnythings();
-            if (auto const color = record.Find("Color"); color.IsValid())
-                spot.color = RGBVector(color.GetValue());
-            if (auto const x = record.Find("XValue"); x.IsValid()) spot.x = x.GetValue().GetDouble();
-            if (auto const y = record.Find("YValue"); y.IsValid()) spot.y = y.GetValue().GetDouble();
-        }
-        spots.push_back(spot);
-    }
-    spots_ = std::move(spots);
 }
 
 GamutPlane const& ColorGraph::GetPlane() {

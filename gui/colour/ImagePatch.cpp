@@ -1,6 +1,7 @@
 #include "gui/colour/ImagePatch.h"
 
 #include "Utilities/NamingService.h"
+#include "gui/colour/ColorTable.h"
 #include "gui/elements/description/ElementRegistration.h"
 #include "gui/elements/drawing/ImageServiceInterface.h"
 
@@ -140,6 +141,15 @@ std::optional<RGBVector> ImagePatch::GetMeanColor() const {
 }
 
 // ------------------------------------------------------------------ painting
+
+String ImagePatch::GetNumberTable() {
+    auto const mean = GetMeanColor();
+    if (!mean) return {};
+    NumberTable table;
+    AddChannelNames(table);
+    AddColor(table, *mean);
+    return table.Take();
+}
 
 ImagePatch::Place ImagePatch::GetPlace() const {
     unsigned long paneWidth = 0;

@@ -1,5 +1,6 @@
 #include "gui/colour/PalimarSky.h"
 
+#include "gui/colour/ColorTable.h"
 #include "gui/colour/PatchAttributes.h"
 #include "gui/colour/SkyDrawing.h"
 #include "gui/elements/Topics.h"
@@ -55,6 +56,17 @@ RGBVector const& PalimarSky::ColorOf(int number) const {
     else if (number >= firstTriangle)
         index = number - firstTriangle + kites;
     return colors_[static_cast<std::size_t>(index)];
+}
+
+String PalimarSky::GetNumberTable() {
+    NumberTable table;
+    table.Add("");
+    AddChannelNames(table);
+    for (std::size_t i = 0; i < fields; ++i) {
+        table.Add(static_cast<double>(NumberOf(i)));
+        AddColor(table, colors_[i]);
+    }
+    return table.Take();
 }
 
 long PalimarSky::OnUpdate(Anything const& command) {

@@ -35,6 +35,8 @@ public:
     bool OnLeftButtonDown(KeyState keyState, long x, long y) override;
     bool IsDragable(std::pair<long, long> const& point) override;
     DropEffect OnDragOver(DropDataObject const& data, KeyState keyState, long x, long y) override;
+    /// The number of each field and its colour.
+    Utilities::String GetNumberTable() override;
     Utilities::String GetCurrentRegion() override;
 
 protected:

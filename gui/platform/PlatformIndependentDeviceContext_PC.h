@@ -107,6 +107,8 @@ private:
 
     void FlushLines();
     void DrawLines(std::span<QPoint const> points);
+    /// With the pen as it is.
+    void DrawStroke(std::span<QPoint const> points);
     /// A solid line parallel to an axis.
     void DrawWideLine(PixelSurface& pixels, QPoint from, QPoint to);
     void DrawWideLines(PixelSurface& pixels, std::span<QPoint const> points);

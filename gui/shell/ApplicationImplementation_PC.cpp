@@ -277,9 +277,19 @@ bool ApplicationImplementation_PC::IsOffscreen() const {
 
 std::string ApplicationImplementation_PC::GetDisplayProfile() const { return ReadDisplayProfile(); }
 
+std::string ApplicationImplementation_PC::RenderElement(GUIElement& element,
+                                                        ElementRendering const& rendering) {
+    return ElementPicture_PC::Render(element, rendering);
+}
+
 bool ApplicationImplementation_PC::SaveElementPicture(GUIElement& element, String const& fileName,
-                                                      unsigned long width) {
-    return ElementPicture_PC::Save(element, fileName, width);
+                                                      ElementRendering const& rendering) {
+    return ElementPicture_PC::Save(element, fileName.GetStdString(), rendering);
+}
+
+bool ApplicationImplementation_PC::PrintElement(GUIElement& element, String const& printer,
+                                                ElementRendering const& rendering) {
+    return ElementPicture_PC::Print(element, printer.GetStdString(), rendering.theme);
 }
 
 bool ApplicationImplementation_PC::SaveWindowPicture(GUIElement& window, String const& fileName) {

@@ -4,6 +4,7 @@
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
 #include "gui/elements/CallScope.h"
+#include "gui/elements/NumberTable.h"
 #include "gui/elements/Pane.h"
 #include "gui/elements/description/Attributes.h"
 #include "tests/support/ElementNames.h"
@@ -112,6 +113,7 @@ Operation const operations[] = {
     {"move", OnPane([](Pane& pane, FakeWindowHost& host) { host.Move(pane, 3, 4); })},
     {"tool tip", OnPane([](Pane& pane, FakeWindowHost& host) { host.GetToolTip(pane, 3, 4); })},
     {"selection", OnPane([](Pane& pane, FakeWindowHost&) { pane.Select({}); })},
+    {"numbers", [](GUIElement& element, FakeWindowHost&) { GUI::NumberTableOf(element); }},
     {"properties", OnPane([](Pane& pane, FakeWindowHost&) { pane.GetProperties(); })},
 };
 
