@@ -47,6 +47,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/colour/SquarePatch.cpp
   gui/layout/TabbedPaneSelector.cpp
   gui/layout/TabCaption.cpp
+  gui/press/TablePicture.cpp
   services/TextAdapter.cpp
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
