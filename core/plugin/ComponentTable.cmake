@@ -38,6 +38,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/Menu_PC.cpp
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
+  gui/press/PaperPressButton_PC.cpp
   gui/colour/Patch.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
@@ -130,6 +131,9 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
   gui/layout/ToolRow.cpp
+  gui/press/CNorvelianPPressButton.cpp
+  gui/press/PaperPressButton.cpp
+  gui/press/PressText.cpp
   gui/platform/DeviceContextSmooth_PC.cpp
   gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp
