@@ -1,14 +1,11 @@
-// Press panes: a press's table painted into a picture, against as many rectangles by the platform's painter.
+// Press panes: a press's table painted into a picture, against as many rectangles by the platform's painter,
+// and a list of sheets that is scrolled.
+#include "bench/DescribedWindow.h"
+#include "gui/elements/Pane.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
-#include "tests/support/FakeDataSource.h"
-#include "tests/support/FakeWindowHost.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
-#include <algorithm>
-#include <benchmark/benchmark.h>
-#include <cstdlib>
 #include <random>
 #include <string>
 #include <vector>
@@ -16,7 +13,6 @@
 namespace {
 
 using GUI::RGBVector;
-using TestSupport::Node;
 using Utilities::Anything;
 
 constexpr int imageWidth = 1280;
@@ -40,21 +36,32 @@ RGBVector ColorOf(int i) {
 }
 QImage Blank() { return {imageWidth, imageHeight, QImage::Format_RGB32}; }
 
-/// A sheet of 1020 by 720 units with the strip at its foot.
-struct Press {
-    TestSupport::FakeDataSource source;
-    TestSupport::FakeWindowHost host;
-    Utilities::SmartPointer<GUI::GUIElement> table;
+/// A pane of that type in a window of its own, and what it asks for.
+struct Shown {
+    Bench::Source source;
+    Utilities::SmartPointer<GUI::GUIElement> window;
 
-    explicit Press(char const* type) {
-        auto& values = source.values;
-        values[{"Table", "TableSize"}] = Longs({1280, 720});
+    GUI::Pane& Open(std::string const& element, int width, int height) {
+        window = Bench::Open(Bench::Describe(element), source);
+        auto& pane = dynamic_cast<GUI::Pane&>(window->FindElement("It"));
+        pane.SetSize(static_cast<unsigned long>(width), static_cast<unsigned long>(height));
+        pane.OnUpdate({});
+        return pane;
+    }
+};
+
+/// The strip at the foot, fields all over the sheet.
+struct Press : Shown {
+    GUI::Pane* pane;
+
+    explicit Press(int width = imageWidth, int height = imageHeight) {
+        source.values["TableSize"] = Longs({imageWidth, imageHeight});
         Anything::MapOfAnythings strip;
         strip["Coordinates"] = Longs({10, 660, 10 + 4 * patches, 666});
         strip["Colors"] = Vector(patches, [](int i) { return ColorOf(i).GetAnything(); });
         Anything::MapOfAnythings strips;
         strips["1"] = strip;
-        values[{"Table", "MeasureStrip"}] = strips;
+        source.values["MeasureStrip"] = strips;
         Anything::MapOfAnythings all(997);
         std::mt19937 random(5);
         for (int i = 0; i < fields; ++i) {
@@ -65,23 +72,20 @@ struct Press {
                 Longs({static_cast<long>(random() % 1260) + 10, static_cast<long>(random() % 600) + 10});
             all[std::to_string(i)] = field;
         }
-        values[{"Table", "InPictureFields"}] = all;
-        values[{"Table", "NumberOfZones"}] = static_cast<long>(zones);
-        values[{"Table", "ToleranceStates"}] =
+        source.values["InPictureFields"] = all;
+        source.values["NumberOfZones"] = static_cast<long>(zones);
+        source.values["ToleranceStates"] =
             Vector(zones, [](int i) { return Anything(static_cast<long>(i % 3)); });
-        table = host.Create(
-            Node({{"GUIElementType", "TablePicture"}, {"ElementName", "Table"}, {"Type", type}}), &source);
-        table->SetSize(imageWidth, imageHeight);
-        table->OnUpdate({});
+        pane = &Open("<TablePicture ElementName='It' Type='2'/>", width, height);
     }
     void Paint(QImage& image) const {
         GUI::PlatformIndependentDeviceContext_PC context(image);
-        dynamic_cast<GUI::Pane&>(*table).OnPaint(context);
+        pane->OnPaint(context);
     }
 };
 
 void OurTable(benchmark::State& state) {
-    Press const press("2");
+    Press const press;
     QImage image = Blank();
     for (auto _ : state) press.Paint(image);
     QRgb const last = image.pixel(10 + 4 * (patches - 1), 654);
@@ -108,15 +112,68 @@ void Rectangles(benchmark::State& state) {
     }
 }
 
+// ------------------------------------------------------------------ sheets
+
+constexpr int headerWidth = 200;
+constexpr int headerHeight = 600;
+constexpr char const* header = "<TrendGraphicHeader ElementName='It' ItemHeight='20'/>";
+
+struct Sheets : Shown {
+    GUI::Pane* pane;
+
+    explicit Sheets(int count) {
+        source.values["Values"] = Vector(count, [](int i) {
+            return Anything(Bench::String((i % 7 == 0 ? " " : "") + std::to_string(10 + i % 13) + ":" +
+                                          std::to_string(10 + i % 50)));
+        });
+        pane = &Open(header, headerWidth, headerHeight);
+    }
+    void Scroll(long first) {
+        source.values["Range"] = Bench::String(std::to_string(first) + "-" + std::to_string(first + 29));
+        pane->OnUpdate("Properties|NoRepaint");
+    }
+};
+
+/// 30 000 of them, scrolled by one and painted.
+void OurSheets(benchmark::State& state) {
+    Sheets sheets(30000);
+    QImage image(headerWidth, headerHeight, QImage::Format_RGB32);
+    long first = 0;
+    for (auto _ : state) {
+        first = first % 29000 + 1;
+        sheets.Scroll(first);
+        GUI::PlatformIndependentDeviceContext_PC context(image);
+        sheets.pane->OnPaint(context);
+    }
+    QImage scrolled = image;
+    sheets.Scroll(first % 29000 + 1);
+    GUI::PlatformIndependentDeviceContext_PC context(image);
+    sheets.pane->OnPaint(context);
+    if (image == scrolled) state.SkipWithError("nothing was scrolled");
+}
+
+/// The same lines, of as many sheets as can be seen.
+void VisibleSheets(benchmark::State& state) {
+    Sheets sheets(30);
+    QImage image(headerWidth, headerHeight, QImage::Format_RGB32);
+    for (auto _ : state) {
+        GUI::PlatformIndependentDeviceContext_PC context(image);
+        sheets.pane->OnPaint(context);
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication const application(argc, argv);
+    Bench::Application application;
+    application.SetOffscreen(true);
+    application.GetImplementation();
     benchmark::Initialize(&argc, argv);
     auto const us = benchmark::kMicrosecond;
     benchmark::RegisterBenchmark("press.table/ours", OurTable)->Unit(us);
     benchmark::RegisterBenchmark("press.table/floor:QPainter.fillRect", Rectangles)->Unit(us);
+    benchmark::RegisterBenchmark("press.sheets-30000/ours", OurSheets)->Unit(us);
+    benchmark::RegisterBenchmark("press.sheets-30000/floor:visible-lines", VisibleSheets)->Unit(us);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

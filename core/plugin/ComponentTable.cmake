@@ -53,6 +53,8 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/ToolBar.cpp
+  gui/press/TrendGraphicHeader.cpp
+  gui/press/TrendsPressSection.cpp
   gui/layout/VBoxRegistration.cpp
   gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
@@ -60,6 +62,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp
   gui/charts/XYGraph.cpp
+  gui/press/ZonesPressSection.cpp
   gui/charts/LabGraphSetting.cpp
   gui/controls/Notice.cpp
   gui/controls/Verdict.cpp
