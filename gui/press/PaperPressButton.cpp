@@ -7,6 +7,8 @@
 #include "gui/elements/drawing/ImageServiceInterface.h"
 #include "gui/press/PressText.h"
 
+#include <algorithm>
+
 namespace Ostrinda {
 
 using GUI::RGBVector;
@@ -32,8 +34,8 @@ enum Picture : std::size_t {
 constexpr std::array<char const*, 9> suffixes{"U", "D", "U", "X", "O", "UA", "DA", "XA", "OA"};
 
 constexpr char const* warningPicture = "Warnung";
-constexpr short warningTop = 15;
-constexpr short warningWidth = 20;
+constexpr long warningTop = 15;
+constexpr long warningSize = 20;
 constexpr char const* face = "Arial";
 constexpr short lineFont = 11;
 constexpr short questionFont = 9;
@@ -49,6 +51,16 @@ template <class Service> Utilities::SmartPointer<Service> Find(char const* name)
 }
 
 short Short(long value) { return static_cast<short>(value); }
+
+/// At the foot of its square.
+void DrawWarning(Context& context, long width) {
+    auto const images = Find<GUI::ImageServiceInterface>("ImageService");
+    auto const picture =
+        !images.IsNull() && images->HasBitmap(warningPicture) ? images->GetBitmap(warningPicture) : nullptr;
+    if (picture.IsNull()) return;
+    long const gap = std::max(warningSize - static_cast<long>(picture->GetHeight()), 0L);
+    context.DrawImage(Short(width / 2 - warningSize / 2), Short(warningTop + gap), warningPicture);
+}
 
 void DrawCentred(Context& context, String const& whole, long width, long middle) {
     constexpr long margin = 2;
@@ -117,10 +129,7 @@ std::size_t PaperPressButton::ChoosePicture(GUI::ButtonState const& state) const
 void PaperPressButton::PaintFace(Context& context, GUI::ButtonState const& state, short width) {
     if (std::size_t const picture = ChoosePicture(state); loaded_[picture])
         context.DrawImage(0, 0, String(pictureName) + suffixes[picture]);
-    if (attention_)
-        if (auto const images = Find<GUI::ImageServiceInterface>("ImageService");
-            !images.IsNull() && images->HasBitmap(warningPicture))
-            context.DrawImage(Short(width / 2 - warningWidth / 2), warningTop, warningPicture);
+    if (attention_) DrawWarning(context, width);
     context.SetBackgroundColor(RGBVector(255, 255, 255));
     if (active_) {
         context.SetFont(lineFont, 0, 0, face, Context::boldFont);

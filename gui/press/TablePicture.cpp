@@ -20,8 +20,9 @@ using Context = PlatformIndependentDeviceContext;
 constexpr char const* ownGround = "the ground is the sheet's";
 constexpr Attribute typeKey{"Type", AttributeType::Number, "1", "1 shows the sheet, 2 the ink zones"};
 constexpr Attribute fontNameKey{"FontName", AttributeType::Text, "Arial", "Font of the zones' numbers"};
-constexpr Attribute fontSizeKey{
-    "FontSize", AttributeType::Number, "12", "Size of the zones' numbers in points", false, shortRange};
+constexpr Attribute fontSizeKey{"FontSize", AttributeType::Number,
+                                "12",       "Size of the zones' numbers: points, or pixels below 0",
+                                false,      {-32768, 32767}};
 constexpr Attribute boldKey{"Bold", AttributeType::Flag, "Yes", "The zones' numbers are bold"};
 constexpr Attribute graduationKey{
     "ZonesGraduation", AttributeType::Number, "0", "A line and a number after so many zones", false,
@@ -87,6 +88,7 @@ void UseColor(Context& context, RGBVector const& color, long width = 1) {
 void FillAround(Context& context, int x, int y, int radius) {
     context.FillEllipse(Short(x - radius), Short(y - radius), Short(x + radius), Short(y + radius));
 }
+bool IsOff(long state) { return state == warningState || state == outState; }
 void Line(Context& context, int x1, int y1, int x2, int y2) {
     context.DrawLine(Short(x1), Short(y1), Short(x2), Short(y2));
 }
@@ -357,36 +359,42 @@ void TablePicture::PaintSelectedPosition(PlatformIndependentDeviceContext& conte
 
 void TablePicture::PaintZones(PlatformIndependentDeviceContext& context) {
     int const half = (At(ZoneWidth(), 0).x - 4) / 2;
-    int const top = GetExtent().y - static_cast<int>(bottomReserve_ / 2) - 2 * (boxHeight_ / 2);
+    int const bottom = GetExtent().y - static_cast<int>(bottomReserve_ / 2);
+    int const top = bottom - 2 * (boxHeight_ / 2);
     context.SetFont(fontSize_, 0, 0, fontName_, bold_);
     long textWidth = 0;
     long textHeight = 0;
     context.GetTextExtent("X", textWidth, textHeight);
     for (long i = 0; i < std::min(table_.zones, static_cast<long>(table_.states.size())); ++i) {
+        long const state = table_.states[static_cast<std::size_t>(i)];
         int const middle = At(static_cast<double>(i) * ZoneWidth() + ZoneWidth() / 2.0, 0).x;
-        PaintZoneBox(context, table_.states[static_cast<std::size_t>(i)], middle - half, middle + half);
+        PaintZoneBox(context, state, {middle - half, top}, {middle + half, bottom});
+        int const highest = signs_ && IsOff(state) ? PaintZoneSign(context, state, middle, top, bottom) : top;
         if (!IsGraduated(i)) continue;
         context.SetTextColor(ink_);
-        context.DrawText(Short(middle - half + 1), Short(top - textHeight), String(i + 1));
+        context.DrawText(Short(middle - half + 1), Short(highest - textHeight), String(i + 1));
     }
 }
 
-void TablePicture::PaintZoneBox(PlatformIndependentDeviceContext& context, long state, int left,
-                                int right) const {
-    int const bottom = GetExtent().y - static_cast<int>(bottomReserve_ / 2);
-    int const top = bottom - 2 * (boxHeight_ / 2);
-    bool const isOff = state == warningState || state == outState;
-    if (isOff)
+void TablePicture::PaintZoneBox(PlatformIndependentDeviceContext& context, long state, Pixel from,
+                                Pixel to) const {
+    if (IsOff(state))
         UseColor(context, state == outState ? bad : warning);
     else
         UseColor(context, signs_ ? paleGood : good, 0);
-    if (signs_ && state != outState) context.SetPen(isOff ? ink_ : boxOutline, 1, Context::solid);
-    context.FillRectangle(Short(left), Short(top), Short(right), Short(bottom));
-    constexpr int smallestSign = 14;
-    if (!signs_ || !isOff || bottom - top < smallestSign || right - left < smallestSign) return;
+    if (signs_ && state != outState) context.SetPen(IsOff(state) ? ink_ : boxOutline, 1, Context::solid);
+    context.FillRectangle(Short(from.x), Short(from.y), Short(to.x), Short(to.y));
+}
+
+int TablePicture::PaintZoneSign(PlatformIndependentDeviceContext& context, long state, int middle, int top,
+                                int bottom) {
+    constexpr int size = 14;
     VerdictKind const kind = state == outState ? VerdictKind::Fail : VerdictKind::Marginal;
-    DrawVerdictSign(context, kind, VerdictTones::Reversed(kind), Short((left + right - smallestSign) / 2),
-                    Short((top + bottom - smallestSign) / 2), smallestSign);
+    bool const fits = bottom - top >= size && At(ZoneWidth(), 0).x - 4 >= size;
+    int const signTop = fits ? (top + bottom - size) / 2 : top - size - 1;
+    DrawVerdictSign(context, kind, fits ? VerdictTones::Reversed(kind) : VerdictTones::Of(kind),
+                    Short(middle - size / 2), Short(signTop), size);
+    return std::min(top, signTop);
 }
 
 } // namespace GUI

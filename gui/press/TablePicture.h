@@ -14,13 +14,14 @@ namespace GUI {
 ///
 /// Attributes: "Type" (1: the sheet with its fields, at one scale for both axes; 2: the zones, each axis at
 /// its own scale; any other: strips, fields and marks alone, each axis at its own scale), "FontName" (Arial),
-/// "FontSize" (12; points) and "Bold" (Yes) of the zones' numbers, "ZonesGraduation" (0; after so many zones
-/// a black line and a number, 0 for none). "Frame" and "BackgroundColor" have no effect: the ground is white.
-/// Beyond these, each off by default: "Centred" (No; a sheet is in the middle of the pane, else its offset is
-/// half its size on the other axis), "SurroundColor" (none; the sheet is white on a ground of this colour),
-/// "NeutralMarks" (No; fields and selection are marked in black and white alone), "FieldNumbers" (No; each
-/// field's index beside it), "BoxHeight" (8; of the tolerance boxes in pixels), "Signs" (No; zones within
-/// tolerance are pale and outlined, others have the sign of their verdict; needs boxes of 14 pixels or more).
+/// "FontSize" (12; points, or pixels below 0) and "Bold" (Yes) of the zones' numbers, "ZonesGraduation" (0;
+/// after so many zones a black line and a number, 0 for none). "Frame" and "BackgroundColor" have no effect:
+/// the ground is white. Beyond these, each off by default: "Centred" (No; a sheet is in the middle of the
+/// pane, else its offset is half its size on the other axis), "SurroundColor" (none; the sheet is white on a
+/// ground of this colour), "NeutralMarks" (No; fields and selection are marked in black and white alone),
+/// "FieldNumbers" (No; each field's index beside it), "BoxHeight" (8; of the tolerance boxes in pixels),
+/// "Signs" (No; zones within tolerance are pale and outlined, others have the sign of their verdict, above a
+/// box smaller than 14 pixels).
 ///
 /// Asked of the data source at an update, each used if it is valid: "TableSize" (two longs), "MeasureStrip"
 /// (a map of maps with "Coordinates", the longs x1, y1, x2, y2, and "Colors", a vector), "InPictureFields" (a
@@ -96,7 +97,9 @@ private:
     void PaintMark(PlatformIndependentDeviceContext& context, Pixel at) const;
     void PaintSelectedPosition(PlatformIndependentDeviceContext& context);
     void PaintZones(PlatformIndependentDeviceContext& context);
-    void PaintZoneBox(PlatformIndependentDeviceContext& context, long state, int left, int right) const;
+    void PaintZoneBox(PlatformIndependentDeviceContext& context, long state, Pixel from, Pixel to) const;
+    /// In the box, or above one that is too small. Gives the upper edge of both.
+    int PaintZoneSign(PlatformIndependentDeviceContext& context, long state, int middle, int top, int bottom);
 
     Table table_;
     long selectedField_ = -1;

@@ -24,7 +24,10 @@ using Context = GUI::PlatformIndependentDeviceContext;
 constexpr Attribute backgroundKey{"BackgroundColor", AttributeType::Colour, "255,255,255", "Background"};
 constexpr Attribute itemHeightKey{"ItemHeight", AttributeType::Number, "20", "Height of a line in pixels"};
 constexpr Attribute fontNameKey{"FontName", AttributeType::Text, "Arial", "Font of the lines"};
-constexpr Attribute columnsKey{"Columns", AttributeType::Text, "20,60,120", "Where the columns begin"};
+constexpr Attribute fontSizeKey{"FontSize", AttributeType::Number,
+                                "0",        "Of texts in the middle of their lines; 0 for what fits",
+                                false,      {-32768, 32767}};
+constexpr Attribute columnsKey{"Columns", AttributeType::Text, "32,70,100", "Where the columns begin"};
 constexpr Attribute toleranceKey{"ToleranceBackground", AttributeType::Text, "255,0,0",
                                  "Colour of the mark out of tolerance"};
 constexpr Attribute counterKey{"CounterBackground", AttributeType::Text, "255,255,255",
@@ -40,10 +43,10 @@ constexpr Attribute signsKey{"Signs", AttributeType::Flag, "No", "A sign marks w
 constexpr Attribute newestFirstKey{"NewestFirst", AttributeType::Flag, "No", "The last sheet is on top"};
 constexpr Attribute cellsKey{"Cells", AttributeType::Text, "", "Right edges of further columns"};
 constexpr Attribute okColumnKey{"OKColumn", AttributeType::Number, "0", "Where \"OK\" stands in a box"};
-constexpr Attribute attributeList[] = {backgroundKey,  itemHeightKey, fontNameKey,     columnsKey,
-                                       toleranceKey,   counterKey,    dateKey,         seperatorKey,
-                                       separatorKey,   selectKey,     markSelectedKey, signsKey,
-                                       newestFirstKey, cellsKey,      okColumnKey};
+constexpr Attribute attributeList[] = {backgroundKey, itemHeightKey,  fontNameKey, fontSizeKey,
+                                       columnsKey,    toleranceKey,   counterKey,  dateKey,
+                                       seperatorKey,  separatorKey,   selectKey,   markSelectedKey,
+                                       signsKey,      newestFirstKey, cellsKey,    okColumnKey};
 
 GUI::ElementRegistration<TrendGraphicHeader, GUI::Pane> const
     registration({"TrendGraphicHeader", "$Revision: 1.10 $", "Ostrinda"}, attributeList);
@@ -111,6 +114,7 @@ void TrendGraphicHeader::ReadDescription(GUI::DescriptionTree const& description
     if (!reader.HasColour(backgroundKey)) SetBackgroundColor(paper);
     itemHeight_ = reader.Long(itemHeightKey);
     fontName_ = reader.Text(fontNameKey);
+    fontSize_ = reader.Text(fontSizeKey).GetShort();
     if (auto const columns = ToNumbers(reader.Text(columnsKey), ','); columns.size() == columns_.size())
         std::copy(columns.begin(), columns.end(), columns_.begin());
     toleranceBackground_ = {ThemeRole::Fail, RGBVector(255, 0, 0)};
@@ -182,6 +186,7 @@ bool TrendGraphicHeader::IsOKSheet(long index) const {
 }
 
 short TrendGraphicHeader::FontHeight() const {
+    if (fontSize_ != 0) return fontSize_;
     return Short(static_cast<long>(static_cast<double>(itemHeight_ - separatorHeight_) * 0.75));
 }
 
@@ -240,26 +245,32 @@ void TrendGraphicHeader::PaintRow(Context& context, Row const& row, short width)
     PaintTexts(context, row, text);
 }
 
-void TrendGraphicHeader::PaintTexts(Context& context, Row const& row, String text) const {
+short TrendGraphicHeader::TextTop(Context& context, Row const& row) const {
+    if (fontSize_ == 0) return row.top;
+    return Short(row.top + (row.bottom - row.top - ExtentOf(context, "X").second) / 2);
+}
+
+void TrendGraphicHeader::PaintTexts(Context& context, Row const& row, String const& text) const {
     SetFont(context, IsSelectedSheet(row.index));
-    context.DrawText(Short(columns_[0] + 1), row.top, String(row.index + 1));
-    if (cells_.empty()) return context.DrawText(Short(columns_[1]), row.top, text);
-    context.DrawText(Short(columns_[1]), row.top, text.GetToken(0, '\t'));
+    short const top = TextTop(context, row);
+    context.DrawText(Short(columns_[0] + 1), top, String(row.index + 1));
+    if (cells_.empty()) return context.DrawText(Short(columns_[1]), top, text);
+    context.DrawText(Short(columns_[1]), top, text.GetToken(0, '\t'));
     for (std::size_t i = 0; i < cells_.size(); ++i) {
         String const cell = text.GetToken(static_cast<long>(i) + 1, '\t');
-        context.DrawText(Short(cells_[i] - ExtentOf(context, cell).first), row.top, cell);
+        context.DrawText(Short(cells_[i] - ExtentOf(context, cell).first), top, cell);
     }
 }
 
 void TrendGraphicHeader::PaintOK(Context& context, Row const& row) const {
     SetFont(context, okColumn_ != 0);
-    if (okColumn_ == 0) return context.DrawText(1, row.top, "OK");
+    if (okColumn_ == 0) return context.DrawText(1, TextTop(context, row), "OK");
     constexpr long padding = 6;
     context.SetPen(ink, 1, Context::solid);
     context.DrawRectangle(Short(okColumn_), Short(row.top + 2),
                           Short(okColumn_ + ExtentOf(context, "OK").first + 2 * padding),
                           Short(row.bottom - 2));
-    context.DrawText(Short(okColumn_ + padding), row.top, "OK");
+    context.DrawText(Short(okColumn_ + padding), TextTop(context, row), "OK");
 }
 
 } // namespace Ostrinda

@@ -41,6 +41,7 @@ RGBVector const white(255, 255, 255);
 RGBVector const ink{ThemeRole::Ink, RGBVector()};
 RGBVector const quietInk{ThemeRole::Ink2, RGBVector(74, 74, 74)};
 RGBVector const cardColor{ThemeRole::Panel, white};
+RGBVector const surround{ThemeRole::Surround, RGBVector(198, 198, 198)};
 RGBVector const cardLine{ThemeRole::Line, RGBVector(207, 207, 207)};
 RGBVector const cardOutline{ThemeRole::Border, RGBVector(122, 122, 122)};
 
@@ -142,6 +143,9 @@ void TrendsPressSection::PaintCard(Context& context, long width, long height) co
     // A wide pen is centred on the outline.
     short const edge = active_ ? 1 : 0;
     context.FillRectangle(edge, edge, Short(width), Short(height));
+    constexpr long around = 4;
+    FillBox(context, surround, padding - around, padding - around, padding + patch + around,
+            padding + patch + around);
     FillBox(context, topLineColor_, padding, padding, padding + patch, padding + patch);
     long const room = width - textLeft - padding / 2;
     context.SetFont(fontSize_, 0, 0, fontName_, 0);

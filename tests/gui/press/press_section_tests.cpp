@@ -38,7 +38,7 @@ TEST_F(TrendHeaderTest, PaintsALineForEachSheet) {
                     "SetBrush 255,255,255",       "FillRectangle 70 40 200 56", "SetTextColor 0,0,0",
                     "SetFont 12 0 0 \"Arial\" 0", "DrawText 1 0 \"OK\""}));
     Open({{"SeparatorHeight", "4"}, {"Columns", "1,x,2"}, {"DateBackground", "1,2"}});
-    EXPECT_THAT(Paint("FillRectangle"), Contains("FillRectangle 60 0 200 19")) << "its partner is missing";
+    EXPECT_THAT(Paint("FillRectangle"), Contains("FillRectangle 70 0 200 19")) << "its partner is missing";
 }
 
 TEST_F(TrendHeaderTest, ShowsARangeInTheHeightThatItsCountGives) {
@@ -46,18 +46,18 @@ TEST_F(TrendHeaderTest, ShowsARangeInTheHeightThatItsCountGives) {
     Set("Range", "3-5");
     Set("Values", Values({"a", "b", "c", "d"}));
     Open({}, 200);
-    EXPECT_THAT(Paint("FillRectangle"), Contains("FillRectangle 20 160 60 179"));
-    EXPECT_THAT(Paint("DrawText"), ElementsAre("DrawText 21 0 \"3\"", "DrawText 60 0 \"c\"",
-                                               "DrawText 21 20 \"4\"", "DrawText 60 20 \"d\""));
+    EXPECT_THAT(Paint("FillRectangle"), Contains("FillRectangle 32 160 70 179"));
+    EXPECT_THAT(Paint("DrawText"), ElementsAre("DrawText 33 0 \"3\"", "DrawText 70 0 \"c\"",
+                                               "DrawText 33 20 \"4\"", "DrawText 70 20 \"d\""));
     for (char const* const bad : {"7", "1-2-3", "a-b", "-3-5", "99999999999-1"}) {
         Set("Range", bad);
         element->OnUpdate("Properties");
-        EXPECT_THAT(Paint("DrawText"), Contains("DrawText 21 0 \"3\"")) << bad;
+        EXPECT_THAT(Paint("DrawText"), Contains("DrawText 33 0 \"3\"")) << bad;
     }
     Set("Range", "0-9");
     Set("IndexOKSheet", 0L);
     element->OnUpdate("Properties");
-    EXPECT_THAT(Paint("DrawText"), IsSupersetOf({"DrawText 21 0 \"1\"", "DrawText 1 0 \"OK\""}));
+    EXPECT_THAT(Paint("DrawText"), IsSupersetOf({"DrawText 33 0 \"1\"", "DrawText 1 0 \"OK\""}));
     EXPECT_EQ(Paint("DrawText").size(), 9U);
     Set("Values", Values({}));
     element->OnUpdate("Properties|NoRepaint");
@@ -79,12 +79,12 @@ TEST_F(TrendHeaderTest, MarksSheetsAndAddsColumnsIfAsked) {
           {"Cells", "150"},
           {"OKColumn", "160"}});
     EXPECT_THAT(Paint("DrawText"),
-                ElementsAre("DrawText 21 0 \"2\"", "DrawText 60 0 \"11:02\"", "DrawText 132 0 \"1.5\"",
-                            "DrawText 21 20 \"1\"", "DrawText 60 20 \"10:58\"", "DrawText 126 20 \"1.52\"",
+                ElementsAre("DrawText 33 0 \"2\"", "DrawText 70 0 \"11:02\"", "DrawText 132 0 \"1.5\"",
+                            "DrawText 33 20 \"1\"", "DrawText 70 20 \"10:58\"", "DrawText 126 20 \"1.52\"",
                             "DrawText 166 20 \"OK\""));
     EXPECT_THAT(Paint(), IsSupersetOf({"FillRectangle 0 0 4 19", "DrawRectangle 160 22 184 37",
                                        "SetFont 14 0 0 \"Arial\" 1"}));
-    EXPECT_THAT(Paint("FillRectangle"), Not(Contains("FillRectangle 0 0 20 19")));
+    EXPECT_THAT(Paint("FillRectangle"), Not(Contains("FillRectangle 0 0 32 19")));
 }
 
 struct UnitTest : PressTest<Ostrinda::TrendsPressSection> {};
