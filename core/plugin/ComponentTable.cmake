@@ -44,6 +44,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
   services/information/OperatingSystem_PC.cpp
+  gui/press/PaperPressButton_PC.cpp
   gui/colour/Patch.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
@@ -60,11 +61,14 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/information/SystemFileName_PC.cpp
   gui/layout/TabbedPaneSelector.cpp
   gui/layout/TabCaption.cpp
+  gui/press/TablePicture.cpp
   services/TextAdapter.cpp
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/ToolBar.cpp
   gui/tree/TreeView_PC.cpp
+  gui/press/TrendGraphicHeader.cpp
+  gui/press/TrendsPressSection.cpp
   gui/layout/VBoxRegistration.cpp
   gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
@@ -72,6 +76,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp
   gui/charts/XYGraph.cpp
+  gui/press/ZonesPressSection.cpp
   gui/charts/LabGraphSetting.cpp
   gui/controls/Notice.cpp
   gui/controls/Verdict.cpp
@@ -144,6 +149,9 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
   gui/layout/ToolRow.cpp
+  gui/press/CNorvelianPPressButton.cpp
+  gui/press/PaperPressButton.cpp
+  gui/press/PressText.cpp
   gui/platform/DeviceContextSmooth_PC.cpp
   gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp
