@@ -213,6 +213,17 @@ bool TreeView::ReadOpenNodes() {
     return true;
 }
 
+bool TreeView::ReadTo(String const& path) {
+    std::string const& text = path.GetStdString();
+    for (std::size_t end = text.find('/'); end != std::string::npos; end = text.find('/', end + 1)) {
+        String const part(text.substr(0, end));
+        SmartPointer<TreeViewNode> const root = GetRoot();
+        TreeViewNode const* const node = root.IsNull() ? nullptr : root->FindPath(part);
+        if (node && node->HasUnreadChildren() && !ReadChildren(part)) return false;
+    }
+    return true;
+}
+
 void TreeView::ReadSelection() {
     Anything const answer = GetValue("Selected");
     if (!IsAttached() || GetRoot().IsNull()) return;
@@ -223,6 +234,10 @@ void TreeView::ReadSelection() {
         paths.assign(answer.GetVectorOfAnythings().begin(), answer.GetVectorOfAnythings().end());
     else if (!answer.IsOfTypeString())
         return;
+    // What is selected may be in a node that wasn't opened yet.
+    for (Anything const& path : paths)
+        if (path.IsOfTypeString() && !ReadTo(path.GetString())) return;
+    if (GetRoot().IsNull()) return;
     std::vector<TreeViewNode*> nodes;
     for (Anything const& path : paths)
         if (TreeViewNode* const node =

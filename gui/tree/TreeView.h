@@ -129,6 +129,8 @@ private:
     /// False if the element was released.
     bool ReadChildren(Utilities::String const& path);
     bool ReadOpenNodes();
+    /// Asks for what is on the way to a node.
+    bool ReadTo(Utilities::String const& path);
     long RunCommand(AttributeMap const& arguments);
     void TellEvent(char const* value, char const* event, Utilities::Anything const& argument);
 

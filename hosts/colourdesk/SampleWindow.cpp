@@ -95,6 +95,8 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
     if (element == views)
         return key == "CurrentView" ? Anything(view_ == gridView ? "TableView" : "ChartsView") : Anything();
     if (element == sampleGrid) return grid_.GetValue(key);
+    if (element == sampleTree)
+        return key == "Selected" ? Anything(tree_.GetPath(selected_)) : tree_.GetValue(key);
     if (element == labChart) {
         if (key == "SelectedSample" && firstPaint_) std::exchange(firstPaint_, nullptr)();
         return GetLabChartValue(key);
@@ -276,6 +278,8 @@ void SampleWindow::SetValue(String const& element, String const& key, Anything c
         if (command_) command_(String(surroundItem) + surround_);
     }
     if (element == sampleGrid) TakeGridValue(key, value);
+    if (element == sampleTree && key == "Selected" && value.IsOfTypeString())
+        if (long const sample = tree_.GetSample(value.GetString()); sample >= 0) Select(sample);
     if (element == labChart && key == "Click") {
         auto const& place = value.GetMapOfAnythings();
         SelectNearest(place["x"].GetDouble(), place["y"].GetDouble());

@@ -5,6 +5,7 @@
 #include "hosts/colourdesk/SampleDocument.h"
 #include "hosts/colourdesk/SampleGrid.h"
 #include "hosts/colourdesk/SamplePages.h"
+#include "hosts/colourdesk/SampleTree.h"
 
 #include <functional>
 
@@ -74,6 +75,7 @@ public:
     static constexpr char const* chartsView = "ShowCharts";
     static constexpr char const* gridView = "ShowTable";
     static constexpr char const* sampleGrid = "SampleGrid";
+    static constexpr char const* sampleTree = "SampleTree";
 
     long GetSelected() const { return selected_; }
     SampleDocument const& GetDocument() const { return document_; }
@@ -125,6 +127,7 @@ private:
 
     SampleDocument document_;
     SampleGrid grid_{document_.GetSamples()};
+    SampleTree tree_{document_};
     Utilities::String view_;
     SamplePages pages_;
     long columns_;
