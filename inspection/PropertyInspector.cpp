@@ -2,11 +2,9 @@
 
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
-#include "Utilities/Preferences.h"
 #include "core/creators/ComponentCreator.h"
 #include "gui/elements/Topics.h"
 #include "gui/elements/application/Application.h"
-#include "gui/elements/description/Attributes.h"
 
 namespace GUI {
 
@@ -19,9 +17,6 @@ namespace {
 
 constexpr char const* componentName = "PropertyInspector";
 constexpr char const* defaultPage = "PropertyInspectorDefault";
-constexpr char const* section = componentName;
-constexpr Attribute keepPlace{"KeepPlace", AttributeType::Flag, "No",
-                              "Whether the inspector's place is kept"};
 
 Utilities::ComponentCreatorSingleton<PropertyInspector> creator({componentName, "$Revision: 1.14 $", "GUI"});
 
@@ -75,24 +70,10 @@ void PropertyInspector::Hide() {
         Diagnostics::DropException("PropertyInspector: subscription");
     }
     cookie_ = String();
-    KeepPlace();
     // The window's elements take their callbacks out of the page.
     SmartPointer<Dialog> const window(std::exchange(window_, {}));
     if (!window.IsNull()) window->Close(0);
     page_ = nullptr;
-}
-
-bool PropertyInspector::KeepsPlace() const { return AttributeReader(description_).Flag(keepPlace); }
-
-void PropertyInspector::KeepPlace() const {
-    if (window_.IsNull()) return;
-    unsigned long x = 0;
-    unsigned long y = 0;
-    window_->GetPosition(x, y);
-    if (!KeepsPlace()) return;
-    auto const settings = Utilities::ResolveComponent<Utilities::Preferences>("Preferences");
-    settings->SetValue(section, "X", String(static_cast<long>(x)));
-    settings->SetValue(section, "Y", String(static_cast<long>(y)));
 }
 
 void PropertyInspector::OpenWindow() {
@@ -103,15 +84,6 @@ void PropertyInspector::OpenWindow() {
     if (parent.IsNull())
         parent = Utilities::ResolveComponent<PlatformIndependentWindowID>("PlatformIndependentWindowID");
     window_ = window;
-    if (KeepsPlace()) {
-        auto const settings = Utilities::ResolveComponent<Utilities::Preferences>("Preferences");
-        String const x = settings->GetValue(section, "X", "");
-        String const y = settings->GetValue(section, "Y", "");
-        if (x.Length() != 0 && y.Length() != 0) {
-            description_["X"] = x;
-            description_["Y"] = y;
-        }
-    }
     window->Initialize(*parent, description_, this, true);
 }
 

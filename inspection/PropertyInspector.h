@@ -12,10 +12,6 @@ namespace GUI {
 /// names the page (see `PropertyInspectorImpl`); without one it is "PropertyInspectorDefault". The window
 /// stays when pages change. Closing it hides the inspector.
 ///
-/// Attribute of the root of a page's description, beyond those of a dialog: "KeepPlace" (No): the window's
-/// place is kept in the preferences, section "PropertyInspector", keys "X" and "Y", and taken when it is
-/// shown again. Without it the place is that of the description each time.
-///
 /// GUI thread only.
 class PropertyInspector : public DialogHandler {
 public:
@@ -46,8 +42,6 @@ private:
     void Show();
     void Hide();
     void OpenWindow();
-    void KeepPlace() const;
-    bool KeepsPlace() const;
 
     Utilities::SmartPointer<Dialog> window_;
     Utilities::SmartPointer<SelectionServiceInterface> selectionService_;

@@ -95,13 +95,13 @@ void DrawThrough(QPainter& painter, Subject const& subject, QImage* pixels) {
     });
 }
 
-bool DrawPicture(Subject const& subject, double scale, QBuffer& file, char const* format) {
+QImage DrawPicture(Subject const& subject, double scale) {
     auto const pixels = [scale](int length) { return static_cast<std::size_t>(std::lround(length * scale)); };
     std::size_t const width = pixels(subject.size.width());
     std::size_t const height = pixels(subject.size.height());
-    if (width * height > Utilities::Limits::Get().pixels) return false;
+    if (width * height > Utilities::Limits::Get().pixels) return {};
     QImage image(static_cast<int>(width), static_cast<int>(height), QImage::Format_RGB32);
-    if (image.isNull()) return false;
+    if (image.isNull()) return image;
     image.fill(Qt::white);
     // The context takes it for a screen of finer pixels; coarser ones are the painter's.
     if (scale >= 1) image.setDevicePixelRatio(scale);
@@ -111,7 +111,14 @@ bool DrawPicture(Subject const& subject, double scale, QBuffer& file, char const
     painter.end();
     image.setDevicePixelRatio(1);
     image.setColorSpace(QColorSpace::SRgb);
-    return image.save(&file, format);
+    return image;
+}
+
+/// 0 for a width that no picture has.
+double ScaleOf(Subject const& subject, ElementRendering const& rendering) {
+    constexpr unsigned long widest = 65535;
+    if (subject.size.isEmpty() || rendering.width > widest) return 0;
+    return rendering.width == 0 ? 1 : static_cast<double>(rendering.width) / subject.size.width();
 }
 
 bool DrawPage(Subject const& subject, double scale, QBuffer& file) {
@@ -177,19 +184,23 @@ bool Write(std::string const& path, std::string_view bytes) {
 
 } // namespace
 
+QImage ElementPicture_PC::Draw(GUIElement& element, ElementRendering const& rendering) {
+    Subject const subject = Describe(element, rendering.theme);
+    double const scale = ScaleOf(subject, rendering);
+    return scale == 0 ? QImage() : DrawPicture(subject, scale);
+}
+
 std::string ElementPicture_PC::Render(GUIElement& element, ElementRendering const& rendering) {
     Subject const subject = Describe(element, rendering.theme);
     std::string const& format = rendering.format.GetStdString();
-    constexpr unsigned long widest = 65535;
-    if (format.empty() || subject.size.isEmpty() || rendering.width > widest) return {};
-    double const scale =
-        rendering.width == 0 ? 1 : static_cast<double>(rendering.width) / subject.size.width();
+    double const scale = ScaleOf(subject, rendering);
+    if (format.empty() || scale == 0) return {};
     if (format == "svg") return DrawSvg(subject, scale);
     QByteArray bytes;
     QBuffer file(&bytes);
     file.open(QIODevice::WriteOnly);
-    bool const isDrawn =
-        format == "pdf" ? DrawPage(subject, scale, file) : DrawPicture(subject, scale, file, format.c_str());
+    bool const isDrawn = format == "pdf" ? DrawPage(subject, scale, file)
+                                         : DrawPicture(subject, scale).save(&file, format.c_str());
     return isDrawn ? bytes.toStdString() : std::string();
 }
 

@@ -2,6 +2,7 @@
 
 #include "gui/elements/application/ElementRendering.h"
 
+#include <QImage>
 #include <string>
 
 class QPagedPaintDevice;
@@ -13,6 +14,8 @@ class GUIElement;
 /// Draws an element, with all panes below it, on another device; see `ElementRendering`.
 namespace ElementPicture_PC {
 
+/// The picture itself; null for what can't be drawn. The format plays no part.
+QImage Draw(GUIElement& element, ElementRendering const& rendering);
 /// The bytes of a file; empty for what can't be drawn.
 std::string Render(GUIElement& element, ElementRendering const& rendering);
 /// The format is told by the file's extension. False for what can't be drawn or written; nothing of a file is

@@ -4,6 +4,8 @@
 #include "Utilities/Limits.h"
 #include "Utilities/WholeFile.h"
 #include "core/creators/ComponentCreator.h"
+#include "gui/elements/NumberTable.h"
+#include "gui/shell/ElementPicture_PC.h"
 #include "services/Bitmap_PC.h"
 #include "services/clipboard/ClipboardFormats_PC.h"
 #include "services/clipboard/GatheredData_PC.h"
@@ -92,6 +94,20 @@ bool DataSource_PC::AddText(String const& format, String const& text) {
 bool DataSource_PC::AddLater(String const& format, Maker const& maker) {
     if (format == ClipboardFormats::bitmap || !maker) return false;
     GetData().AddLater(ClipboardFormats::MimeOf(format), [maker] { return ToBytes(maker()); });
+    return true;
+}
+
+bool DataSource_PC::AddElement(GUIElement& element) {
+    QImage const image = ElementPicture_PC::Draw(element, {});
+    if (image.isNull()) return false;
+    GatheredData& data = GetData();
+    data.AddPicture(image);
+    ElementRendering drawing;
+    drawing.format = "svg";
+    // What the element shows may be another when somebody pastes.
+    data.AddLater("image/svg+xml",
+                  [svg = ToBytes(ElementPicture_PC::Render(element, drawing))] { return svg; });
+    if (String const numbers = NumberTableOf(element); numbers.Length() != 0) AddText("Text", numbers);
     return true;
 }
 

@@ -23,6 +23,7 @@ public:
     bool AddText(Utilities::String const& format, Utilities::String const& text) override;
     void SetClipboard() override;
     bool AddLater(Utilities::String const& format, Maker const& maker) override;
+    bool AddElement(GUIElement& element) override;
 
     /// What the platform's clipboard holds of this module's objects, which run its code.
     static long GetLeftBehind();

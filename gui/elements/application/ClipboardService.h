@@ -10,6 +10,8 @@
 
 namespace GUI {
 
+class GUIElement;
+
 /// What is on the platform's clipboard: the component "ClipboardService".
 ///
 /// A format is "Text", "Bitmap", or any other name, which is a private format that a `DataSource` of that
@@ -52,6 +54,9 @@ public:
     virtual void SetClipboard() = 0;
     /// Data that are made when they are asked for. `format` as with `AddText`.
     virtual bool AddLater(Utilities::String const& format, Maker const& maker) = 0;
+    /// The element as it looks now: a raster picture, and a drawing of lines, figures and texts; and its
+    /// numbers as text if it has some (see `NumberTableOf`). False if it can't be drawn.
+    virtual bool AddElement(GUIElement& element) = 0;
 };
 
 } // namespace GUI
