@@ -84,17 +84,30 @@ set(NORVELIAN_COMPONENT_SOURCES
 
 # Units without a creator, and last the exports.
 set(NORVELIAN_SUPPORT_SOURCES
+  gui/charts/BarGraphLabels.cpp
   gui/charts/Chart.cpp
+  gui/charts/CurveBands.cpp
+  gui/charts/CurveLook.cpp
   gui/charts/CurvePainter.cpp
+  gui/charts/EdgeAxes.cpp
+  gui/charts/ExploredPlot.cpp
   gui/charts/Graph.cpp
   gui/charts/LabColorSpaces.cpp
+  gui/charts/PlaneDecor.cpp
+  gui/charts/PlotCursor.cpp
+  gui/charts/PlotRange.cpp
+  gui/charts/PlotText.cpp
   gui/charts/ScaleNumbers.cpp
   gui/charts/ToleranceContour.cpp
   gui/charts/UpdateMessage.cpp
+  gui/charts/XYColorChartInput.cpp
+  gui/charts/XYGraphInput.cpp
+  gui/charts/XYGraphPainting.cpp
   gui/charts/ZeroAxes.cpp
   gui/colour/ColorSpots.cpp
   gui/colour/GamutPlane.cpp
   gui/colour/HarmonyElement.cpp
+  gui/colour/HostScreen.cpp
   gui/colour/ScreenModel.cpp
   gui/colour/SkyDrawing.cpp
   gui/controls/ButtonPictures.cpp

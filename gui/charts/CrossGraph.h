@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/charts/Graph.h"
+#include "gui/charts/PlaneDecor.h"
 #include "gui/charts/ToleranceContour.h"
 #include "gui/charts/UpdateMessage.h"
 #include "gui/elements/NumberTable.h"
@@ -13,7 +14,8 @@ namespace GUI {
 ///
 /// Attributes beyond `Graph`'s: "ColorBarType" (No; "ab" has green, red, yellow and blue bars on the left,
 /// right, upper and lower edge, "L" a white and a black one above and below, "NoGraph" crosses the plot out),
-/// "Smooth" (No; crosses with antialiasing).
+/// "Smooth" (No; crosses with antialiasing), and those of `PlaneDecor`, whose values are asked for at the
+/// command "Properties".
 ///
 /// Values asked of the data source under the element's name: at the command "Properties" "ColorBarType" and
 /// "Tolerance" (a record of `ToleranceContour`, drawn beneath the crosses of a plane of a* and b*); at
@@ -47,6 +49,7 @@ private:
     bool smooth_ = false;
     std::vector<Point> points_;
     ToleranceContour tolerance_;
+    PlaneDecor decor_;
 };
 
 } // namespace GUI

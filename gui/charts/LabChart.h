@@ -16,7 +16,7 @@ class CrossGraph;
 /// values become rectangular ones. Some spaces have no plots: both are crossed out.
 ///
 /// Attributes: "ColorSpace" (CIELab), "ZoomFactor" (100, in percent; the first update replaces it by the
-/// space's), "Smooth" (No; crosses with antialiasing).
+/// space's), "Smooth" (No; crosses with antialiasing), and those of `PlaneDecor`, for the plane of CIELab.
 ///
 /// Values asked of the data source under the element's name: at the command "Properties" "ColorScale" (the
 /// colour space; an unknown one throws `OutOfRangeException`, and the one before stays) and
@@ -64,6 +64,8 @@ private:
     std::vector<Utilities::Anything> rows_;
     std::uint32_t zoomFactor_ = 100;
     bool smooth_ = false;
+    /// Attributes that go on to the plane.
+    AttributeMap decor_;
 };
 
 } // namespace GUI

@@ -2,6 +2,8 @@
 
 #include "Diagnostics/Sink.h"
 #include "gui/charts/CurvePainter.h"
+#include "gui/charts/EdgeAxes.h"
+#include "gui/charts/GraphAttributes.h"
 #include "gui/colour/PatchAttributes.h"
 #include "gui/elements/description/ElementRegistration.h"
 
@@ -15,18 +17,21 @@ using Utilities::String;
 
 namespace {
 
-constexpr Attribute attributeList[] = {PatchAttributes::smooth};
+namespace Keys = GraphAttributes;
+
+constexpr Attribute attributeList[] = {PatchAttributes::smooth,
+                                       Keys::axes,
+                                       Keys::difference,
+                                       Keys::band,
+                                       Keys::cases,
+                                       Keys::legend,
+                                       Keys::cursor,
+                                       Keys::valueFormat,
+                                       Keys::xUnit,
+                                       ExploredPlot::zoomAttribute};
 
 ElementRegistration<XYGraph, Graph> const registration({"XYGraph", "$Revision: 1.17 $", "GUI"},
                                                        attributeList);
-
-/// "r;g;b"
-RGBVector CurveColor(String const& text) {
-    auto const channel = [&text](long index) {
-        return static_cast<unsigned char>(text.GetToken(index, ';').GetLong());
-    };
-    return {channel(0), channel(1), channel(2)};
-}
 
 String Key(char const* prefix, long number) { return String(prefix) + String(number); }
 
@@ -35,7 +40,21 @@ String Key(char const* prefix, long number) { return String(prefix) + String(num
 void XYGraph::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                          DialogDataSource* dataSource) {
     Graph::Initialize(parent, description, dataSource);
-    smooth_ = AttributeReader(description).Flag(PatchAttributes::smooth);
+    AttributeReader const attributes(description);
+    smooth_ = attributes.Flag(PatchAttributes::smooth);
+    hasEdgeAxes_ = attributes.Text(Keys::axes) == "Edges";
+    // The scales' own lines are enough.
+    if (hasEdgeAxes_) SetFrame(false);
+    isDifference_ = attributes.Flag(Keys::difference);
+    hasCases_ = attributes.Flag(Keys::cases);
+    hasLegend_ = attributes.Text(Keys::legend) == "Inside";
+    hasCursor_ = attributes.Flag(Keys::cursor);
+    String const band = attributes.Text(Keys::band);
+    band_ = band == "Range" ? Band::Range : band == "Zero" ? Band::Zero : Band::None;
+    valueFormat_ = attributes.Text(Keys::valueFormat);
+    xUnit_ = attributes.Text(Keys::xUnit);
+    SetZoom(attributes.Flag(zoomAttribute));
+    ReadSettings();
 }
 
 long XYGraph::OnUpdate(Anything const& command) {
@@ -47,8 +66,26 @@ long XYGraph::OnUpdate(Anything const& command) {
     } else if (auto const range = UpdateMessage::Range::Parse(message)) {
         ReadData(*range);
     }
+    ReadSettings();
     Repaint();
     return 0;
+}
+
+void XYGraph::ReadSettings() {
+    CallScope const call(*this);
+    if (hasLegend_ || hasCases_) {
+        Anything const legend = GetValue("LegendCurves");
+        legendIsChosen_ = legend.IsValid();
+        legend_.clear();
+        if (legendIsChosen_)
+            for (Anything const& number : legend.GetVectorOfAnythings()) legend_.push_back(number.GetLong());
+    }
+    if (HasZoom()) TakeView(GetValue(viewKey));
+    if (!hasCursor_) return;
+    Anything const cursor = GetValue("Cursor");
+    if (!cursor.IsValid()) return;
+    bool const isNone = cursor.IsOfTypeString() && cursor.GetString().Length() == 0;
+    cursor_ = isNone ? std::nullopt : ItemAt(cursor.GetDouble());
 }
 
 void XYGraph::ReadData(UpdateMessage::Range const& range) {
@@ -77,48 +114,22 @@ void XYGraph::ReadData(UpdateMessage::Range const& range) {
     Anything const newStep = GetValue("ValueStep");
     if (newStep.IsValid()) step = newStep.GetDouble();
     SetXValues(begin, step);
+    if (isDifference_ || hasCases_ || band_ != Band::None) {
+        Anything const standard = GetValue("StandardCurve");
+        standard_ = standard.IsValid() ? standard.GetLong() : -1;
+    }
+    if (isDifference_) SubtractStandard(*data);
     data_ = data;
 }
 
-void XYGraph::OnPaint(PlatformIndependentDeviceContext& context) {
-    Graph::OnPaint(context);
-    long active = -1;
-    try {
-        Anything const value = GetValue("ActiveCurve");
-        if (value.IsValid()) active = value.GetShort();
-    } catch (...) {
-        Diagnostics::DropException("XYGraph::OnPaint: ActiveCurve");
-    }
-    ScaleMap const map = GetScaleMap();
-    // What is asked of the data source in between may bring new data.
-    auto const data = data_;
-    if (smooth_) context.SetSmooth(true);
-    auto const draw = [&](bool isActive) {
-        long number = 0;
-        for (auto curve = data->curves.Begin(); curve.IsValid(); ++curve, ++number)
-            if ((number == active) == isActive) DrawCurveNumber(context, map, number, curve.Current());
-    };
-    if (active != -1) draw(true);
-    draw(false);
-    if (smooth_) context.SetSmooth(false);
-}
-
-void XYGraph::DrawCurveNumber(PlatformIndependentDeviceContext& context, ScaleMap const& map, long number,
-                              Curve const& curve) {
-    // A data source that fails leaves its curve undrawn; the others are drawn.
-    try {
-        RGBVector color(255, 0, 0);
-        Anything const colorText = GetValue(Key("CurveColor ", number));
-        if (colorText.IsValid()) color = CurveColor(colorText.GetString());
-        context.SetBrush(color);
-        long width = lineWidth_;
-        Anything const ownWidth = GetValue(Key("LineWidth ", number));
-        if (ownWidth.IsValid()) width = ownWidth.GetLong();
-        context.SetPen(color, width, PlatformIndependentDeviceContext::solid);
-        DrawCurve(context, map, GetXValueBegin(), GetDeltaXValue(), {curve.begin(), curve.GetSize()});
-    } catch (...) {
-        Diagnostics::DropException("XYGraph::OnPaint: curve");
-    }
+void XYGraph::SubtractStandard(Data& data) const {
+    Curve base;
+    long number = 0;
+    for (auto curve = data.curves.Begin(); curve.IsValid(); ++curve, ++number)
+        if (number == standard_) base = curve.Current();
+    for (auto curve = data.curves.Begin(); curve.IsValid(); ++curve)
+        for (std::uint32_t i = 0; i < std::min(base.GetSize(), curve.Current().GetSize()); ++i)
+            curve.Current()[i] -= base[i];
 }
 
 String XYGraph::GetNumberTable() {

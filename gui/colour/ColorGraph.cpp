@@ -1,6 +1,6 @@
 #include "gui/colour/ColorGraph.h"
 
-#include "Utilities/NamingService.h"
+#include "gui/colour/HostScreen.h"
 #include "gui/colour/OutsideMark.h"
 #include "gui/colour/PatchAttributes.h"
 #include "gui/elements/colour/ScreenRGB.h"
@@ -41,15 +41,6 @@ constexpr double highestLightness = 100;
 std::uint32_t Packed(RGBVector const& color) {
     return static_cast<std::uint32_t>(color.GetRed()) << 16U |
            static_cast<std::uint32_t>(color.GetGreen()) << 8U | color.GetBlue();
-}
-
-/// The host's way to the screen; null without one.
-Utilities::SmartPointer<Tintorium::ScreenRGB> HostsScreen() {
-    constexpr char const* name = "Model";
-    if (!Utilities::NamingService::Instance()->IsRegistered(name)) return {};
-    auto const model = Utilities::ResolveComponent<Tintorium::Model>(name);
-    auto screen = model->GetComponent("ScreenRGB");
-    return Utilities::SmartPointer<Tintorium::ScreenRGB>(screen);
 }
 
 } // namespace
@@ -93,7 +84,7 @@ long ColorGraph::OnUpdate(Anything const& command) {
 }
 
 GamutPlane const& ColorGraph::GetPlane() {
-    auto screen = HostsScreen();
+    auto screen = FindHostScreen();
     if (screen_.IsNull() || (!screen.IsNull() && screen.Get() != screen_.Get())) {
         plane_ = nullptr;
         screen_ = screen.IsNull() ? Utilities::MakeSmart<Tintorium::ScreenRGB>() : screen;

@@ -198,6 +198,20 @@ bool CNorvelianAdvancedControl::OnNavigationKey(NavigationKey key) {
     });
 }
 
+bool CNorvelianAdvancedControl::OnViewKey(ViewKey key) {
+    return Guarded("CNorvelianAdvancedControl: view key", [&] {
+        auto* const view = dynamic_cast<ViewInput*>(impl_->GetPane());
+        return view && view->OnViewKey(key);
+    });
+}
+
+bool CNorvelianAdvancedControl::OnWheel(double steps, QPoint const& place) {
+    return Guarded("CNorvelianAdvancedControl: wheel", [&] {
+        auto* const view = dynamic_cast<ViewInput*>(impl_->GetPane());
+        return view && view->OnWheel(steps, place.x(), place.y());
+    });
+}
+
 bool CNorvelianAdvancedControl::OpenContextMenu(QPoint const& place) {
     if (contextMenu_.Length() == 0) return false;
     return Guarded("CNorvelianAdvancedControl: context menu", [&] {

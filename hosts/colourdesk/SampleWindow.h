@@ -133,6 +133,9 @@ private:
     long columns_;
     long rows_;
     short labRange_;
+    /// What the charts show, as they told it; empty for the whole.
+    Utilities::Anything curveView_ = "";
+    Utilities::Anything labView_ = "";
     double reflectanceEnd_;
     long selected_ = -1;
     Utilities::String theme_ = "Light";
