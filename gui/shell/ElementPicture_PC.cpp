@@ -5,6 +5,7 @@
 #include "Utilities/Limits.h"
 #include "core/base/Exceptions.h"
 #include "gui/elements/Pane.h"
+#include "gui/layout/FrameBox.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 
 #include <QBuffer>
@@ -46,6 +47,8 @@ void DrawTree(GUIElement& element, QPoint origin, QRect const& clip, Draw const&
         origin = box.topLeft();
         draw(*pane, {origin, QRegion(inner)});
     }
+    auto* const frame = dynamic_cast<FrameBox*>(&element);
+    if (frame && frame->GetPanel()) DrawTree(*frame->GetPanel(), origin, inner, draw);
     // What the paint calls may drop some of them.
     std::vector<Utilities::SmartPointer<GUIElement>> children;
     for (auto child = element.GetChildrenList().Begin(); child.IsValid(); ++child)
@@ -87,15 +90,20 @@ bool DrawPage(GUIElement& element, QSize const& size, double scale, QBuffer& fil
     QPainter painter;
     if (!painter.begin(&writer)) return false;
     painter.scale(scale * fineness, scale * fineness);
-    DrawTree(element, -BoxOf(element).topLeft(), QRect(QPoint(), size),
-             [&](Pane& pane, SurfacePart const& part) {
-                 PlatformIndependentDeviceContext_PC context(painter, part);
-                 pane.OnPaint(context);
-             });
+    ElementPicture_PC::Draw(element, painter, QRect(QPoint(), size), nullptr);
     return painter.end();
 }
 
 } // namespace
+
+void ElementPicture_PC::Draw(GUIElement& element, QPainter& painter, QRect const& box, Theme const* theme) {
+    DrawTree(element, box.topLeft() - BoxOf(element).topLeft(), box,
+             [&](Pane& pane, SurfacePart const& part) {
+                 PlatformIndependentDeviceContext_PC context(painter, part);
+                 context.SetTheme(theme);
+                 pane.OnPaint(context);
+             });
+}
 
 bool ElementPicture_PC::Save(GUIElement& element, std::string const& path, unsigned long width) {
     std::string const extension = std::filesystem::path(path).extension().string();

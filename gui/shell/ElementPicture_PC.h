@@ -2,9 +2,13 @@
 
 #include <string>
 
+class QPainter;
+class QRect;
+
 namespace GUI {
 
 class GUIElement;
+class Theme;
 
 /// Draws an element, with all panes below it, into a file of another device: a picture, or a PDF page.
 ///
@@ -17,6 +21,8 @@ public:
     /// picture in pixels, or of the page in points (1/72 inch); 0 is the element's own. False for what can't
     /// be drawn or written; nothing of a file is left behind then.
     static bool Save(GUIElement& element, std::string const& path, unsigned long width);
+    /// Draws it into a box of a painter's coordinates, in the colours of a theme; null for the element's own.
+    static void Draw(GUIElement& element, QPainter& painter, QRect const& box, Theme const* theme);
 };
 
 } // namespace GUI
