@@ -80,6 +80,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/LabGraphSetting.cpp
   gui/controls/Notice.cpp
   gui/controls/Verdict.cpp
+  gui/report/ReportService_PC.cpp
 )
 
 # Units without a creator, and last the exports.
@@ -162,6 +163,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
   gui/layout/ToolRow.cpp
+  gui/platform/PagePrinter_PC.cpp
   gui/press/CNorvelianPPressButton.cpp
   gui/press/PaperPressButton.cpp
   gui/press/PressText.cpp
@@ -215,6 +217,12 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/tree/TreeWnd.cpp
   gui/tree/TreeWndDrags.cpp
   gui/tree/TreeWndInput.cpp
+  gui/report/ReportBlocks.cpp
+  gui/report/ReportDrawing_PC.cpp
+  gui/report/ReportLayout.cpp
+  gui/report/ReportReader.cpp
+  gui/report/ReportTable.cpp
+  gui/report/ReportText.cpp
   services/ImageDirectory.cpp
   services/IniText.cpp
   services/JpegReader_PC.cpp

@@ -5,6 +5,7 @@
 #include "Utilities/Limits.h"
 #include "core/base/Exceptions.h"
 #include "gui/elements/Pane.h"
+#include "gui/layout/FrameBox.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/SvgDeviceContext_PC.h"
@@ -65,6 +66,8 @@ void DrawTree(GUIElement& element, QPoint origin, QRect const& clip, Draw const&
         origin = box.topLeft();
         draw(*pane, {origin, QRegion(inner)});
     }
+    auto* const frame = dynamic_cast<FrameBox*>(&element);
+    if (frame && frame->GetPanel()) DrawTree(*frame->GetPanel(), origin, inner, draw);
     // What the paint calls may drop some of them.
     std::vector<Utilities::SmartPointer<GUIElement>> children;
     for (auto child = element.GetChildrenList().Begin(); child.IsValid(); ++child)
@@ -188,6 +191,15 @@ QImage ElementPicture_PC::Draw(GUIElement& element, ElementRendering const& rend
     Subject const subject = Describe(element, rendering.theme);
     double const scale = ScaleOf(subject, rendering);
     return scale == 0 ? QImage() : DrawPicture(subject, scale);
+}
+
+void ElementPicture_PC::Draw(GUIElement& element, QPainter& painter, QRect const& box, Theme const* theme) {
+    DrawTree(element, box.topLeft() - BoxOf(element).topLeft(), box,
+             [&](Pane& pane, SurfacePart const& part) {
+                 PlatformIndependentDeviceContext_PC context(painter, part);
+                 context.SetTheme(theme);
+                 pane.OnPaint(context);
+             });
 }
 
 std::string ElementPicture_PC::Render(GUIElement& element, ElementRendering const& rendering) {

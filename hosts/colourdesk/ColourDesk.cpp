@@ -1,5 +1,6 @@
 #include "hosts/colourdesk/ColourDesk.h"
 
+#include "Utilities/LanguageServiceInterface.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
 #include "Utilities/ProgramDirectory.h"
@@ -7,6 +8,7 @@
 #include "core/base/Exceptions.h"
 #include "cxf/conditions/TristimException.h"
 #include "gui/elements/description/GUIDescriptionReader.h"
+#include "hosts/colourdesk/SampleReport.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -52,6 +54,8 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
             options.help = true;
         } else if (argument == "--screenshot") {
             options.screenshot = value("the name of a picture");
+        } else if (argument == "--report") {
+            options.report = value("the name of a PDF");
         } else if (argument == "--language") {
             options.language = value("a language");
         } else if (argument == "--theme") {
@@ -81,6 +85,7 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
 
 char const* Options::Usage() {
     return "usage: colourdesk [--screenshot PICTURE] [--language LANGUAGE] [FILE]\n"
+           "       colourdesk --report PDF [--language LANGUAGE] [FILE]\n"
            "       colourdesk --gallery [DIRECTORY] [--language LANGUAGE]\n"
            "\n"
            "Shows the measured samples of FILE: CGATS text, or the XML form, with spectra of at least 400 to "
@@ -88,6 +93,7 @@ char const* Options::Usage() {
            "Without FILE, the samples that come with the program.\n"
            "\n"
            "  --screenshot PICTURE       draws the window without a screen and writes it to PICTURE\n"
+           "  --report PDF               writes a report on the samples to PDF\n"
            "  --language LANGUAGE        English, French, German or Japanese; F8 in the window takes the\n"
            "                             next one and keeps it\n"
            "  --theme THEME              Light, Dark, Line or Report\n"
@@ -118,7 +124,8 @@ private:
 };
 
 Application::Application(Options options) : GUI::Application("colourdesk"), options_(std::move(options)) {
-    SetOffscreen(!options_.screenshot.empty() || !options_.galleryDirectory.empty());
+    SetOffscreen(!options_.screenshot.empty() || !options_.report.empty() ||
+                 !options_.galleryDirectory.empty());
 }
 
 Application::~Application() {
@@ -215,6 +222,7 @@ int Application::Execute() {
         return Run();
     }
     if (!options_.screenshot.empty()) return WritePicture(*window_, options_.screenshot);
+    if (!options_.report.empty()) return WriteReport(options_.report) ? 0 : 1;
     if (platform.IsOffscreen()) {
         std::string const picture = std::filesystem::absolute("colourdesk.png").string();
         int const result = WritePicture(*window_, picture);
@@ -279,6 +287,8 @@ void Application::OnMenuItem(String const& name) {
         TakeLook();
     } else if (name == SampleWindow::quitItem) {
         if (MayClose()) Quit(0);
+    } else if (name == SampleWindow::reportItem) {
+        OfferReport();
     } else if (name == SampleWindow::nextLanguageItem) {
         TakeLanguage(FindNextLanguage());
     } else if (String const theme = SampleWindow::themeItem; name.FindSubstring(theme, 0) == 0) {
@@ -325,6 +335,21 @@ int Application::WritePicture(GUI::GUIElement& window, std::string const& fileNa
     if (GetImplementation().SaveWindowPicture(window, fileName)) return 0;
     ReportError(fileName + ": the picture can't be written");
     return 1;
+}
+
+bool Application::WriteReport(std::string const& fileName) {
+    bool const written = SampleReport(*handler_).Save(fileName);
+    if (!written) ReportError(fileName + ": the report can't be written");
+    return written;
+}
+
+void Application::OfferReport() {
+    std::string const file = SampleReport::ProposeFile(handler_->GetDocument().GetPath());
+    if (!WriteReport(file)) return;
+    String text = Utilities::LanguageServiceInterface::GetTranslation("The report is in %1.");
+    text.Replace("%1", file);
+    GetImplementation().ShowMessage(Utilities::LanguageServiceInterface::GetTranslation("Colour report"),
+                                    text);
 }
 
 void Application::QuitAfterFirstPaint() {

@@ -18,6 +18,8 @@ struct Options {
     std::string file;
     /// Where the window's picture goes instead of the screen; empty for the screen.
     std::string screenshot;
+    /// Where a PDF report on the samples goes instead of a window; empty for none.
+    std::string report;
     /// Language of the texts; empty for that of the settings.
     std::string language;
     /// Empty for that of the settings.
@@ -73,6 +75,10 @@ private:
     void Keep(char const* section, char const* key, Utilities::String const& value);
     int ShowGallery();
     int WritePicture(GUI::GUIElement& window, std::string const& fileName);
+    /// False, and the user is told, if it can't be written.
+    bool WriteReport(std::string const& fileName);
+    /// Writes one where the user keeps documents, and says where.
+    void OfferReport();
     void QuitAfterFirstPaint();
 
     Options options_;

@@ -331,7 +331,7 @@ Callback SampleWindow::GetCallback(String const& element, String const& event) {
                             StartsWith(element, themeItem) || StartsWith(element, surroundItem) ||
                             element == firstPage || element == previousPage || element == nextPage ||
                             element == lastPage || element == previousTool || element == nextTool ||
-                            element == surroundTool || element == themeTool;
+                            element == surroundTool || element == themeTool || element == reportItem;
     if (element == viewTabs && event == "OnTabChanged")
         return Utilities::MakeCallback(this, &SampleWindow::OnTabChanged);
     if (event == "OnClick" && isMenuItem) return Utilities::MakeCallback(this, &SampleWindow::OnMenuItem);

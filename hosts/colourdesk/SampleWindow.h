@@ -52,6 +52,7 @@ public:
     static constexpr char const* languageItem = "Language";
     static constexpr char const* nextLanguageItem = "NextLanguage";
     static constexpr char const* quitItem = "Quit";
+    static constexpr char const* reportItem = "Report";
     /// Tools; their names are those of their icons.
     static constexpr char const* previousTool = "previous";
     static constexpr char const* nextTool = "next";
