@@ -109,6 +109,7 @@ void CNorvelianFileDialog::TakeTheme() {
         widget->setStyle(style);
         widget->setPalette(style->GetPalette());
         widget->setFont(font());
+        if (auto* const button = qobject_cast<QPushButton*>(widget)) button->setIcon({});
     }
 }
 
