@@ -23,6 +23,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   services/information/DllInformation_PC.cpp
   gui/controls/DropDown_PC.cpp
   gui/controls/Edit_PC.cpp
+  gui/files/FileDialog_PC.cpp
   gui/controls/FixedText_PC.cpp
   gui/layout/FrameBox.cpp
   gui/grid/Grid_PC.cpp
@@ -131,6 +132,8 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/controls/NumberRule.cpp
   gui/controls/ScrollBar.cpp
   gui/controls/TextAdaption.cpp
+  gui/files/CNorvelianFileDialog.cpp
+  gui/files/SamplePreview.cpp
   gui/layout/FramePanel.cpp
   gui/grid/CNorvelianAccessibleGrid.cpp
   gui/grid/CNorvelianGridCtrl.cpp

@@ -135,6 +135,7 @@ Application::~Application() {
 }
 
 void Application::Close() {
+    files_.Close();
     window_ = nullptr;
     handler_.reset();
     gallery_.reset();
@@ -285,6 +286,13 @@ void Application::OnMenuItem(String const& name) {
     } else if (name == SampleWindow::themeTool) {
         handler_->SetTheme(next(themes, handler_->GetTheme()));
         TakeLook();
+    } else if (name == SampleWindow::openItem) {
+        // The window that the dialog is over goes when the file is shown.
+        files_.Open(*window_->GetWindowID(),
+                    [this](String const& file) { messages_->PostMessage(openMessage, file); });
+    } else if (name == SampleWindow::saveItem) {
+        files_.SaveAs(*window_->GetWindowID(), handler_->GetDocument().GetFileName(),
+                      [this](String const& file) { SaveFile(file); });
     } else if (name == SampleWindow::quitItem) {
         if (MayClose()) Quit(0);
     } else if (name == SampleWindow::reportItem) {
@@ -299,6 +307,14 @@ void Application::OnMenuItem(String const& name) {
         TakeLook();
     } else if (name.FindSubstring(prefix, 0) == 0) {
         TakeLanguage(name.Mid(prefix.Length(), name.Length()));
+    }
+}
+
+void Application::SaveFile(String const& file) {
+    try {
+        handler_->GetDocument().SaveAs(file.GetStdString());
+    } catch (TraceableException const& failure) {
+        ReportError(failure.what());
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "gui/elements/application/Application.h"
 #include "gui/elements/application/MessageService.h"
+#include "hosts/colourdesk/DeskFiles.h"
 #include "hosts/colourdesk/DeskTools.h"
 #include "hosts/colourdesk/Gallery.h"
 #include "hosts/colourdesk/SampleWindow.h"
@@ -67,6 +68,7 @@ private:
     long OnKey(Utilities::Anything const& key);
     long OnOpen(Utilities::Anything const& file);
     void OnMenuItem(Utilities::String const& name);
+    void SaveFile(Utilities::String const& file);
     Utilities::String FindNextLanguage();
     /// And keeps it in the settings.
     void TakeLanguage(Utilities::String const& language);
@@ -85,6 +87,7 @@ private:
     Utilities::SmartPointer<GUI::MessageService> messages_;
     std::unique_ptr<SampleWindow> handler_;
     DeskTools tools_;
+    DeskFiles files_;
     std::unique_ptr<Gallery> gallery_;
     Utilities::SmartPointer<GUI::PlatformIndependentWindowID> noParent_;
     Utilities::SmartPointer<GUI::DescriptionTree> description_;

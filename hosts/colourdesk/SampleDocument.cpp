@@ -56,6 +56,10 @@ SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRG
     return document;
 }
 
+void SampleDocument::SaveAs(std::string const& path) const {
+    Cxf::WriteSampleSets(path, Cxf::ReadSampleSets(path_), Cxf::FormatOf(path));
+}
+
 std::string SampleDocument::GetFileName() const { return std::filesystem::path(path_).filename().string(); }
 
 std::string SampleDocument::FormatLab(std::array<double, 3> const& lab) {

@@ -34,6 +34,10 @@ public:
     static SampleDocument Open(std::string const& path,
                                Tintorium::ScreenRGB const& screen = Tintorium::ScreenRGB());
 
+    /// Writes all tables of the file, also those without spectra, in the form that the name tells. Throws
+    /// what reading and writing throw.
+    void SaveAs(std::string const& path) const;
+
     std::string const& GetPath() const { return path_; }
     std::string GetFileName() const;
     std::vector<ShownSample> const& GetSamples() const { return samples_; }

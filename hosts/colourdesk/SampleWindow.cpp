@@ -326,12 +326,12 @@ bool SampleWindow::OnDrop(GUI::PlatformIndependentWindowID const& /*window*/, GU
 Callback SampleWindow::GetCallback(String const& element, String const& event) {
     if (event == "OnLeftButtonDown" && SampleOfPatch(element) >= 0)
         return Utilities::MakeCallback(this, &SampleWindow::OnPatchClicked);
-    bool const isMenuItem = element == quitItem || element == chartsView || element == gridView ||
-                            element == nextLanguageItem || StartsWith(element, languageItem) ||
-                            StartsWith(element, themeItem) || StartsWith(element, surroundItem) ||
-                            element == firstPage || element == previousPage || element == nextPage ||
-                            element == lastPage || element == previousTool || element == nextTool ||
-                            element == surroundTool || element == themeTool || element == reportItem;
+    bool const isMenuItem =
+        element == openItem || element == saveItem || element == quitItem || element == chartsView ||
+        element == gridView || element == nextLanguageItem || StartsWith(element, languageItem) ||
+        StartsWith(element, themeItem) || StartsWith(element, surroundItem) || element == firstPage ||
+        element == previousPage || element == nextPage || element == lastPage || element == previousTool ||
+        element == nextTool || element == surroundTool || element == themeTool || element == reportItem;
     if (element == viewTabs && event == "OnTabChanged")
         return Utilities::MakeCallback(this, &SampleWindow::OnTabChanged);
     if (event == "OnClick" && isMenuItem) return Utilities::MakeCallback(this, &SampleWindow::OnMenuItem);

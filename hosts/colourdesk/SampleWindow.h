@@ -51,6 +51,8 @@ public:
     /// The element name of a language's item in the menu begins with this; the language follows.
     static constexpr char const* languageItem = "Language";
     static constexpr char const* nextLanguageItem = "NextLanguage";
+    static constexpr char const* openItem = "OpenFile";
+    static constexpr char const* saveItem = "SaveFileAs";
     static constexpr char const* quitItem = "Quit";
     static constexpr char const* reportItem = "Report";
     /// Tools; their names are those of their icons.
