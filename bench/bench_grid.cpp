@@ -1,6 +1,7 @@
 // The table against the platform's own (peer), measured in the same run. Each case checks its result.
 
 #include "Utilities/NamingService.h"
+#include "bench/Paints.h"
 #include "gui/elements/CallbackTable.h"
 #include "gui/elements/DialogDataSource.h"
 #include "gui/elements/application/Application.h"
@@ -86,26 +87,8 @@ private:
     GUI::CallbackTable callbacks_;
 };
 
-class Paints : public QObject {
-public:
-    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-    bool WaitFor(int wanted) const {
-        for (int i = 0; i < 1000 && count < wanted; ++i) QApplication::processEvents();
-        return count >= wanted;
-    }
-    int count = 0;
-};
-
-/// Delivers updates at once, without the platform's timer.
-void Flush(QWidget& widget) {
-    QCoreApplication::sendPostedEvents();
-    QEvent update(QEvent::UpdateRequest);
-    QCoreApplication::sendEvent(widget.window(), &update);
-}
+using Bench::Flush;
+using Bench::Paints;
 
 /// A described window with one table.
 class Table {

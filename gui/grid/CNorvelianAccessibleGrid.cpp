@@ -11,19 +11,6 @@ namespace GUI {
 
 namespace {
 
-QAccessibleInterface* MakeInterface(QString const& /*className*/, QObject* object) {
-    auto* const grid = dynamic_cast<CNorvelianGridCtrl*>(object);
-    return grid ? new CNorvelianAccessibleGrid(*grid) : nullptr;
-}
-
-class Installed {
-public:
-    Installed() { QAccessible::installFactory(MakeInterface); }
-    ~Installed() { QAccessible::removeFactory(MakeInterface); }
-    Installed(Installed const&) = delete;
-    Installed& operator=(Installed const&) = delete;
-};
-
 /// More can't be told in one list.
 constexpr int mostListed = 1000;
 
@@ -160,11 +147,9 @@ void CNorvelianAccessibleCell::doAction(QString const& action) {
 CNorvelianAccessibleGrid::CNorvelianAccessibleGrid(CNorvelianGridCtrl& grid)
     : QAccessibleWidget(&grid, QAccessible::Table) {}
 
-CNorvelianAccessibleGrid::~CNorvelianAccessibleGrid() {
-    for (auto const& [place, id] : cells_) QAccessible::deleteAccessibleInterface(id);
+void CNorvelianAccessibleGrid::Install() {
+    InstallAccessible<CNorvelianGridCtrl, CNorvelianAccessibleGrid>();
 }
-
-void CNorvelianAccessibleGrid::Install() { static Installed const installed; }
 
 CNorvelianGridCtrl& CNorvelianAccessibleGrid::GetGrid() const {
     return *static_cast<CNorvelianGridCtrl*>(object());
@@ -211,19 +196,7 @@ QAccessibleInterface* CNorvelianAccessibleGrid::cellAt(int row, int column) cons
     CNorvelianGridCtrl& grid = GetGrid();
     GridPlace const place{row + 1L, column + 1L};
     if (row < 0 || column < 0 || !grid.GetCore().HasPlace(place)) return nullptr;
-    std::pair<long, long> const key(place.row, place.column);
-    if (auto const found = cells_.find(key); found != cells_.end())
-        return QAccessible::accessibleInterface(found->second);
-    if (cells_.size() >= mostCells) {
-        auto const last = cells_.find(oldest_.front());
-        oldest_.pop_front();
-        QAccessible::deleteAccessibleInterface(last->second);
-        cells_.erase(last);
-    }
-    auto* const cell = new CNorvelianAccessibleCell(grid, place);
-    cells_[key] = QAccessible::registerAccessibleInterface(cell);
-    oldest_.push_back(key);
-    return cell;
+    return cells_.Get({place.row, place.column}, [&] { return new CNorvelianAccessibleCell(grid, place); });
 }
 
 QAccessibleInterface* CNorvelianAccessibleGrid::childAt(int x, int y) const {

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "gui/grid/CNorvelianAccessibleParts.h"
 #include "gui/grid/model/GridRange.h"
 
 #include <QAccessibleWidget>
 #include <QPointer>
-#include <deque>
-#include <map>
 #include <utility>
 
 namespace GUI {
@@ -54,12 +53,10 @@ private:
     GridPlace place_;
 };
 
-/// A table for assistive technology. Of its cells only those exist that were asked for last, so that a
-/// million rows don't become a million objects.
+/// A table for assistive technology.
 class CNorvelianAccessibleGrid : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
     explicit CNorvelianAccessibleGrid(CNorvelianGridCtrl& grid);
-    ~CNorvelianAccessibleGrid() override;
 
     /// Makes tables known to Qt for as long as the module is loaded.
     static void Install();
@@ -94,14 +91,10 @@ public:
     bool unselectColumn(int /*column*/) override { return false; }
     void modelChange(QAccessibleTableModelChangeEvent* /*event*/) override {}
 
-    /// So many cells exist at once; a screen has fewer.
-    static constexpr std::size_t mostCells = 2048;
-
 private:
     CNorvelianGridCtrl& GetGrid() const;
 
-    mutable std::map<std::pair<long, long>, QAccessible::Id> cells_;
-    mutable std::deque<std::pair<long, long>> oldest_;
+    mutable CNorvelianAccessibleParts<std::pair<long, long>> cells_;
 };
 
 } // namespace GUI

@@ -1,37 +1,32 @@
 #pragma once
 
 #include "gui/grid/view/CGXGridWnd.h"
+#include "gui/shell/CNorvelianScrollArea.h"
 
-#include <QAbstractScrollArea>
-#include <QPointer>
 #include <functional>
-
-class QLineEdit;
 
 namespace GUI {
 
-class GUIElement;
-
 /// The window of a table: what the platform sends goes to `CGXGridWnd`, which paints and decides.
-class CNorvelianGridCtrl : public QAbstractScrollArea, public CGXGridWnd {
+class CNorvelianGridCtrl : public CNorvelianScrollArea, public CGXGridWnd {
 public:
     explicit CNorvelianGridCtrl(QWidget* parent);
     ~CNorvelianGridCtrl() override;
 
-    /// Whose events these are; null once it is released.
-    void SetElement(GUIElement const* element) { element_ = element; }
     /// Runs a command as an event of the element.
     void RunCommand(std::function<void(CGXGridWnd&)> const& command);
 
 protected:
-    bool event(QEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
-    void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    void OnPaintPart(PlatformIndependentDeviceContext& context, QRect const& part) override;
+    void OnViewportSize(long width, long height) override { OnSize(width, height); }
+    bool OnMouse(QEvent& event) override;
+    bool IsOwnKey(QKeyEvent const& event) const override;
+    void OnEnabled(bool enabled) override { SetEnabled(enabled); }
+    void OnFocusChange(bool focused) override { OnFocus(focused); }
+    void OnScrolled() override;
+    bool OnEditorKey(QKeyEvent& event) override;
+    void OnEditorLeft() override { EndEditing(true); }
 
     void RepaintBox(GridBox const& box) override;
     void ScrollPixels(GridBox const& area, long dx, long dy) override;
@@ -50,18 +45,7 @@ protected:
     void TellCellChange(GridPlace const& place) override;
 
 private:
-    /// Runs a handler as an event of the element.
-    template <class Handler> void Run(Handler handler);
-    /// Whether a logical pixel is a whole number of the screen's; not at a scale of 1.5.
-    bool HasWholePixels() const;
-    void PaintViewport(QPaintEvent const& event);
-    bool OnMouse(QEvent& event);
     bool PassKey(QKeyEvent& event);
-    bool OnEditorKey(QKeyEvent& event);
-
-    GUIElement const* element_ = nullptr;
-    QPointer<QLineEdit> editor_;
-    bool settingBars_ = false;
 };
 
 } // namespace GUI

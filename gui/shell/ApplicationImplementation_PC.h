@@ -11,6 +11,7 @@
 #include <vector>
 
 class QApplication;
+class QKeyEvent;
 
 namespace GUI {
 
@@ -61,6 +62,8 @@ private:
     void ShowQueuedMessages();
     bool eventFilter(QObject* receiver, QEvent* event) override;
     bool ExecuteAccelerator(long command);
+    /// Whether the control that has the focus does itself what a menu's Edit items do elsewhere.
+    static bool IsForTextField(QKeyEvent const& key);
     void OpenArguments();
     long OnLanguageChanged(Utilities::Anything const& language);
 

@@ -5,6 +5,7 @@
 #include "Utilities/Limits.h"
 #include "core/base/Exceptions.h"
 #include "gui/elements/Pane.h"
+#include "gui/layout/FrameBox.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/SvgDeviceContext_PC.h"
@@ -65,6 +66,8 @@ void DrawTree(GUIElement& element, QPoint origin, QRect const& clip, Draw const&
         origin = box.topLeft();
         draw(*pane, {origin, QRegion(inner)});
     }
+    auto* const frame = dynamic_cast<FrameBox*>(&element);
+    if (frame && frame->GetPanel()) DrawTree(*frame->GetPanel(), origin, inner, draw);
     // What the paint calls may drop some of them.
     std::vector<Utilities::SmartPointer<GUIElement>> children;
     for (auto child = element.GetChildrenList().Begin(); child.IsValid(); ++child)
@@ -95,13 +98,13 @@ void DrawThrough(QPainter& painter, Subject const& subject, QImage* pixels) {
     });
 }
 
-bool DrawPicture(Subject const& subject, double scale, QBuffer& file, char const* format) {
+QImage DrawPicture(Subject const& subject, double scale) {
     auto const pixels = [scale](int length) { return static_cast<std::size_t>(std::lround(length * scale)); };
     std::size_t const width = pixels(subject.size.width());
     std::size_t const height = pixels(subject.size.height());
-    if (width * height > Utilities::Limits::Get().pixels) return false;
+    if (width * height > Utilities::Limits::Get().pixels) return {};
     QImage image(static_cast<int>(width), static_cast<int>(height), QImage::Format_RGB32);
-    if (image.isNull()) return false;
+    if (image.isNull()) return image;
     image.fill(Qt::white);
     // The context takes it for a screen of finer pixels; coarser ones are the painter's.
     if (scale >= 1) image.setDevicePixelRatio(scale);
@@ -111,9 +114,14 @@ bool DrawPicture(Subject const& subject, double scale, QBuffer& file, char const
     painter.end();
     image.setDevicePixelRatio(1);
     image.setColorSpace(QColorSpace::SRgb);
-    // Of a PNG this is how hard it is packed, not how good it is.
-    constexpr int quick = 80;
-    return image.save(&file, format, QByteArray(format).toLower() == "png" ? quick : -1);
+    return image;
+}
+
+/// 0 for a width that no picture has.
+double ScaleOf(Subject const& subject, ElementRendering const& rendering) {
+    constexpr unsigned long widest = 65535;
+    if (subject.size.isEmpty() || rendering.width > widest) return 0;
+    return rendering.width == 0 ? 1 : static_cast<double>(rendering.width) / subject.size.width();
 }
 
 bool DrawPage(Subject const& subject, double scale, QBuffer& file) {
@@ -179,19 +187,36 @@ bool Write(std::string const& path, std::string_view bytes) {
 
 } // namespace
 
+QImage ElementPicture_PC::Draw(GUIElement& element, ElementRendering const& rendering) {
+    Subject const subject = Describe(element, rendering.theme);
+    double const scale = ScaleOf(subject, rendering);
+    return scale == 0 ? QImage() : DrawPicture(subject, scale);
+}
+
+void ElementPicture_PC::Draw(GUIElement& element, QPainter& painter, QRect const& box, Theme const* theme) {
+    DrawTree(element, box.topLeft() - BoxOf(element).topLeft(), box,
+             [&](Pane& pane, SurfacePart const& part) {
+                 PlatformIndependentDeviceContext_PC context(painter, part);
+                 context.SetTheme(theme);
+                 pane.OnPaint(context);
+             });
+}
+
 std::string ElementPicture_PC::Render(GUIElement& element, ElementRendering const& rendering) {
     Subject const subject = Describe(element, rendering.theme);
     std::string const& format = rendering.format.GetStdString();
-    constexpr unsigned long widest = 65535;
-    if (format.empty() || subject.size.isEmpty() || rendering.width > widest) return {};
-    double const scale =
-        rendering.width == 0 ? 1 : static_cast<double>(rendering.width) / subject.size.width();
+    double const scale = ScaleOf(subject, rendering);
+    if (format.empty() || scale == 0) return {};
     if (format == "svg") return DrawSvg(subject, scale);
     QByteArray bytes;
     QBuffer file(&bytes);
     file.open(QIODevice::WriteOnly);
+    // Of a PNG this is how hard it is packed, not how good it is.
+    constexpr int quick = 80;
     bool const isDrawn =
-        format == "pdf" ? DrawPage(subject, scale, file) : DrawPicture(subject, scale, file, format.c_str());
+        format == "pdf"
+            ? DrawPage(subject, scale, file)
+            : DrawPicture(subject, scale).save(&file, format.c_str(), format == "png" ? quick : -1);
     return isDrawn ? bytes.toStdString() : std::string();
 }
 

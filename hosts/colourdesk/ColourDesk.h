@@ -2,6 +2,7 @@
 
 #include "gui/elements/application/Application.h"
 #include "gui/elements/application/MessageService.h"
+#include "hosts/colourdesk/DeskFiles.h"
 #include "hosts/colourdesk/DeskTools.h"
 #include "hosts/colourdesk/Gallery.h"
 #include "hosts/colourdesk/SampleWindow.h"
@@ -18,6 +19,8 @@ struct Options {
     std::string file;
     /// Where the window's picture goes instead of the screen; empty for the screen.
     std::string screenshot;
+    /// Where a PDF report on the samples goes instead of a window; empty for none.
+    std::string report;
     /// Language of the texts; empty for that of the settings.
     std::string language;
     /// Empty for that of the settings.
@@ -30,6 +33,7 @@ struct Options {
     /// Where the gallery's pictures go; empty for the screen.
     std::string galleryDirectory;
     bool help = false;
+    bool version = false;
 
     /// Throws `InvalidArgumentException` that names the option.
     static Options Parse(std::vector<std::string> const& arguments);
@@ -52,6 +56,8 @@ public:
     /// Drops the window.
     void Close();
 
+    /// Asks the user before changes are lost.
+    bool MayClose() override;
     /// Opens another file; the one before stays if it can't be read.
     long OpenFile(Utilities::String const& fileName) override;
 
@@ -65,6 +71,7 @@ private:
     long OnKey(Utilities::Anything const& key);
     long OnOpen(Utilities::Anything const& file);
     void OnMenuItem(Utilities::String const& name);
+    void SaveFile(Utilities::String const& file);
     Utilities::String FindNextLanguage();
     /// And keeps it in the settings.
     void TakeLanguage(Utilities::String const& language);
@@ -73,12 +80,20 @@ private:
     void Keep(char const* section, char const* key, Utilities::String const& value);
     int ShowGallery();
     int WritePicture(GUI::GUIElement& window, std::string const& fileName);
+    /// False, and the user is told, if it can't be written.
+    bool WriteReport(std::string const& fileName);
+    /// Writes one where the user keeps documents, and says where.
+    void OfferReport();
     void QuitAfterFirstPaint();
 
     Options options_;
     Utilities::SmartPointer<GUI::MessageService> messages_;
     std::unique_ptr<SampleWindow> handler_;
     DeskTools tools_;
+    /// The menu's handlers of the library, which enter themselves under their names.
+    Utilities::SmartPointer<Utilities::Component> editMenu_;
+    Utilities::SmartPointer<Utilities::Component> inspectorMenu_;
+    DeskFiles files_;
     std::unique_ptr<Gallery> gallery_;
     Utilities::SmartPointer<GUI::PlatformIndependentWindowID> noParent_;
     Utilities::SmartPointer<GUI::DescriptionTree> description_;

@@ -237,6 +237,27 @@ Anything GetTable(String const& name) {
                 text(String(2.5 * std::sin(1.7 * *row), 2, '.')), text("Measure")});
 }
 
+/// Sets and samples, with all that a node may have before its text.
+Anything GetNodes(std::string const& state, String const& name) {
+    if (name == "Selected") return state == "Selected" ? "set/2" : "";
+    if (!(name == "Children")) return {};
+    constexpr long tiles = 3;
+    Anything::VectorOfAnythings samples(tiles);
+    for (long i = 0; i < tiles; ++i)
+        samples[static_cast<std::uint32_t>(i)] =
+            Map({{"Key", String(i + 1)},
+                 {"Text", "Tile " + String(i + 1)},
+                 {"Columns", Row({String(47.25 + 7.25 * static_cast<double>(i), 2, '.')})},
+                 {"Color", Hue(static_cast<double>(i + 1) / 6).GetAnything()},
+                 {"Check", i != 1}});
+    return Row({Map({{"Key", "set"},
+                     {"Text", "Set A"},
+                     {"Expanded", true},
+                     {"Check", "Partial"},
+                     {"Children", samples}}),
+                Map({{"Key", "other"}, {"Text", "Set B"}, {"Check", false}, {"HasChildren", true}})});
+}
+
 } // namespace
 
 Anything SelectCell(long row, long column) {
@@ -246,6 +267,7 @@ Anything SelectCell(long row, long column) {
 Anything GetValue(std::string const& component, std::string const& state, String const& name) {
     if (component == "BarGraph") return GetBars(name);
     if (component == "Grid") return GetTable(name);
+    if (component == "TreeView" && !(name == "Enabled")) return GetNodes(state, name);
     if (component == "XYGraph") return GetCurves(name);
     if (auto const spot = NumberBehind(component, "Patch"); spot && name == "Data") return GetSpot(*spot);
     if (component == "ColorWheel" || component == "PalimarSky") return GetHarmony(state, name);

@@ -25,14 +25,14 @@ struct Head {
     char const* width;
     short decimals;
 };
-constexpr std::array<Head, 9> heads{{{"Name", "220", 0},
+constexpr std::array<Head, 9> heads{{{"Name", "204", 0},
                                      {"Colour", "72", 0},
                                      {"L*", "88", 2},
                                      {"a*", "88", 2},
                                      {"b*", "88", 2},
                                      {"C*ab", "88", 2},
                                      {"hab", "88", 1},
-                                     {"\u0394E00 to the selected", "180", 2},
+                                     {"\u0394E00 to the selected", "176", 2},
                                      {"Spectrum", "120", 0}}};
 
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();

@@ -95,6 +95,8 @@ Anything SampleWindow::GetValue(String const& element, String const& key) {
     if (element == views)
         return key == "CurrentView" ? Anything(view_ == gridView ? "TableView" : "ChartsView") : Anything();
     if (element == sampleGrid) return grid_.GetValue(key);
+    if (element == sampleTree)
+        return key == "Selected" ? Anything(tree_.GetPath(selected_)) : tree_.GetValue(key);
     if (element == labChart) {
         if (key == "SelectedSample" && firstPaint_) std::exchange(firstPaint_, nullptr)();
         return GetLabChartValue(key);
@@ -298,6 +300,8 @@ void SampleWindow::SetValue(String const& element, String const& key, Anything c
     if (element == curves && key == "View") curveView_ = value;
     if (element == labChart && key == "View") labView_ = value;
     if (element == sampleGrid) TakeGridValue(key, value);
+    if (element == sampleTree && key == "Selected" && value.IsOfTypeString())
+        if (long const sample = tree_.GetSample(value.GetString()); sample >= 0) Select(sample);
     if (element == labChart && key == "Click") {
         auto const& place = value.GetMapOfAnythings();
         SelectNearest(place["x"].GetDouble(), place["y"].GetDouble());
@@ -322,12 +326,13 @@ bool SampleWindow::OnDrop(GUI::PlatformIndependentWindowID const& /*window*/, GU
 Callback SampleWindow::GetCallback(String const& element, String const& event) {
     if (event == "OnLeftButtonDown" && SampleOfPatch(element) >= 0)
         return Utilities::MakeCallback(this, &SampleWindow::OnPatchClicked);
-    bool const isMenuItem = element == quitItem || element == chartsView || element == gridView ||
+    bool const isMenuItem = element == aboutItem || element == openItem || element == saveItem ||
+                            element == quitItem || element == chartsView || element == gridView ||
                             element == nextLanguageItem || StartsWith(element, languageItem) ||
                             StartsWith(element, themeItem) || StartsWith(element, surroundItem) ||
                             element == firstPage || element == previousPage || element == nextPage ||
                             element == lastPage || element == previousTool || element == nextTool ||
-                            element == surroundTool || element == themeTool;
+                            element == surroundTool || element == themeTool || element == reportItem;
     if (element == viewTabs && event == "OnTabChanged")
         return Utilities::MakeCallback(this, &SampleWindow::OnTabChanged);
     if (event == "OnClick" && isMenuItem) return Utilities::MakeCallback(this, &SampleWindow::OnMenuItem);
@@ -360,6 +365,13 @@ void SampleWindow::SelectNearest(double a, double b) {
     if (nearest >= 0) Select(nearest);
 }
 
+void SampleWindow::UpdateDetails() {
+    for (char const* const element : {"SamplePage", "SampleName", "SamplePosition", "SampleLightness",
+                                      "SampleA", "SampleB", "SampleChroma", "SampleHue", "SampleCondition",
+                                      "SampleGamut", "SelectedColour", "TableCondition", "Tools"})
+        ExecuteCallback(element, "OnUpdate", {});
+}
+
 void SampleWindow::Select(long sample) {
     long const former = std::exchange(selected_, sample);
     if (former == sample) return;
@@ -371,10 +383,7 @@ void SampleWindow::Select(long sample) {
         for (long const changed : {former, sample})
             if (pages_.IsShown(changed)) ExecuteCallback(PatchName(changed).c_str(), "OnUpdate", {});
     }
-    for (char const* const element : {"SamplePage", "SampleName", "SamplePosition", "SampleLightness",
-                                      "SampleA", "SampleB", "SampleChroma", "SampleHue", "SampleCondition",
-                                      "SampleGamut", "SelectedColour", "TableCondition", "Tools"})
-        ExecuteCallback(element, "OnUpdate", {});
+    UpdateDetails();
     ExecuteCallback("Spectra", "OnUpdate", "Properties");
     // The tolerance is around the selected one.
     ExecuteCallback(labChart, "OnUpdate", {});
@@ -431,8 +440,5 @@ SampleWindow::GetSample(Anything const& sampleKey) {
     if (sample < 0) return {};
     return At(sample).sample;
 }
-
-void SampleWindow::DataChanged(Anything const& /*sampleKey*/, Anything const& /*what*/) {}
-bool SampleWindow::IsLocked(Anything const& /*sampleKey*/, Anything const& /*what*/) { return true; }
 
 } // namespace ColourDesk

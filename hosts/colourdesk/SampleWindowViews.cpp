@@ -24,6 +24,7 @@ void SampleWindow::ShowNamedView(std::string const& name) {
 void SampleWindow::UpdateGrid() {
     if (!(view_ == gridView)) return;
     grid_.SetStandard(selected_);
+    ExecuteCallback(sampleTree, "OnUpdate", "Selection");
     ExecuteCallback(sampleGrid, "OnUpdate", {});
     if (selected_ < 0) return;
     Anything::MapOfAnythings select;

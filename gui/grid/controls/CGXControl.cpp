@@ -54,13 +54,9 @@ public:
     void Draw(GridDrawing& drawing, GridCellView const& cell) const override {
         GridBox const box = GetSquare(cell.box);
         if (box.IsEmpty()) return;
-        auto const& colors = drawing.GetColors();
-        RGBVector const ink = TextColorOf(drawing, cell);
-        drawing.Fill(box, cell.pressed ? colors.band : colors.background);
-        drawing.Frame(box, ink);
-        if (!IsGridCellChecked(cell.text)) return;
-        drawing.Line(box.left + 3, box.top + 6, box.left + 6, box.top + 9, ink, 2);
-        drawing.Line(box.left + 5, box.top + 9, box.left + 10, box.top + 3, ink, 2);
+        drawing.CheckBox(box,
+                         IsGridCellChecked(cell.text) ? GridDrawing::Mark::Tick : GridDrawing::Mark::None,
+                         TextColorOf(drawing, cell), cell.pressed);
     }
     Reaction Click(GridCellView const& cell, long x, long y) const override {
         return GetSquare(cell.box).Contains(x, y) ? Press(cell) : Reaction();
@@ -74,7 +70,7 @@ public:
 
 private:
     static GridBox GetSquare(GridBox const& cell) {
-        constexpr long side = 13;
+        constexpr long side = GridDrawing::checkBoxSide;
         long const left = cell.left + (cell.GetWidth() - side) / 2;
         long const top = cell.top + (cell.GetHeight() - side) / 2;
         return cell.GetWidth() < side || cell.GetHeight() < side

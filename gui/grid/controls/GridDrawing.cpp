@@ -33,6 +33,17 @@ void GridDrawing::Line(long x1, long y1, long x2, long y2, RGBVector const& colo
     context_.DrawLine(ToShort(x1), ToShort(y1), ToShort(x2), ToShort(y2));
 }
 
+void GridDrawing::CheckBox(GridBox const& box, Mark mark, RGBVector const& ink, bool pressed) {
+    Fill(box, pressed ? colors_.band : colors_.background);
+    Frame(box, ink);
+    if (mark == Mark::Tick) {
+        Line(box.left + 3, box.top + 6, box.left + 6, box.top + 9, ink, 2);
+        Line(box.left + 5, box.top + 9, box.left + 10, box.top + 3, ink, 2);
+    } else if (mark == Mark::Bar) {
+        Fill({box.left + 3, box.top + 5, box.right - 3, box.bottom - 5}, ink);
+    }
+}
+
 void GridDrawing::SelectFont(CGXStyle const& style) {
     static String const normalFace("Arial");
     String const& face = style.fontName ? *style.fontName : normalFace;

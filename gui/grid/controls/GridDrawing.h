@@ -76,6 +76,10 @@ public:
     /// many lines as it has and find room. What is too wide ends in an ellipsis.
     void Text(GridBox const& box, CGXStyle const& style, Utilities::String const& text,
               RGBVector const& color, GridAlignment alignment);
+    /// A check box; `mark` is drawn in it.
+    enum class Mark : std::uint8_t { None, Tick, Bar };
+    void CheckBox(GridBox const& box, Mark mark, RGBVector const& ink, bool pressed);
+    static constexpr long checkBoxSide = 13;
     void SelectFont(CGXStyle const& style);
     long GetTextWidth(Utilities::String const& text);
     long GetLineHeight() const { return font_.lineHeight; }

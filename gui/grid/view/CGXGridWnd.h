@@ -4,42 +4,13 @@
 #include "gui/grid/edit/GridExchange.h"
 #include "gui/grid/edit/GridHistory.h"
 #include "gui/grid/edit/GridSort.h"
+#include "gui/grid/view/GridInput.h"
 #include "gui/grid/view/GridSelection.h"
 #include "gui/grid/view/GridViewport.h"
 
 #include <span>
 
 namespace GUI {
-
-enum class GridKey : std::uint8_t {
-    Left,
-    Right,
-    Up,
-    Down,
-    Home,
-    End,
-    PageUp,
-    PageDown,
-    Tab,
-    Enter,
-    Escape,
-    Edit,
-    Space,
-    Delete,
-    Copy,
-    Cut,
-    Paste,
-    Undo,
-    Redo,
-    SelectAll
-};
-
-struct GridModifiers {
-    bool shift = false;
-    bool control = false;
-};
-
-enum class GridCursor : std::uint8_t { Arrow, Columns, Rows };
 
 /// Hears what the user does in a table. Each of these may let the table's window go.
 class GridObserver {

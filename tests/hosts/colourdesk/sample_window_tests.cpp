@@ -144,6 +144,15 @@ TEST(SampleWindow, ShowsAllSamplesInATable) {
     std::string const first = cell(1, 0);
     window.SetValue("SampleGrid", "CurrentCell", Anything(place));
     EXPECT_EQ(window.GetValue("SampleName", "Caption").GetString(), first.c_str());
+    // The tree has the same one, and gives another.
+    auto const names = window.GetValue("SampleTree", "Children file").GetVectorOfAnythings();
+    long const sample = window.GetSelected();
+    EXPECT_EQ(names[static_cast<std::uint32_t>(sample)].GetMapOfAnythings()["Text"].GetString(),
+              first.c_str());
+    EXPECT_EQ(window.GetValue("SampleTree", "Selected").GetString(), "file/" + Utilities::String(sample));
+    window.SetValue("SampleTree", "Selected", "file/7");
+    window.SetValue("SampleTree", "Selected", "file");
+    EXPECT_EQ(window.GetSelected(), 7);
 }
 
 TEST(SampleWindow, PlacesBehindTheLastSampleAreEmpty) {
