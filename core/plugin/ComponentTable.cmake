@@ -18,6 +18,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/CrossGraph.cpp
   gui/shell/Dialog_PC.cpp
   gui/controls/DropDown_PC.cpp
+  gui/shell/DropHandlerImpl_PC.cpp
   gui/controls/Edit_PC.cpp
   gui/files/FileDialog_PC.cpp
   gui/controls/FixedText_PC.cpp
@@ -148,7 +149,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
   gui/platform/DragData_PC.cpp
-  gui/platform/DropData_PC.cpp
+  gui/platform/DropDataObject_PC.cpp
   gui/platform/LightWindow.cpp
   gui/shell/CNorvelianAccessible.cpp
   gui/shell/CNorvelianAdvancedControl.cpp
@@ -156,6 +157,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/CNorvelianScrollArea.cpp
   gui/shell/CNorvelianSurface.cpp
   gui/shell/CNorvelianSurfaceTheme.cpp
+  gui/shell/CNorvelianSurfaceDrags.cpp
   gui/shell/CNorvelianSurfaceInput.cpp
   gui/shell/CNorvelianWnd.cpp
   gui/shell/ElementPicture_PC.cpp

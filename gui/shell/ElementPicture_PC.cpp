@@ -54,12 +54,12 @@ void DrawTree(GUIElement& element, QPoint origin, QRect const& clip, Draw const&
         if (child->IsAttached()) DrawTree(*child, origin, inner, draw);
 }
 
-bool DrawPicture(GUIElement& element, QSize const& size, double scale, QBuffer& file, char const* format) {
+QImage DrawImage(GUIElement& element, QSize const& size, double scale) {
     auto const pixels = [scale](int length) { return static_cast<std::size_t>(std::lround(length * scale)); };
-    if (pixels(size.width()) * pixels(size.height()) > Utilities::Limits::Get().pixels) return false;
+    if (pixels(size.width()) * pixels(size.height()) > Utilities::Limits::Get().pixels) return {};
     QImage image(static_cast<int>(pixels(size.width())), static_cast<int>(pixels(size.height())),
                  QImage::Format_RGB32);
-    if (image.isNull()) return false;
+    if (image.isNull()) return image;
     image.fill(Qt::white);
     // The context takes it for a screen of finer pixels; coarser ones are the painter's.
     if (scale >= 1) image.setDevicePixelRatio(scale);
@@ -74,7 +74,7 @@ bool DrawPicture(GUIElement& element, QSize const& size, double scale, QBuffer& 
     painter.end();
     image.setDevicePixelRatio(1);
     image.setColorSpace(QColorSpace::SRgb);
-    return image.save(&file, format);
+    return image;
 }
 
 bool DrawPage(GUIElement& element, QSize const& size, double scale, QBuffer& file) {
@@ -106,8 +106,9 @@ bool ElementPicture_PC::Save(GUIElement& element, std::string const& path, unsig
     QByteArray bytes;
     QBuffer file(&bytes);
     file.open(QIODevice::WriteOnly);
-    bool const isDrawn = extension == ".pdf" ? DrawPage(element, size, scale, file)
-                                             : DrawPicture(element, size, scale, file, extension.c_str() + 1);
+    bool const isDrawn = extension == ".pdf"
+                             ? DrawPage(element, size, scale, file)
+                             : DrawImage(element, size, scale).save(&file, extension.c_str() + 1);
     if (!isDrawn) return false;
     try {
         Utilities::WriteFileAtomically(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
@@ -116,6 +117,11 @@ bool ElementPicture_PC::Save(GUIElement& element, std::string const& path, unsig
         return false;
     }
     return true;
+}
+
+QImage ElementPicture_PC::Draw(GUIElement& element) {
+    QSize const size = BoxOf(element).size();
+    return size.isEmpty() ? QImage() : DrawImage(element, size, 1);
 }
 
 } // namespace GUI

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <string>
 
 namespace GUI {
@@ -17,6 +18,8 @@ public:
     /// picture in pixels, or of the page in points (1/72 inch); 0 is the element's own. False for what can't
     /// be drawn or written; nothing of a file is left behind then.
     static bool Save(GUIElement& element, std::string const& path, unsigned long width);
+    /// The picture in the element's own size; null if it can't be drawn.
+    static QImage Draw(GUIElement& element);
 };
 
 } // namespace GUI
