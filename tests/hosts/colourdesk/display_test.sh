@@ -154,7 +154,8 @@ eval "$(xdotool getwindowgeometry --shell "$(xdotool search --onlyvisible --name
 xdotool mousemove --window "$window" 559 $((531 + bar)) mousedown 1
 eval "$(xdotool getmouselocation --shell | sed 's/^/FROM_/')"
 for step in 1 2 3 4 5 6 7 8; do
-  xdotool mousemove $((FROM_X + (SOURCE_X + 100 - FROM_X) * step / 8)) $((FROM_Y + (SOURCE_Y + 100 - FROM_Y) * step / 8))
+  # The press has raised the window, which may cover the other one's middle.
+  xdotool mousemove $((FROM_X + (SOURCE_X + 180 - FROM_X) * step / 8)) $((FROM_Y + (SOURCE_Y + 20 - FROM_Y) * step / 8))
   sleep 0.05
 done
 sleep 0.2
