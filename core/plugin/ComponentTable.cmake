@@ -113,6 +113,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/grid/controls/CGXControl.cpp
   gui/grid/controls/GridDrawing.cpp
   gui/grid/edit/GridExchange.cpp
+  gui/grid/edit/GridFilter.cpp
   gui/grid/edit/GridHistory.cpp
   gui/grid/edit/GridSort.cpp
   gui/grid/model/CGXGridCore.cpp

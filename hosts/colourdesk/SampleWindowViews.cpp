@@ -35,7 +35,7 @@ void SampleWindow::UpdateGrid() {
 }
 
 Anything SampleWindow::GetDragData(String const& element) const {
-    if (element == "SelectedColour") return tree_.GetDragged(selected_);
+    if (element == "SelectedColour" || element == sampleGrid) return tree_.GetDragged(selected_);
     if (long const sample = SampleOfPatch(element); sample >= 0) return tree_.GetDragged(sample);
     if (!(element == "Spectra") && !(element == "LabChart")) return {};
     Anything::VectorOfAnythings files(1);
