@@ -183,7 +183,8 @@ void CNorvelianGridCtrl::GetClipboard(std::string& text, std::string& html) cons
     QMimeData const* const mime = QApplication::clipboard()->mimeData();
     if (!mime) return;
     text = FromPlatformText(mime->text()).GetStdString();
-    html = FromPlatformText(mime->html()).GetStdString();
+    // Only asked for where there is nothing else: another program may take long to make it.
+    if (text.empty()) html = FromPlatformText(mime->html()).GetStdString();
 }
 
 long CNorvelianGridCtrl::MeasureText(String const& text, CGXStyle const& style) const {
