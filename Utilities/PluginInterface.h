@@ -8,7 +8,7 @@
 ///
 /// The number is raised with every change of a class that both sides use: of its members, of the order of
 /// its virtual operations, or of what they mean.
-#define NORVELIAN_PLUGIN_INTERFACE_NUMBER 9
+#define NORVELIAN_PLUGIN_INTERFACE_NUMBER 10
 
 #define NORVELIAN_TEXT_OF_(macro) #macro
 #define NORVELIAN_TEXT_OF(macro) NORVELIAN_TEXT_OF_(macro)

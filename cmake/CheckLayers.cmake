@@ -10,7 +10,8 @@ set(floor_2 cxf/conditions cxf/colorimetry cxf/samples cxf/files cxf/tolerance c
 set(floor_3 gui/elements/colour gui/elements/drawing gui/elements/description gui/elements
   gui/elements/application)
 set(floor_4 core/plugin gui/layout gui/shell gui/controls gui/charts gui/colour gui/press
-  gui/grid/model gui/grid/edit gui/grid/controls gui/grid/view gui/grid/printing gui/grid gui/tree gui/files gui/platform services inspection)
+  gui/grid/model gui/grid/edit gui/grid/controls gui/grid/view gui/grid/printing gui/grid gui/tree gui/files gui/platform gui/report services
+  services/clipboard services/information services/programs inspection)
 
 function(floor_of folder result)
   foreach(number 1 2 3 4)

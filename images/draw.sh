@@ -23,6 +23,27 @@ face() {
     fill $ink stroke none font-size 12 gravity center text 0,$shift '$label'"
 }
 
+# drawing NAME WIDTH HEIGHT SHAPES: one in several colours, which is sharp at every scale.
+drawing() {
+  printf '<svg xmlns="http://www.w3.org/2000/svg" width="%s" height="%s" viewBox="0 0 %s %s">%s</svg>\n' \
+    "$2" "$3" "$2" "$3" "$(tr '\n' ' ' <<<"$4" | sed 's/  */ /g; s/ $//')" >"$1.svg"
+}
+
+# paperpress SUFFIX FACE EDGE EDGEWIDTH INK PAPER SHIFT: a paper and the press that prints it. Programs write into
+# the bands at the head and the foot, and a number at the right over the foot.
+paperpress() {
+  drawing "PaperPress$1" 108 96 "<rect x=\"1\" y=\"1\" width=\"106\" height=\"94\" rx=\"4\" fill=\"$2\"
+    stroke=\"$3\" stroke-width=\"$4\"/>
+    <path d=\"M2 20.5h104M2 74.5h104\" stroke=\"$3\" fill=\"none\"/>
+    <g transform=\"translate(0 $7)\" stroke=\"$5\" stroke-width=\"1.5\" stroke-linejoin=\"round\">
+    <path d=\"M14 66h40v-14h-40z\" fill=\"$6\"/><path d=\"M14 56.5h40M14 61.5h40\" stroke-width=\"1\"/>
+    <path d=\"M30 52v-22h22v22\" fill=\"none\"/>
+    <circle cx=\"41\" cy=\"33\" r=\"7\" fill=\"$2\"/><circle cx=\"41\" cy=\"47\" r=\"7\" fill=\"$2\"/>
+    <path d=\"M20 40h42\" stroke=\"$6\" stroke-width=\"2.5\"/><path d=\"M20 38.5h42M20 41.5h42\" stroke-width=\"0.75\"/>
+    <circle cx=\"41\" cy=\"33\" r=\"1.5\" fill=\"$5\" stroke=\"none\"/>
+    <circle cx=\"41\" cy=\"47\" r=\"1.5\" fill=\"$5\" stroke=\"none\"/></g>"
+}
+
 # button NAME WIDTH LABEL: the states Up, Down, disabled and mouse over, plain and active.
 button() {
   face "$1U" "$2" '#f4f4f4' '#7a7a7a' '#202020' 0 "$3"
@@ -38,8 +59,15 @@ button() {
 # tab NAME WIDTH FILL EDGE SHAPE DETAIL: one end of a tab, 14 pixels high: its face on the dark strip, then lines.
 tab() { picture "$1" "$2" 14 "fill #3f3f3f stroke none rectangle 0,0 $2,14 fill $3 $5 fill none stroke $4 $6"; }
 
-button PaperPress 72 ''
 mkdir -p English German French
+paperpress U '#f7f7f7' '#7a7a7a' 1 '#4a4a4a' '#ffffff' 0
+paperpress D '#cfcfcf' '#161616' 1 '#161616' '#ffffff' 1
+paperpress X '#ebebeb' '#cfcfcf' 1 '#a8a8a8' '#f7f7f7' 0
+paperpress O '#ffffff' '#161616' 1 '#161616' '#ffffff' 0
+paperpress UA '#ffffff' '#161616' 2 '#161616' '#e0e0e0' 0
+paperpress DA '#cfcfcf' '#161616' 2 '#161616' '#ffffff' 1
+paperpress XA '#ebebeb' '#a8a8a8' 2 '#a8a8a8' '#f7f7f7' 0
+paperpress OA '#f0f0f0' '#000000' 2 '#000000' '#ffffff' 0
 button English/Measure 90 'Measure'
 button German/Measure 90 'Messen'
 button French/Measure 90 'Mesurer'
@@ -104,13 +132,14 @@ picture Warnung 20 15 "fill #ffffff stroke #161616 stroke-width 1.5 stroke-linej
   polygon 10,1.5 18,13.75 2,13.75
   stroke none fill #161616 roundrectangle 9.25,5 10.75,9.5 0.7,0.7 circle 10,11.5 10,10.6"
 
-# A press unit from the side: plate, blanket and impression cylinder, the sheet between the last two.
-picture TrendPressSection 57 75 "fill #dcdcdc stroke #606060 stroke-width 1 roundrectangle 6.5,0.5 50.5,74.5 6,6
-  fill #b8c4d0 circle 28.5,16.5 28.5,4.5
-  fill #8fa3b8 circle 28.5,37.5 28.5,27.5
-  fill #70859a circle 28.5,60 28.5,49.5
-  stroke #ffffff stroke-width 2 line 0,48.5 57,48.5
-  stroke none fill #404040 circle 28.5,16.5 28.5,15 circle 28.5,37.5 28.5,36 circle 28.5,60 28.5,58.5"
+# A printing unit from the side: plate, blanket and impression cylinder, the sheet between the last two. Programs
+# write into a band at the head, 17 pixels high, and in white at the foot.
+drawing TrendPressSection 57 75 "<rect x=\"0.5\" y=\"0.5\" width=\"56\" height=\"74\" fill=\"#dcdcdc\" stroke=\"#2d393e\"/>
+  <path d=\"M1 55h55v19h-55z\" fill=\"#2d393e\"/>
+  <g stroke=\"#4a4a4a\"><circle cx=\"19\" cy=\"28\" r=\"8\" fill=\"#c6c6c6\"/><circle cx=\"35\" cy=\"34\" r=\"8\" fill=\"#b0b0b0\"/>
+  <circle cx=\"38\" cy=\"51\" r=\"8\" fill=\"#9a9a9a\"/></g>
+  <path d=\"M0 42.5h57\" stroke=\"#ffffff\" stroke-width=\"2\"/>
+  <path d=\"M1 55h55v19h-55z\" fill=\"#2d393e\"/>"
 
 # Ambient light: a lamp's rays over a dark ground.
 picture PropertyAmbientPatch 48 48 "fill #303840 stroke none rectangle 0,0 48,48

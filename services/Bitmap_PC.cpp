@@ -35,6 +35,14 @@ std::string DensePathOf(std::filesystem::path path) {
     return path.replace_filename(name).string();
 }
 
+/// Nothing in it has a colour.
+bool IsBlack(QImage const& picture) {
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if ((picture.pixel(x, y) & RGB_MASK) != 0) return false;
+    return true;
+}
+
 } // namespace
 
 Bitmap_PC::Bitmap_PC() = default;
@@ -63,8 +71,10 @@ bool Bitmap_PC::Load(File const& file) {
         good = LoadJpeg(file);
     else
         good = Attach(PictureReader::ReadBmp(path));
-    if (good) path_ = path;
-    return good;
+    if (!good) return false;
+    path_ = path;
+    isIcon_ = isDrawing && IsBlack(image_);
+    return true;
 }
 
 bool Bitmap_PC::LoadAndResize(File const& file, unsigned long width, unsigned long height) {
@@ -142,29 +152,32 @@ Bitmap::FileFormats Bitmap_PC::GetFileFormats() const {
 }
 
 QImage const& Bitmap_PC::ForDensity(double density) {
-    if (density <= 1.0 || PictureReader::IsDrawing(path_)) return image_;
+    if (PictureReader::IsDrawing(path_)) return Drawn(density, std::nullopt);
+    if (density <= 1.0) return image_;
     if (!path_.empty()) dense_ = PictureReader::Read(DensePathOf(std::exchange(path_, {})));
     return dense_.isNull() ? image_ : dense_;
 }
 
-QImage const& Bitmap_PC::InTone(double density, QColor const& tone) {
+QImage const& Bitmap_PC::Drawn(double density, std::optional<QColor> const& tone) {
     // A window has one scale and few colours of text; what a session of theme changes leaves is dropped.
     constexpr std::size_t most = 16;
-    std::pair const key(density, tone.rgb());
+    if (density == 1 && !tone) return image_;
+    std::pair const key(density, tone ? tone->rgb() : QRgb{0});
     if (auto const known = tones_.find(key); known != tones_.end()) return known->second;
     if (tones_.size() >= most) tones_.clear();
     QImage drawing = density == 1 ? image_ : PictureReader::ReadDrawing(path_, density);
     if (drawing.isNull()) drawing = image_;
-    QPainter painter(&drawing);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(drawing.rect(), tone);
-    painter.end();
+    if (tone) {
+        QPainter painter(&drawing);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(drawing.rect(), *tone);
+    }
     return tones_.emplace(key, std::move(drawing)).first->second;
 }
 
 void Bitmap_PC::DrawInTone(long x, long y, QPainter& target, QColor const& tone) {
-    if (path_.empty() || !PictureReader::IsDrawing(path_)) return DrawBitmap(x, y, target);
-    QImage const& picture = InTone(target.device()->devicePixelRatioF(), tone);
+    if (!isIcon_ || path_.empty()) return DrawBitmap(x, y, target);
+    QImage const& picture = Drawn(target.device()->devicePixelRatioF(), tone);
     target.drawImage(QRect(static_cast<int>(x), static_cast<int>(y), image_.width(), image_.height()),
                      picture);
 }

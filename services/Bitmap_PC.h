@@ -6,6 +6,7 @@
 #include <QImage>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -24,8 +25,8 @@ class PlatformIndependentDeviceContext_PC;
 ///
 /// For screens of high density a file "name@2x.ext" beside "name.ext" is drawn in its place, at the same
 /// size on the surface; the picture's size in pixels stays that of the plain file. A drawing (a file ending
-/// in ".svg") is sharp at every scale, and is drawn in one tone: the colour of the texts around it. Changed
-/// by `BeginDraw` it is a picture as any other.
+/// in ".svg") is sharp at every scale. One that is all black is an icon, and drawn in one tone: the colour
+/// of the texts around it. Changed by `BeginDraw` it is a picture as any other.
 class Bitmap_PC : public Bitmap, public Picture_PC {
 public:
     Bitmap_PC();
@@ -55,14 +56,16 @@ public:
 private:
     void ForgetFile();
     QImage const& ForDensity(double density);
-    QImage const& InTone(double density, QColor const& tone);
+    /// A drawing, in a tone or, without one, in its own colours.
+    QImage const& Drawn(double density, std::optional<QColor> const& tone);
 
     QImage image_;
     std::unique_ptr<PlatformIndependentDeviceContext_PC> context_;
     /// The file that is shown; the one for screens of high density is looked for when it is first needed.
     std::string path_;
     QImage dense_;
-    /// Of a drawing: as it was drawn at a density in a tone.
+    bool isIcon_ = false;
+    /// Of a drawing: as it was drawn at a density in a tone, 0 for its own colours.
     std::map<std::pair<double, QRgb>, QImage> tones_;
 };
 

@@ -103,13 +103,19 @@ bool IsAvailable() {
 
 QImage Read(std::string const& path) {
     std::string const file = ReadFile(path);
-    if (file.empty()) return {};
-    char const* const format = FormatOf(file);
-    if (std::string_view(format) == "jpeg" && HasEndlessScans(file)) return Refused(path, tooManyScans);
+    return file.empty() ? QImage() : ReadBytes(file, path);
+}
+
+QImage ReadBytes(std::string const& bytes, std::string const& name) {
+    if (bytes.size() > Utilities::Limits::Get().pictureBytes)
+        return Refused(name, Utilities::Limits::Passed("pictureBytes", Utilities::Limits::Get().pictureBytes,
+                                                       "bytes of a picture"));
+    char const* const format = FormatOf(bytes);
+    if (std::string_view(format) == "jpeg" && HasEndlessScans(bytes)) return Refused(name, tooManyScans);
     // Our own way to libjpeg is the faster one; it can't turn pictures and knows three components only.
-    if (std::string_view(format) == "jpeg" && !MayBeTurned(file))
-        if (QImage image = ReadJpeg(file); !image.isNull()) return image;
-    return ReadAs(format, file, path);
+    if (std::string_view(format) == "jpeg" && !MayBeTurned(bytes))
+        if (QImage image = ReadJpeg(bytes); !image.isNull()) return image;
+    return ReadAs(format, bytes, name);
 }
 
 QImage ReadScaled(std::string const& path, unsigned long width, unsigned long height) {

@@ -19,6 +19,8 @@ namespace GUI::PictureReader {
 bool IsAvailable();
 /// Whatever format the file has.
 QImage Read(std::string const& path);
+/// What is in memory already; `name` is told to the sink if it can't be shown.
+QImage ReadBytes(std::string const& bytes, std::string const& name);
 /// A drawing (SVG) at so many times its own size; null for another format.
 QImage ReadDrawing(std::string const& path, double scale);
 /// Whether the file's name is that of a drawing.

@@ -11,12 +11,16 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/controls/Button_PC.cpp
   gui/controls/CheckBox_PC.cpp
   gui/colour/CirclePatch.cpp
+  services/clipboard/ClipboardService_PC.cpp
   gui/colour/ColorGraph.cpp
   gui/controls/ColorImageButton.cpp
   services/ColorLibraryTextAdapter.cpp
   gui/colour/ColorWheel.cpp
+  services/clipboard/CopyPasteHandler.cpp
   gui/charts/CrossGraph.cpp
+  services/clipboard/DataSource_PC.cpp
   gui/shell/Dialog_PC.cpp
+  services/information/DllInformation_PC.cpp
   gui/controls/DropDown_PC.cpp
   gui/shell/DropHandlerImpl_PC.cpp
   gui/controls/Edit_PC.cpp
@@ -36,24 +40,37 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/LabGraph.cpp
   services/LanguageService.cpp
   gui/controls/ListBox_PC.cpp
+  services/information/LoadedModules_PC.cpp
   gui/layout/LoopBox.cpp
   gui/shell/Menu_PC.cpp
   gui/shell/MessageService_PC.cpp
   services/MutexImplementation_PC.cpp
+  services/information/OperatingSystem_PC.cpp
+  gui/press/PaperPressButton_PC.cpp
   gui/colour/Patch.cpp
   gui/platform/PlatformIndependentWindowID_PC.cpp
   services/Preferences_PC.cpp
+  inspection/PropertyContent.cpp
+  inspection/PropertyInspector.cpp
+  inspection/PropertyInspectorDefault.cpp
+  inspection/PropertyInspectorSample.cpp
+  inspection/PropertyInspectorMenuHandler.cpp
+  services/programs/RunApplicationDataSource_PC.cpp
   gui/controls/ScrollBar_PC.cpp
   services/SelectionService.cpp
   gui/colour/SmallPatch.cpp
   gui/colour/SquarePatch.cpp
+  services/information/SystemFileName_PC.cpp
   gui/layout/TabbedPaneSelector.cpp
   gui/layout/TabCaption.cpp
+  gui/press/TablePicture.cpp
   services/TextAdapter.cpp
   gui/controls/TextImageButton.cpp
   services/ThreadImplementation_PC.cpp
   gui/layout/ToolBar.cpp
   gui/tree/TreeView_PC.cpp
+  gui/press/TrendGraphicHeader.cpp
+  gui/press/TrendsPressSection.cpp
   gui/layout/VBoxRegistration.cpp
   gui/layout/ViewSelector.cpp
   gui/shell/Window_PC.cpp
@@ -61,23 +78,39 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/charts/XYChart.cpp
   gui/charts/XYColorChart.cpp
   gui/charts/XYGraph.cpp
+  gui/press/ZonesPressSection.cpp
   gui/charts/LabGraphSetting.cpp
   gui/controls/Notice.cpp
   gui/controls/Verdict.cpp
+  gui/report/ReportService_PC.cpp
 )
 
 # Units without a creator, and last the exports.
 set(NORVELIAN_SUPPORT_SOURCES
+  gui/charts/BarGraphLabels.cpp
   gui/charts/Chart.cpp
+  gui/charts/CurveBands.cpp
+  gui/charts/CurveLook.cpp
   gui/charts/CurvePainter.cpp
+  gui/charts/EdgeAxes.cpp
+  gui/charts/ExploredPlot.cpp
   gui/charts/Graph.cpp
   gui/charts/LabColorSpaces.cpp
+  gui/charts/PlaneDecor.cpp
+  gui/charts/PlotCursor.cpp
+  gui/charts/PlotRange.cpp
+  gui/charts/PlotText.cpp
   gui/charts/ScaleNumbers.cpp
   gui/charts/ToleranceContour.cpp
   gui/charts/UpdateMessage.cpp
+  gui/charts/XYColorChartInput.cpp
+  gui/charts/XYGraphInput.cpp
+  gui/charts/XYGraphPainting.cpp
   gui/charts/ZeroAxes.cpp
+  gui/colour/ColorSpots.cpp
   gui/colour/GamutPlane.cpp
   gui/colour/HarmonyElement.cpp
+  gui/colour/HostScreen.cpp
   gui/colour/ScreenModel.cpp
   gui/colour/SkyDrawing.cpp
   gui/controls/ButtonPictures.cpp
@@ -135,6 +168,10 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/layout/LoopBoxCalculator.cpp
   gui/layout/SpaceSharing.cpp
   gui/layout/ToolRow.cpp
+  gui/platform/PagePrinter_PC.cpp
+  gui/press/CNorvelianPPressButton.cpp
+  gui/press/PaperPressButton.cpp
+  gui/press/PressText.cpp
   gui/platform/DeviceContextSmooth_PC.cpp
   gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp
@@ -147,6 +184,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/RasterSurface.cpp
   gui/platform/ShapedTexts_PC.cpp
   gui/platform/SmoothRaster.cpp
+  gui/platform/SvgDeviceContext_PC.cpp
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
   gui/platform/DragData_PC.cpp
@@ -170,6 +208,12 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/TopLevelTheme_PC.cpp
   gui/shell/TopLevel_PC.cpp
   gui/shell/WindowAttributes.cpp
+  inspection/PropertyTree.cpp
+  services/clipboard/GatheredData_PC.cpp
+  services/information/DistributionPackage_PC.cpp
+  services/information/PackageNote.cpp
+  services/programs/ChildProcesses_PC.cpp
+  services/programs/CommandLine.cpp
   gui/tree/CNorvelianAccessibleTree.cpp
   gui/tree/CNorvelianTreeCtrl.cpp
   gui/tree/TreePainter.cpp
@@ -179,6 +223,12 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/tree/TreeWnd.cpp
   gui/tree/TreeWndDrags.cpp
   gui/tree/TreeWndInput.cpp
+  gui/report/ReportBlocks.cpp
+  gui/report/ReportDrawing_PC.cpp
+  gui/report/ReportLayout.cpp
+  gui/report/ReportReader.cpp
+  gui/report/ReportTable.cpp
+  gui/report/ReportText.cpp
   services/ImageDirectory.cpp
   services/IniText.cpp
   services/JpegReader_PC.cpp

@@ -1,6 +1,7 @@
 #include "gui/charts/BarChart.h"
 
 #include "gui/charts/BarGraph.h"
+#include "gui/charts/EdgeAxes.h"
 #include "gui/charts/GraphAttributes.h"
 #include "gui/elements/description/ElementRegistration.h"
 
@@ -21,7 +22,8 @@ constexpr Attribute baseLineKey{"BaseLine", AttributeType::Number, "0",
 constexpr Attribute graphKeys[] = {Keys::justificationOnX, CommonAttributes::backgroundColor,
                                    Keys::lineColor,        Keys::xScaleDrawLines,
                                    Keys::xScaleGraduation, Keys::yScaleDrawLines,
-                                   Keys::yScaleGraduation, Keys::thickLineGraduation};
+                                   Keys::yScaleGraduation, Keys::thickLineGraduation,
+                                   Keys::labels,           Keys::barFormat};
 constexpr Attribute attributeList[] = {baseLineKey,
                                        Keys::justificationOnX,
                                        Keys::lineColor,
@@ -30,7 +32,9 @@ constexpr Attribute attributeList[] = {baseLineKey,
                                        Keys::yScaleDrawLines,
                                        Keys::yScaleGraduation,
                                        Keys::thickLineGraduation,
-                                       Keys::numbersAtLines};
+                                       Keys::numbersAtLines,
+                                       Keys::labels,
+                                       Keys::barFormat};
 
 ElementRegistration<BarChart, Pane> const registration({"BarChart", "$Revision: 1.26 $", "GUI"},
                                                        attributeList);
@@ -42,6 +46,8 @@ constexpr long sideMargin = 5;
 constexpr long sideRulerGrowth = 5;
 /// From the end of a ruler's room to its line, its short and long ticks and its numbers.
 constexpr long toLine = 5;
+/// Above the plot of a graph with labels.
+constexpr long labelledTop = 8;
 constexpr long toShortTickTop = 8;
 constexpr long toShortTickSide = 7;
 constexpr long toLongTickTop = 11;
@@ -92,8 +98,15 @@ void BarChart::BuildGraphDescription(AttributeMap const& attributes) {
         if (auto const found = attributes.Find(key.key); found.IsValid())
             (*graph)[key.key] = found.GetValue();
 
+    isLabelled_ = reader.Flag(Keys::labels);
+    if (isLabelled_) {
+        // Scale and names are in the graph's own room.
+        (*graph)[Keys::left.key] = String(EdgeAxes::leftRoom);
+        (*graph)[Keys::bottom.key] = String(EdgeAxes::belowRoom);
+        (*graph)[Keys::top.key] = String(labelledTop);
+    }
     auto const isNone = [&reader](Attribute const& key) { return reader.Text(key) == "0"; };
-    if (reader.Has(Keys::justificationOnX)) {
+    if (reader.Has(Keys::justificationOnX) && !isLabelled_) {
         bool const hasX = !(isNone(Keys::xScaleDrawLines) && isNone(Keys::xScaleGraduation));
         bool const hasY = !(isNone(Keys::yScaleDrawLines) && isNone(Keys::yScaleGraduation));
         justificationOnX_ = reader.Flag(Keys::justificationOnX);
@@ -163,7 +176,7 @@ void BarChart::OnPaint(PlatformIndependentDeviceContext& context) {
     context.SetBrush(black);
     context.SetPen(black, 2, PlatformIndependentDeviceContext::solid);
     context.SetFont(5, 0, 0, "MS Sans Serif", 0);
-    if (!graph) return;
+    if (!graph || isLabelled_) return;
     unsigned long width = 0;
     unsigned long height = 0;
     graph->GetSize(width, height);

@@ -14,8 +14,9 @@ class BarGraph;
 /// and of ticks on the rulers, handed on to the graph; a scale for which both are 0 has no ruler),
 /// "ThickLineGraduation", "NumbersAtLines" (No; with Yes the side ruler and the limit marks are beside the
 /// graph wherever it is, and an X scale runs downward as the bars do; else they count from the chart's
-/// upper edge, and upward). A distance of numbers that isn't positive writes none. What the graph asks of the
-/// data source it asks under the name "BarGraph".
+/// upper edge, and upward). A distance of numbers that isn't positive writes none. "Labels" (No; names,
+/// values and verdicts in words, see `BarGraph`; there are no rulers then) and "ValueFormat" go on to the
+/// graph. What the graph asks of the data source it asks under the name "BarGraph".
 class BarChart : public Chart {
 public:
     Diagnostics::String GetValueString() override { return "BarChart"; }
@@ -57,6 +58,7 @@ private:
     bool justificationOnX_ = true;
     short baseLine_ = 0;
     bool numbersAtLines_ = false;
+    bool isLabelled_ = false;
 };
 
 } // namespace GUI

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace GUI {
 
@@ -20,9 +21,14 @@ constexpr Attribute negativLimitKey{"NegativLimit", AttributeType::Number, "5",
                                     "Magnitude of the lower limit"};
 constexpr Attribute showLimitKey{"ShowLimit", AttributeType::Flag, "No", "A red line at each limit"};
 constexpr Attribute colorKey{"Color", AttributeType::Colour, "255,0,0", "Colour of bars beyond a limit"};
-constexpr Attribute attributeList[] = {
-    barWidthKey, positivLimitKey, negativLimitKey, showLimitKey, GraphAttributes::thickLineGraduation,
-    colorKey};
+constexpr Attribute attributeList[] = {GraphAttributes::labels,
+                                       GraphAttributes::barFormat,
+                                       barWidthKey,
+                                       positivLimitKey,
+                                       negativLimitKey,
+                                       showLimitKey,
+                                       GraphAttributes::thickLineGraduation,
+                                       colorKey};
 
 ElementRegistration<BarGraph, Graph> const registration({"BarGraph", "$Revision: 1.24 $", "GUI"},
                                                         attributeList);
@@ -48,30 +54,22 @@ void UseColor(PlatformIndependentDeviceContext& context, RGBVector const& color)
 
 } // namespace
 
-/// The scales of one paint.
-struct BarGraph::Scale {
-    ScaleMap map;
-    double xBegin = 0;
-    double xEnd = 0;
-    double yBegin = 0;
-    double yEnd = 0;
+BarGraph::Place BarGraph::Scale::At(double x, double y) const {
+    Place place;
+    map.ToPixel(x, y, place.x, place.y);
+    return place;
+}
 
-    Place At(double x, double y) const {
-        Place place;
-        map.ToPixel(x, y, place.x, place.y);
-        return place;
-    }
-    static Box Between(Place const& a, Place const& b) {
-        return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
-    }
-    Box Between(double x1, double y1, double x2, double y2) const { return Between(At(x1, y1), At(x2, y2)); }
-    void DrawLine(PlatformIndependentDeviceContext& context, double x1, double y1, double x2,
-                  double y2) const {
-        Place const from = At(x1, y1);
-        Place const to = At(x2, y2);
-        context.DrawLine(from.x, from.y, to.x, to.y);
-    }
-};
+BarGraph::Box BarGraph::Scale::Between(Place const& a, Place const& b) {
+    return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
+}
+
+void BarGraph::Scale::DrawLine(PlatformIndependentDeviceContext& context, double x1, double y1, double x2,
+                               double y2) const {
+    Place const from = At(x1, y1);
+    Place const to = At(x2, y2);
+    context.DrawLine(from.x, from.y, to.x, to.y);
+}
 
 namespace {
 
@@ -102,6 +100,8 @@ void BarGraph::Initialize(PlatformIndependentWindowID const& parent, Description
     // Until the attribute says otherwise, bars within their limits are as red as the others.
     barColor_ = barColorLight_ = attributes.Colour(colorKey);
     if (attributes.HasColour(colorKey)) SetColor(barColor_);
+    isLabelled_ = attributes.Flag(GraphAttributes::labels);
+    valueFormat_ = attributes.Text(GraphAttributes::barFormat);
     Graph::Initialize(parent, description, dataSource);
     if (attributes.Has(CommonAttributes::frame)) SetFrame(attributes.Flag(CommonAttributes::frame));
 }
@@ -169,6 +169,7 @@ void BarGraph::ReadBars(UpdateMessage::Range const& range) {
     SetXValues(begin, step);
     bars_ = std::move(bars);
     title_ = title;
+    if (isLabelled_) ReadLabels();
 }
 
 BarGraph::Scale BarGraph::GetScale() {
@@ -180,6 +181,7 @@ BarGraph::Scale BarGraph::GetScale() {
 }
 
 void BarGraph::OnPaint(PlatformIndependentDeviceContext& context) {
+    if (isLabelled_) return PaintLabelled(context);
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): contracted, the grid of the base class is left out
     Pane::OnPaint(context);
     Scale const scale = GetScale();
@@ -238,7 +240,7 @@ void BarGraph::DrawBar(PlatformIndependentDeviceContext& context, Scale const& s
     RGBVector const face = isBeyond ? barColor_ : barColorLight_;
     double const x = XOf(bar);
     if (!(scale.yBegin < value && value < scale.yEnd)) {
-        DrawTornBar(context, scale, x, value > 0 ? scale.yEnd : scale.yBegin, shadow, face);
+        DrawTornBar(context, scale, x, barWidth_, value > 0 ? scale.yEnd : scale.yBegin, shadow, face);
         return;
     }
     Place const first = scale.At(x - barWidth_ / 2, 0);
@@ -254,7 +256,7 @@ void BarGraph::DrawBar(PlatformIndependentDeviceContext& context, Scale const& s
 }
 
 void BarGraph::DrawTornBar(PlatformIndependentDeviceContext& context, Scale const& scale, double x,
-                           double end, RGBVector const& shadow, RGBVector const& face) const {
+                           double width, double end, RGBVector const& shadow, RGBVector const& face) const {
     struct Corner {
         bool isRight;
         double share;
@@ -271,8 +273,7 @@ void BarGraph::DrawTornBar(PlatformIndependentDeviceContext& context, Scale cons
         faces[piece].Resize(4);
         for (std::uint32_t i = 0; i < 4; ++i) {
             Corner const& corner = pieces[piece][i];
-            Place const place =
-                scale.At(corner.isRight ? x + barWidth_ / 2 : x - barWidth_ / 2, end * corner.share);
+            Place const place = scale.At(corner.isRight ? x + width / 2 : x - width / 2, end * corner.share);
             shadows[piece][i] = {place.x + (isHorizontal ? -depthY : depthY) - depthHalf,
                                  place.y + depthX - depthHalf};
             // The shadow falls to the left of upright bars and below level ones; the other side gives way.
@@ -293,10 +294,22 @@ void BarGraph::DrawLimits(PlatformIndependentDeviceContext& context, Scale const
             scale.DrawLine(context, scale.xBegin, limit, scale.xEnd, limit);
 }
 
+String BarGraph::GetNumberTable() {
+    if (bars_.empty()) return {};
+    NumberTable table;
+    table.Add("").Add(title_).EndRow();
+    for (std::size_t bar = 0; bar < bars_.size(); ++bar) {
+        constexpr double none = std::numeric_limits<double>::quiet_NaN();
+        table.Add(XOf(bar)).Add(bars_[bar].isMissing ? none : bars_[bar].value).EndRow();
+    }
+    return table.Take();
+}
+
 String BarGraph::GetToolTipText(unsigned short x, unsigned short y) {
     double xValue = 0;
     double yValue = 0;
-    PixelToValue(static_cast<short>(x), static_cast<short>(y), xValue, yValue);
+    PixelToValue(static_cast<short>(isLabelled_ ? x - std::lround(GetScaleMap().left) : x),
+                 static_cast<short>(y), xValue, yValue);
     double const bar = std::trunc((xValue - GetXValueBegin() + 0.5) / GetDeltaXValue());
     double const middle = GetXValueBegin() + bar * GetDeltaXValue();
     bool const isInside = middle - barWidth_ / 2 < xValue && xValue < middle + barWidth_ / 2;

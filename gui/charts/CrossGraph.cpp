@@ -11,7 +11,9 @@ using Utilities::String;
 
 namespace {
 
-constexpr Attribute attributeList[] = {GraphAttributes::colorBarType, PatchAttributes::smooth};
+constexpr Attribute attributeList[] = {GraphAttributes::colorBarType, PatchAttributes::smooth,
+                                       PlaneDecor::ringsAttribute, PlaneDecor::hueLinesAttribute,
+                                       PlaneDecor::gamutEdgeAttribute};
 
 ElementRegistration<CrossGraph, Graph> const registration({"CrossGraph", "$Revision: 1.11 $", "GUI"},
                                                           attributeList);
@@ -31,6 +33,7 @@ void CrossGraph::Initialize(PlatformIndependentWindowID const& parent, Descripti
     SetFrame(false);
     colorBarType_ = AttributeReader(description).Text(GraphAttributes::colorBarType);
     smooth_ = AttributeReader(description).Flag(PatchAttributes::smooth);
+    decor_.ReadAttributes(description);
     OnUpdate("Properties");
 }
 
@@ -41,6 +44,8 @@ long CrossGraph::OnUpdate(Anything const& command) {
         Anything const type = GetValue(GraphAttributes::colorBarType.key);
         if (type.IsValid()) colorBarType_ = type.GetString();
         tolerance_ = ToleranceContour(GetValue("Tolerance"));
+        if (decor_.HasGamutEdge()) decor_.TakeGamutLightness(GetValue(PlaneDecor::gamutLightnessKey));
+        decor_.TakeTrace(GetValue(PlaneDecor::traceKey));
     } else {
         ReadPoints(UpdateMessage::Range::Parse(message).value_or(UpdateMessage::Range{}));
     }
@@ -81,6 +86,13 @@ void CrossGraph::OnPaint(PlatformIndependentDeviceContext& context) {
     DrawBars(context);
     if (smooth_) context.SetSmooth(true);
     ScaleMap const map = GetScaleMap();
+    if (!decor_.IsEmpty()) {
+        double const xUnit = map.width / (map.xEnd - map.xBegin);
+        double const yUnit = map.height / (map.yEnd - map.yBegin);
+        decor_.Draw(context, {static_cast<long>(width), static_cast<long>(height),
+                              map.left - map.xBegin * xUnit, map.top + map.yEnd * yUnit, xUnit, yUnit});
+        context.SetPen(GetLineColor(), 1, PlatformIndependentDeviceContext::solid);
+    }
     tolerance_.Draw(context, [&map](ToleranceContour::Point const& point) {
         short x = 0;
         short y = 0;
@@ -121,6 +133,13 @@ void CrossGraph::DrawBars(PlatformIndependentDeviceContext& context) const {
         bar(RGBVector(255, 255, 255), width / 5, 0, 4 * width / 5, barThickness);
         bar(RGBVector(0, 0, 0), width / 5, height - barThickness, 4 * width / 5, height);
     }
+}
+
+String CrossGraph::GetNumberTable() {
+    NumberTable table;
+    table.Add("x").Add("y").EndRow();
+    for (Point const& point : points_) table.Add(point.x).Add(point.y).EndRow();
+    return table.Take();
 }
 
 String CrossGraph::GetToolTipText(unsigned short x, unsigned short y) {

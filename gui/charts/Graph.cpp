@@ -97,27 +97,29 @@ void Graph::ReadProperties() {
 }
 
 void Graph::GetXScale(double& begin, double& end) {
-    begin = xScaleBegin_;
-    end = xScaleEnd_;
+    PlotRange const range = GetShownRange();
+    begin = range.xBegin;
+    end = range.xEnd;
 }
 void Graph::GetYScale(double& begin, double& end) {
-    begin = yScaleBegin_;
-    end = yScaleEnd_;
+    PlotRange const range = GetShownRange();
+    begin = range.yBegin;
+    end = range.yEnd;
 }
 void Graph::GetXDrawLines(double& begin, double& step) {
     begin = xValueBegin_;
     step = xScaleDrawLines_;
 }
 void Graph::GetYDrawLines(double& begin, double& step) {
-    begin = yScaleBegin_;
+    begin = GetShownRange().yBegin;
     step = yScaleDrawLines_;
 }
 void Graph::GetXGraduation(double& begin, double& step) {
-    begin = xScaleBegin_;
+    begin = GetShownRange().xBegin;
     step = xScaleGraduation_;
 }
 void Graph::GetYGraduation(double& begin, double& step) {
-    begin = yScaleBegin_;
+    begin = GetShownRange().yBegin;
     step = yScaleGraduation_;
 }
 
@@ -129,10 +131,11 @@ ScaleMap Graph::GetScaleMap() const {
     unsigned long height = 0;
     GetSize(width, height);
     ScaleMap map;
-    map.xBegin = xScaleBegin_;
-    map.xEnd = xScaleEnd_;
-    map.yBegin = yScaleBegin_;
-    map.yEnd = yScaleEnd_;
+    PlotRange const range = GetShownRange();
+    map.xBegin = range.xBegin;
+    map.xEnd = range.xEnd;
+    map.yBegin = range.yBegin;
+    map.yEnd = range.yEnd;
     map.left = left_;
     map.top = top_;
     map.width = static_cast<double>(width) - left_ - right_;
@@ -170,35 +173,35 @@ void Graph::OnPaint(PlatformIndependentDeviceContext& context) {
 }
 
 void Graph::DrawAxes(PlatformIndependentDeviceContext& context, ScaleMap const& map) const {
-    if (yScaleBegin_ <= 0 && 0 < yScaleEnd_) DrawValueLine(context, map, xScaleBegin_, 0, xScaleEnd_, 0);
-    if (xScaleBegin_ <= 0 && 0 < xScaleEnd_) DrawValueLine(context, map, 0, yScaleBegin_, 0, yScaleEnd_);
+    if (map.yBegin <= 0 && 0 < map.yEnd) DrawValueLine(context, map, map.xBegin, 0, map.xEnd, 0);
+    if (map.xBegin <= 0 && 0 < map.xEnd) DrawValueLine(context, map, 0, map.yBegin, 0, map.yEnd);
 }
 
 void Graph::DrawGrid(PlatformIndependentDeviceContext& context, ScaleMap const& map) const {
     // The axes are at zero, so the walks leave it out. On X the positive side comes first, on Y the other.
-    auto const vertical = [&](double x) { DrawValueLine(context, map, x, yScaleBegin_, x, yScaleEnd_); };
-    auto const horizontal = [&](double y) { DrawValueLine(context, map, xScaleBegin_, y, xScaleEnd_, y); };
+    auto const vertical = [&](double x) { DrawValueLine(context, map, x, map.yBegin, x, map.yEnd); };
+    auto const horizontal = [&](double y) { DrawValueLine(context, map, map.xBegin, y, map.xEnd, y); };
     double const xStep = xScaleDrawLines_;
     double const yStep = yScaleDrawLines_;
     if (xStep > 0) {
         Walk(
-            xStep, xStep, [this](double x) { return x < xScaleEnd_; }, vertical);
+            xStep, xStep, [&map](double x) { return x < map.xEnd; }, vertical);
         Walk(
-            -xStep, -xStep, [this](double x) { return x > xScaleBegin_; }, vertical);
+            -xStep, -xStep, [&map](double x) { return x > map.xBegin; }, vertical);
     }
     if (yStep > 0) {
         Walk(
-            -yStep, -yStep, [this](double y) { return y > yScaleBegin_; }, horizontal);
+            -yStep, -yStep, [&map](double y) { return y > map.yBegin; }, horizontal);
         Walk(
-            yStep, yStep, [this](double y) { return y < yScaleEnd_; }, horizontal);
+            yStep, yStep, [&map](double y) { return y < map.yEnd; }, horizontal);
     }
 }
 
 void Graph::DrawXTicks(PlatformIndependentDeviceContext& context, ScaleMap const& map) const {
     double const step = xScaleGraduation_;
-    double const half = yScaleDrawLines_ > 0 ? yScaleDrawLines_ / 10 : (yScaleEnd_ - yScaleBegin_) / 50;
+    double const half = yScaleDrawLines_ > 0 ? yScaleDrawLines_ / 10 : (map.yEnd - map.yBegin) / 50;
     Walk(
-        step, step, [this](double x) { return x < xScaleEnd_; },
+        step, step, [&map](double x) { return x < map.xEnd; },
         [&](double x) {
             short x1 = 0;
             short y1 = 0;
@@ -220,18 +223,18 @@ void Graph::DrawXTicks(PlatformIndependentDeviceContext& context, ScaleMap const
         });
     // This walk begins on the positive side once more and goes over zero.
     Walk(
-        step, -step, [this](double x) { return x > xScaleBegin_; },
+        step, -step, [&map](double x) { return x > map.xBegin; },
         [&](double x) { DrawValueLine(context, map, x, half, x, -half); });
 }
 
 void Graph::DrawYTicks(PlatformIndependentDeviceContext& context, ScaleMap const& map) const {
     double const step = yScaleGraduation_;
-    double const half = xScaleDrawLines_ > 0 ? xScaleDrawLines_ / 10 : (xScaleEnd_ - xScaleBegin_) / 50;
+    double const half = xScaleDrawLines_ > 0 ? xScaleDrawLines_ / 10 : (map.xEnd - map.xBegin) / 50;
     auto const tick = [&](double y) { DrawValueLine(context, map, half, y, -half, y); };
     Walk(
-        step, -step, [this](double y) { return y > yScaleBegin_; }, tick);
+        step, -step, [&map](double y) { return y > map.yBegin; }, tick);
     Walk(
-        step, step, [this](double y) { return y < yScaleEnd_; }, tick);
+        step, step, [&map](double y) { return y < map.yEnd; }, tick);
 }
 
 } // namespace GUI

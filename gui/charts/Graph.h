@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/charts/PlotRange.h"
 #include "gui/charts/ScaleMap.h"
 #include "gui/elements/Pane.h"
 
@@ -22,6 +23,11 @@ public:
     static AttributesOf<Graph> const attributeTable;
 
     Diagnostics::String GetValueString() override { return "Graph"; }
+    Accessible GetAccessible() override {
+        Accessible told = Pane::GetAccessible();
+        told.role = Accessible::Role::Graphic;
+        return told;
+    }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                     DialogDataSource* dataSource) override;
     /// Repaints, but for the command "Properties" and for messages that end in "|NoRepaint".
@@ -45,6 +51,10 @@ public:
 protected:
     /// The scales at the pane's present size.
     ScaleMap GetScaleMap() const;
+    /// By the data source's values.
+    PlotRange GetScaleRange() const { return {xScaleBegin_, xScaleEnd_, yScaleBegin_, yScaleEnd_}; }
+    /// What the plot shows of it.
+    virtual PlotRange GetShownRange() const { return GetScaleRange(); }
     /// Of axes, grid and ticks.
     RGBVector const& GetLineColor() const { return lineColor_; }
     /// Whether the X scale runs from left to right.

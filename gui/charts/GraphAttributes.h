@@ -26,6 +26,33 @@ inline constexpr Attribute thickLineGraduation{"ThickLineGraduation", AttributeT
                                                "A separating line behind every so many bars; 0 for none"};
 inline constexpr Attribute numbersAtLines{"NumbersAtLines", AttributeType::Flag, "No",
                                           "Numbers are at the lines that they belong to"};
+inline constexpr Attribute axes{
+    "Axes", AttributeType::Text, "Zero",
+    "\"Edges\": scales along the left and lower edge, a solid grid at round values"};
+inline constexpr Attribute difference{"Difference", AttributeType::Flag, "No",
+                                      "Curves less that of the standard"};
+inline constexpr Attribute band{"Band", AttributeType::Text, "No",
+                                "Filled: \"Range\" from the lowest to the highest curve, \"Zero\" from zero"};
+inline constexpr Attribute cases{"Cases", AttributeType::Flag, "No",
+                                 "Curves stand out: the active one on top, pale ones on pale ground"};
+inline constexpr Attribute legend{"Legend", AttributeType::Text, "No",
+                                  "Names of the curves: \"Inside\" the plot or \"Beside\" it"};
+inline constexpr Attribute cursor{"Cursor", AttributeType::Flag, "No",
+                                  "A line at the value under the mouse, with a read-out"};
+inline constexpr Attribute valueFormat{"ValueFormat", AttributeType::Text, "Reflectance",
+                                       "How values are written: a quantity of the number formats"};
+inline constexpr Attribute xUnit{"XUnit", AttributeType::Text, "nm", "Behind positions in read-outs"};
+inline constexpr Attribute live{"Live", AttributeType::Flag, "No",
+                                "Values come by range: a message that begins behind 1 adds to what is there"};
+inline constexpr Attribute xTitle{"XTitle", AttributeType::Text, "", "Title of the X scale, with its unit"};
+inline constexpr Attribute yTitle{"YTitle", AttributeType::Text, "", "Title of the Y scale, with its unit"};
+inline constexpr Attribute spectrum{"Spectrum", AttributeType::Flag, "No",
+                                    "The colours of the visible spectrum under the X scale, which is in nm"};
+inline constexpr Attribute labels{
+    "Labels", AttributeType::Flag, "No",
+    "Name, value and verdict of each bar in words and signs, over its own tolerance"};
+inline constexpr Attribute barFormat{"ValueFormat", AttributeType::Text, "Difference",
+                                     "How the bars' values are written: a quantity of the number formats"};
 inline constexpr Attribute colorBarType{
     "ColorBarType", AttributeType::Text, "No",
     "Coloured bars along the edges: \"ab\", \"L\" or none; \"NoGraph\" crosses out"};

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace GUI {
 
@@ -20,7 +21,12 @@ constexpr Attribute colorSpaceKey{"ColorSpace", AttributeType::Text, "CIELab",
                                   "The colour space that is shown"};
 constexpr Attribute zoomFactorKey{"ZoomFactor", AttributeType::Number, "100",
                                   "Enlargement in percent until the first update"};
-constexpr Attribute attributeList[] = {colorSpaceKey, zoomFactorKey, PatchAttributes::smooth};
+constexpr Attribute attributeList[] = {colorSpaceKey,
+                                       zoomFactorKey,
+                                       PatchAttributes::smooth,
+                                       PlaneDecor::ringsAttribute,
+                                       PlaneDecor::hueLinesAttribute,
+                                       PlaneDecor::gamutEdgeAttribute};
 
 ElementRegistration<LabChart, Pane> const registration({"LabChart", "$Revision: 1.15 $", "GUI"},
                                                        attributeList);
@@ -81,6 +87,8 @@ void LabChart::Initialize(PlatformIndependentWindowID const& parent, Description
     colorSpace_ = attributes.Text(colorSpaceKey);
     zoomFactor_ = static_cast<std::uint32_t>(attributes.Unsigned(zoomFactorKey));
     smooth_ = attributes.Flag(PatchAttributes::smooth);
+    for (Attribute const& attribute : PlaneDecor::attributes)
+        if (attributes.Has(attribute)) decor_[attribute.key] = attributes.Text(attribute);
     CreateChildren();
     OnUpdate("Properties");
 }
@@ -104,6 +112,7 @@ void LabChart::CreateChildren() {
     (*bar)["MaximalWidth"] = "1000";
     (*bar)["MinimalHeight"] = "40";
 
+    for (auto entry = decor_.Begin(); entry.IsValid(); ++entry) (*plane)[entry.GetKey()] = entry.GetValue();
     if (smooth_) (*plane)[PatchAttributes::smooth.key] = (*bar)[PatchAttributes::smooth.key] = "Yes";
 
     // The captions are in the margins above.
@@ -154,7 +163,7 @@ Anything LabChart::GetPlaneValue(String const& name) {
     String const first = name.GetToken(0, ' ');
     if (first == "ToolTipText") return Chart::GetValue(GetElementName(), name + " ab");
     if (first == "ColorBarType") return GetSettings()["XYGraphType"];
-    if (name == "Tolerance")
+    if (name == "Tolerance" || name == PlaneDecor::traceKey || name == PlaneDecor::gamutLightnessKey)
         return colorSpace_ == "CIELab" ? Chart::GetValue(GetElementName(), name) : Anything();
     return GetPair(name, true);
 }
@@ -245,6 +254,23 @@ void LabChart::ReadRows(String const& message) {
                           String(static_cast<unsigned long>(end));
     if (range->first == 1) FireCallback(barName, "OnUpdate", points);
     if (range->last != 1) FireCallback(planeName, "OnUpdate", points);
+}
+
+String LabChart::GetNumberTable() {
+    NumberTable table;
+    table.Add(colorSpace_).EndRow();
+    for (Anything const& row : rows_) {
+        if (!row.IsValid()) continue;
+        bool isName = true;
+        for (Anything const& entry : row.GetVectorOfAnythings()) {
+            if (std::exchange(isName, false))
+                table.Add(entry.GetString());
+            else
+                table.Add(entry.GetDouble());
+        }
+        table.EndRow();
+    }
+    return table.Take();
 }
 
 void LabChart::OnPaint(PlatformIndependentDeviceContext& context) {

@@ -2,6 +2,7 @@
 
 #include "gui/charts/Chart.h"
 #include "gui/charts/LabColorSpaces.h"
+#include "gui/elements/NumberTable.h"
 
 #include <cstdint>
 #include <vector>
@@ -15,7 +16,7 @@ class CrossGraph;
 /// values become rectangular ones. Some spaces have no plots: both are crossed out.
 ///
 /// Attributes: "ColorSpace" (CIELab), "ZoomFactor" (100, in percent; the first update replaces it by the
-/// space's), "Smooth" (No; crosses with antialiasing).
+/// space's), "Smooth" (No; crosses with antialiasing), and those of `PlaneDecor`, for the plane of CIELab.
 ///
 /// Values asked of the data source under the element's name: at the command "Properties" "ColorScale" (the
 /// colour space; an unknown one throws `OutOfRangeException`, and the one before stays) and
@@ -25,7 +26,7 @@ class CrossGraph;
 ///
 /// A data message is "a;first-c;last" or "a;number": rows from `first` to `last`, which have to begin at 1.
 /// They go to the bar if a is 1, and to the plane unless c is.
-class LabChart : public Chart {
+class LabChart : public Chart, public SupportsNumberTable {
 public:
     Diagnostics::String GetValueString() override { return "LabChart"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -40,6 +41,8 @@ public:
     virtual Utilities::SmartPointer<CrossGraph> GetAbGraph();
     virtual Utilities::SmartPointer<CrossGraph> GetLGraph();
     virtual void BuildColorSpaceTable();
+    /// The rows with their names, under the name of the colour space.
+    Utilities::String GetNumberTable() override;
 
 protected:
     using Chart::GetValue;
@@ -61,6 +64,8 @@ private:
     std::vector<Utilities::Anything> rows_;
     std::uint32_t zoomFactor_ = 100;
     bool smooth_ = false;
+    /// Attributes that go on to the plane.
+    AttributeMap decor_;
 };
 
 } // namespace GUI

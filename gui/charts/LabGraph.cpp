@@ -113,6 +113,14 @@ std::optional<LabGraph::Place> LabGraph::OnPlane(double a, double b) const {
                  ScaleMap::ToShort(view_.xyZero.y - view_.xySize * b / view_.xyRange + 0.5)};
 }
 
+String LabGraph::GetNumberTable() {
+    NumberTable table;
+    bool const isPlaneFirst = viewName_ == "CIEXYY";
+    for (auto const& [first, second, third] : samples_)
+        if ((isPlaneFirst ? third : first) != hole) table.Add(first).Add(second).Add(third).EndRow();
+    return table.Take();
+}
+
 void LabGraph::OnPaint(PlatformIndependentDeviceContext& context) {
     Graph::OnPaint(context);
     if (view_.backgroundRadius > 0) {

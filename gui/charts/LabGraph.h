@@ -3,6 +3,7 @@
 #include "gui/charts/Graph.h"
 #include "gui/charts/LabGraphSetting.h"
 #include "gui/charts/UpdateMessage.h"
+#include "gui/elements/NumberTable.h"
 
 #include <optional>
 #include <vector>
@@ -22,13 +23,15 @@ namespace GUI {
 ///
 /// A data message is "a;first-b;last" or "a;number". A lightness of -1000 leaves a sample out, and so does a
 /// place outside the bar or the plane.
-class LabGraph : public Graph {
+class LabGraph : public Graph, public SupportsNumberTable {
 public:
     Diagnostics::String GetValueString() override { return "LabGraph"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                     DialogDataSource* dataSource) override;
     long OnUpdate(Utilities::Anything const& command) override;
     void OnPaint(PlatformIndependentDeviceContext& context) override;
+    /// The coordinates in their order.
+    Utilities::String GetNumberTable() override;
 
 private:
     struct Sample {

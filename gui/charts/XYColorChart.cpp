@@ -1,5 +1,6 @@
 #include "gui/charts/XYColorChart.h"
 
+#include "gui/charts/GraphAttributes.h"
 #include "gui/charts/ScaleMap.h"
 #include "gui/charts/ZeroAxes.h"
 #include "gui/colour/OutsideMark.h"
@@ -30,9 +31,29 @@ constexpr Attribute lineColorKey{"LineColor", AttributeType::Colour, "92,92,92 a
                                  "Colour of the axes and their numbers"};
 constexpr Attribute gridColorKey{"GridColor", AttributeType::Colour, "",
                                  "Colour of lines at the numbers of the axes; none if absent"};
-constexpr Attribute attributeList[] = {
-    spotSizeKey,  backgroundBitmapKey,          isotropicKey,           zeroAxesKey, lineColorKey,
-    gridColorKey, PatchAttributes::markOutside, PatchAttributes::smooth};
+constexpr Attribute valueFormatKey{
+    "ValueFormat", AttributeType::Text, "Lab",
+    "How values in the read-out are written: a quantity of the number formats"};
+constexpr Attribute xNameKey{"XName", AttributeType::Text, "a*",
+                             "What the X value is called in the read-out"};
+constexpr Attribute yNameKey{"YName", AttributeType::Text, "b*",
+                             "What the Y value is called in the read-out"};
+constexpr Attribute attributeList[] = {ExploredPlot::zoomAttribute,
+                                       GraphAttributes::cursor,
+                                       valueFormatKey,
+                                       xNameKey,
+                                       yNameKey,
+                                       PlaneDecor::ringsAttribute,
+                                       PlaneDecor::hueLinesAttribute,
+                                       PlaneDecor::gamutEdgeAttribute,
+                                       spotSizeKey,
+                                       backgroundBitmapKey,
+                                       isotropicKey,
+                                       zeroAxesKey,
+                                       lineColorKey,
+                                       gridColorKey,
+                                       PatchAttributes::markOutside,
+                                       PatchAttributes::smooth};
 
 ElementRegistration<XYColorChart, Pane> const registration({"XYColorChart", "$Revision: 1.9 $", "GUI"},
                                                            attributeList);
@@ -41,6 +62,7 @@ ElementRegistration<XYColorChart, Pane> const registration({"XYColorChart", "$Re
 constexpr char const* selectionElement = "ColorChart";
 constexpr char const* selectionEvent = "SelectSample";
 constexpr long tolerancePen = 2;
+RGBVector const outline(50, 50, 50);
 
 } // namespace
 
@@ -61,6 +83,12 @@ void XYColorChart::Initialize(PlatformIndependentWindowID const& parent, Descrip
     marksOutside_ = attributes.Flag(PatchAttributes::markOutside);
     smooth_ = attributes.Flag(PatchAttributes::smooth);
     lineColor_ = attributes.Colour(lineColorKey);
+    SetZoom(attributes.Flag(zoomAttribute));
+    hasCursor_ = attributes.Flag(GraphAttributes::cursor);
+    valueFormat_ = attributes.Text(valueFormatKey);
+    xName_ = attributes.Text(xNameKey);
+    yName_ = attributes.Text(yNameKey);
+    decor_.ReadAttributes(description);
     if (attributes.HasColour(gridColorKey)) gridColor_ = attributes.Colour(gridColorKey);
     if (dataSource) dataSource->SetCallback(selectionElement, selectionEvent, onSelectSample_.Get());
     backgroundBitmap_ = attributes.Text(backgroundBitmapKey);
@@ -76,7 +104,8 @@ long XYColorChart::OnUpdate(Anything const& /*command*/) {
     CallScope const call(*this);
     Anything const extension = GetValue("BackgroundBitmapExtension");
     if (extension.IsValid()) SetBackgroundBitmap(backgroundBitmap_ + extension.GetString());
-    ReadSpots();
+    Anything const count = GetValue("NrOfPatches");
+    spots_ = ReadColorSpots(*this, count.IsValid() ? count.GetLong() : 0);
     auto const take = [this](char const* key, double& field) {
         Anything const value = GetValue(key);
         if (value.IsValid()) field = value.GetShort();
@@ -86,42 +115,23 @@ long XYColorChart::OnUpdate(Anything const& /*command*/) {
     take("YValueBegin", yValueBegin_);
     take("YValueEnd", yValueEnd_);
     tolerance_ = ToleranceContour(GetValue("Tolerance"));
+    if (decor_.HasGamutEdge()) decor_.TakeGamutLightness(GetValue(PlaneDecor::gamutLightnessKey));
+    decor_.TakeTrace(GetValue(PlaneDecor::traceKey));
+    pointed_ = -1;
+    if (HasZoom()) TakeView(GetValue(viewKey));
     Repaint();
     return 0;
 }
 
-void XYColorChart::ReadSpots() {
-    std::vector<Spot> spots;
-    CallScope const call(*this);
-    Anything const answer = GetValue("NrOfPatches");
-    long const count = answer.IsValid() ? answer.GetLong() : 0;
-    // Each answer may be the last.
-    for (long i = 0; i < count && GetDataSource(); ++i) {
-        Anything const data = GetDataSource()->GetValue(String("Patch") + String(i), "Data");
-        Spot spot{RGBVector(100, 100, 100), 0, 0};
-        if (data.IsValid()) {
-            auto const& record = data.GetMapOfAnythings();
-            auto const color = record.Find("Color");
-            if (color.IsValid()) spot.color = RGBVector(color.GetValue());
-            auto const x = record.Find("XValue");
-            if (x.IsValid()) spot.x = x.GetValue().GetDouble();
-            auto const y = record.Find("YValue");
-            if (y.IsValid()) spot.y = y.GetValue().GetDouble();
-        }
-        spots.push_back(spot);
-    }
-    spots_ = std::move(spots);
-}
-
-XYColorChart::Places XYColorChart::GetPlaces() const {
+XYColorChart::Places XYColorChart::GetPlaces(PlotRange const& range) const {
     unsigned long width = 0;
     unsigned long height = 0;
     GetSize(width, height);
     Places places;
     places.paneWidth = places.width = static_cast<double>(width);
     places.paneHeight = places.height = static_cast<double>(height);
-    places.xRange = xValueEnd_ - xValueBegin_;
-    places.yRange = yValueEnd_ - yValueBegin_;
+    places.xRange = range.xEnd - range.xBegin;
+    places.yRange = range.yEnd - range.yBegin;
     if (isIsotropic_ && places.xRange != 0 && places.yRange != 0) {
         double const xLength = std::abs(places.xRange);
         double const yLength = std::abs(places.yRange);
@@ -129,8 +139,8 @@ XYColorChart::Places XYColorChart::GetPlaces() const {
         places.width = unit * xLength;
         places.height = unit * yLength;
     }
-    places.originX = (places.paneWidth - places.width) / 2 + (-xValueBegin_ / places.xRange) * places.width;
-    places.originY = (places.paneHeight - places.height) / 2 + (yValueEnd_ / places.yRange) * places.height;
+    places.originX = (places.paneWidth - places.width) / 2 + (-range.xBegin / places.xRange) * places.width;
+    places.originY = (places.paneHeight - places.height) / 2 + (range.yEnd / places.yRange) * places.height;
     return places;
 }
 
@@ -164,17 +174,22 @@ void XYColorChart::FindVisible(Places const& places, long selected) {
 
 void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
     static RGBVector const mark(255, 255, 255);
-    static RGBVector const outline(50, 50, 50);
+    CallScope const call(*this);
     Pane::OnPaint(context);
-    Anything const selection = GetValue("SelectedSample");
-    long const selected = selection.IsValid() ? selection.GetLong() : -1;
+    long const selected = AskSelected();
     Places const places = GetPlaces();
-    if (hasZeroAxes_)
-        DrawZeroAxes(context,
-                     {static_cast<long>(places.paneWidth), static_cast<long>(places.paneHeight),
-                      places.originX, places.originY, places.width / places.xRange,
-                      places.height / places.yRange},
-                     lineColor_, gridColor_);
+    ValuePlane const plane{static_cast<long>(places.paneWidth),
+                           static_cast<long>(places.paneHeight),
+                           places.originX,
+                           places.originY,
+                           places.width / places.xRange,
+                           places.height / places.yRange};
+    if (!decor_.IsEmpty()) {
+        context.SetSmooth(smooth_);
+        decor_.Draw(context, plane);
+        context.SetSmooth(false);
+    }
+    if (hasZeroAxes_) DrawZeroAxes(context, plane, lineColor_, gridColor_);
     FindVisible(places, selected);
     if (smooth_) context.SetSmooth(true);
     if (!tolerance_.IsEmpty()) {
@@ -199,7 +214,16 @@ void XYColorChart::OnPaint(PlatformIndependentDeviceContext& context) {
         }
         DrawSpot(context, spots_[spot.number], spot.place);
     }
-    if (!marksOutside_ || selected < 0 || selected >= static_cast<long>(spots_.size())) return;
+    if (marksOutside_ && selected >= 0 && selected < static_cast<long>(spots_.size()))
+        DrawMarked(context, places, selected);
+    if (!hasCursor_ && !IsDragging()) return;
+    context.SetSmooth(false);
+    if (hasCursor_ && pointed_ >= 0) DrawReadOut(context, places);
+    DrawRubberBand(context);
+}
+
+void XYColorChart::DrawMarked(PlatformIndependentDeviceContext& context, Places const& places,
+                              long selected) const {
     // What is marked beside it is on top, or its mark would be covered.
     Spot const& spot = spots_[static_cast<std::size_t>(selected)];
     Pixel const place = places.Of(spot);
@@ -216,43 +240,6 @@ void XYColorChart::DrawSpot(PlatformIndependentDeviceContext& context, Spot cons
     context.SetBrush(spot.color);
     context.FillEllipse(ScaleMap::ToShort(place.x - radius), ScaleMap::ToShort(place.y - radius),
                         ScaleMap::ToShort(place.x + radius), ScaleMap::ToShort(place.y + radius));
-}
-
-bool XYColorChart::OnLeftButtonDown(KeyState /*keyState*/, long x, long y) {
-    Places const places = GetPlaces();
-    AttributeMap click;
-    click["x"] = (static_cast<double>(x) - places.originX) * places.xRange / places.width;
-    click["y"] = (places.originY - static_cast<double>(y)) * places.yRange / places.height;
-    CallScope const call(*this);
-    TellValue("Click", click);
-    // Whoever is told may rebuild the view, and this chart with it.
-    if (IsAttached()) OnSelectionChanged(Topics::propertyInspector, true);
-    return false;
-}
-
-String XYColorChart::GetToolTipText(unsigned short x, unsigned short y) {
-    Places const places = GetPlaces();
-    double const radius = spotSize_;
-    auto const isUnder = [&](std::size_t number) {
-        Pixel const place = places.Of(spots_[number]);
-        // A pixel is under the spot if its centre is.
-        double const dx = x + 0.5 - place.x;
-        double const dy = y + 0.5 - place.y;
-        return dx * dx + dy * dy <= radius * radius;
-    };
-    std::size_t found = spots_.size();
-    while (found > 0 && !isUnder(found - 1)) --found;
-    if (marksOutside_) {
-        // The selected spot is on top.
-        Anything const selection = GetValue("SelectedSample");
-        long const selected = selection.IsValid() ? selection.GetLong() : -1;
-        if (selected >= 0 && static_cast<std::size_t>(selected) < spots_.size() &&
-            isUnder(static_cast<std::size_t>(selected)))
-            found = static_cast<std::size_t>(selected) + 1;
-    }
-    if (found == 0) return {};
-    Anything const text = GetValue(String("ToolTipText ") + String(static_cast<unsigned long>(found - 1)));
-    return text.IsOfTypeString() ? text.GetString() : String();
 }
 
 Anything XYColorChart::GetPropertyInspectorData() {

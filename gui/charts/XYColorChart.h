@@ -1,6 +1,10 @@
 #pragma once
 
+#include "gui/charts/ExploredPlot.h"
+#include "gui/charts/PlaneDecor.h"
 #include "gui/charts/ToleranceContour.h"
+#include "gui/colour/ColorSpots.h"
+#include "gui/elements/NumberTable.h"
 #include "gui/elements/Pane.h"
 
 #include <cstdint>
@@ -17,7 +21,10 @@ namespace GUI {
 /// than its range), "ZeroAxes" (No; axes through zero with ticks and numbers, beneath the spots),
 /// "LineColor" (92,92,92; of these axes), "GridColor" (none; of lines at their numbers), "MarkOutside" (No;
 /// with Yes the selected spot is on top with two rings around it, instead of a white outline), "Smooth" (No;
-/// spots with antialiasing).
+/// spots with antialiasing), "Zoom" (No; see `ExploredPlot`), "Cursor" (No; a read-out of the spot under the
+/// mouse, by the first line of its tool tip and its values; on the keyboard the arrows tell a click on the
+/// next or the former spot), "ValueFormat" (Lab; of values in the read-out), "XName", "YName" (a*, b*; in
+/// it), and those of `PlaneDecor`, whose values are asked for at each update.
 ///
 /// Values asked of the data source under the element's name: "BackgroundBitmapExtension" (appended to the
 /// stem), "NrOfPatches", "XValueBegin", "XValueEnd", "YValueBegin", "YValueEnd" (the ranges, as short), at
@@ -28,28 +35,39 @@ namespace GUI {
 ///
 /// A click is told to the data source as "Click", a map of "x" and "y" in values, and passed on. The
 /// event "SelectSample" of the element "ColorChart" repaints; "OnUpdate" reads everything again.
-class XYColorChart : public Pane {
+class XYColorChart : public Pane, public SupportsNumberTable, public ExploredPlot {
 public:
     ~XYColorChart() override;
     Diagnostics::String GetValueString() override { return "XYColorChart"; }
+    Accessible GetAccessible() override {
+        Accessible told = Pane::GetAccessible();
+        told.role = Accessible::Role::Graphic;
+        return told;
+    }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                     DialogDataSource* dataSource) override;
     long OnUpdate(Utilities::Anything const& command) override;
     void OnPaint(PlatformIndependentDeviceContext& context) override;
     bool OnLeftButtonDown(KeyState keyState, long x, long y) override;
+    bool OnMouseMove(long x, long y) override;
+    bool OnLeftButtonUp(long x, long y) override;
+    bool OnMouseLeave() override;
+    bool OnViewKey(ViewKey key) override;
     Utilities::String GetToolTipText(unsigned short x, unsigned short y) override;
     /// A map of "ElementName" and "CurrentRegion".
     Utilities::Anything GetPropertyInspectorData() override;
+    Utilities::String GetNumberTable() override { return WriteColorSpots(spots_); }
 
 protected:
     void OnDetach() override;
+    PlotRange GetWholeRange() const override;
+    PlotArea GetPlotArea() const override;
+    PlotRange Adapt(PlotRange const& range) const override;
+    void OnViewChanged() override;
+    void OnBandChanged() override { Repaint(); }
 
 private:
-    struct Spot {
-        RGBVector color;
-        double x = 0;
-        double y = 0;
-    };
+    using Spot = ColorSpot;
     struct Pixel {
         short x = 0;
         short y = 0;
@@ -69,9 +87,15 @@ private:
     };
 
     long OnSelectSample(Utilities::Anything const& argument);
-    Places GetPlaces() const;
-    void ReadSpots();
+    Places GetPlaces() const { return GetPlaces(ShowsPart() ? GetViewedRange() : GetRange()); }
+    Places GetPlaces(PlotRange const& range) const;
+    PlotRange GetRange() const { return {xValueBegin_, xValueEnd_, yValueBegin_, yValueEnd_}; }
+    long AskSelected();
+    /// The topmost spot at a point; -1 for none. Asks which one is selected.
+    long FindSpot(long x, long y);
+    void DrawReadOut(PlatformIndependentDeviceContext& context, Places const& places);
     void DrawSpot(PlatformIndependentDeviceContext& context, Spot const& spot, Pixel place) const;
+    void DrawMarked(PlatformIndependentDeviceContext& context, Places const& places, long selected) const;
     /// Leaves out spots that a later one at the same pixel covers; fills `visible_`.
     void FindVisible(Places const& places, long selected);
 
@@ -82,6 +106,13 @@ private:
     double yValueEnd_ = 100;
     std::vector<Spot> spots_;
     ToleranceContour tolerance_;
+    PlaneDecor decor_;
+    bool hasCursor_ = false;
+    Utilities::String valueFormat_;
+    Utilities::String xName_;
+    Utilities::String yName_;
+    /// Under the mouse; -1 for none.
+    long pointed_ = -1;
     std::uint16_t spotSize_ = 4;
     bool isIsotropic_ = false;
     bool hasZeroAxes_ = false;

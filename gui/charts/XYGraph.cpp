@@ -2,6 +2,8 @@
 
 #include "Diagnostics/Sink.h"
 #include "gui/charts/CurvePainter.h"
+#include "gui/charts/EdgeAxes.h"
+#include "gui/charts/GraphAttributes.h"
 #include "gui/colour/PatchAttributes.h"
 #include "gui/elements/description/ElementRegistration.h"
 
@@ -15,18 +17,22 @@ using Utilities::String;
 
 namespace {
 
-constexpr Attribute attributeList[] = {PatchAttributes::smooth};
+namespace Keys = GraphAttributes;
+
+constexpr Attribute attributeList[] = {PatchAttributes::smooth,
+                                       Keys::axes,
+                                       Keys::difference,
+                                       Keys::band,
+                                       Keys::cases,
+                                       Keys::legend,
+                                       Keys::cursor,
+                                       Keys::live,
+                                       Keys::valueFormat,
+                                       Keys::xUnit,
+                                       ExploredPlot::zoomAttribute};
 
 ElementRegistration<XYGraph, Graph> const registration({"XYGraph", "$Revision: 1.17 $", "GUI"},
                                                        attributeList);
-
-/// "r;g;b"
-RGBVector CurveColor(String const& text) {
-    auto const channel = [&text](long index) {
-        return static_cast<unsigned char>(text.GetToken(index, ';').GetLong());
-    };
-    return {channel(0), channel(1), channel(2)};
-}
 
 String Key(char const* prefix, long number) { return String(prefix) + String(number); }
 
@@ -35,20 +41,60 @@ String Key(char const* prefix, long number) { return String(prefix) + String(num
 void XYGraph::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                          DialogDataSource* dataSource) {
     Graph::Initialize(parent, description, dataSource);
-    smooth_ = AttributeReader(description).Flag(PatchAttributes::smooth);
+    AttributeReader const attributes(description);
+    smooth_ = attributes.Flag(PatchAttributes::smooth);
+    hasEdgeAxes_ = attributes.Text(Keys::axes) == "Edges";
+    // The scales' own lines are enough.
+    if (hasEdgeAxes_) SetFrame(false);
+    isDifference_ = attributes.Flag(Keys::difference);
+    hasCases_ = attributes.Flag(Keys::cases);
+    hasLegend_ = attributes.Text(Keys::legend) == "Inside";
+    hasCursor_ = attributes.Flag(Keys::cursor);
+    isLive_ = attributes.Flag(Keys::live);
+    String const band = attributes.Text(Keys::band);
+    band_ = band == "Range" ? Band::Range : band == "Zero" ? Band::Zero : Band::None;
+    valueFormat_ = attributes.Text(Keys::valueFormat);
+    xUnit_ = attributes.Text(Keys::xUnit);
+    SetZoom(attributes.Flag(zoomAttribute));
+    ReadSettings();
 }
 
 long XYGraph::OnUpdate(Anything const& command) {
-    Graph::OnUpdate(command);
     String const message = GetCommand(command);
+    if (isLive_)
+        if (auto const range = UpdateMessage::Range::Parse(message); range && range->first > 1) {
+            CallScope const call(*this);
+            ReadUpdate(command);
+            AddData(*range);
+            return 0;
+        }
+    Graph::OnUpdate(command);
     if (message == "Properties") {
         Anything const width = GetValue("LineWidth");
         if (width.IsValid()) lineWidth_ = static_cast<std::int16_t>(width.GetLong());
     } else if (auto const range = UpdateMessage::Range::Parse(message)) {
         ReadData(*range);
     }
+    ReadSettings();
     Repaint();
     return 0;
+}
+
+void XYGraph::ReadSettings() {
+    CallScope const call(*this);
+    if (hasLegend_ || hasCases_) {
+        Anything const legend = GetValue("LegendCurves");
+        legendIsChosen_ = legend.IsValid();
+        legend_.clear();
+        if (legendIsChosen_)
+            for (Anything const& number : legend.GetVectorOfAnythings()) legend_.push_back(number.GetLong());
+    }
+    if (HasZoom()) TakeView(GetValue(viewKey));
+    if (!hasCursor_) return;
+    Anything const cursor = GetValue("Cursor");
+    if (!cursor.IsValid()) return;
+    bool const isNone = cursor.IsOfTypeString() && cursor.GetString().Length() == 0;
+    cursor_ = isNone ? std::nullopt : ItemAt(cursor.GetDouble());
 }
 
 void XYGraph::ReadData(UpdateMessage::Range const& range) {
@@ -77,48 +123,72 @@ void XYGraph::ReadData(UpdateMessage::Range const& range) {
     Anything const newStep = GetValue("ValueStep");
     if (newStep.IsValid()) step = newStep.GetDouble();
     SetXValues(begin, step);
+    if (isDifference_ || hasCases_ || band_ != Band::None) {
+        Anything const standard = GetValue("StandardCurve");
+        standard_ = standard.IsValid() ? standard.GetLong() : -1;
+    }
+    if (isDifference_) SubtractStandard(*data);
     data_ = data;
 }
 
-void XYGraph::OnPaint(PlatformIndependentDeviceContext& context) {
-    Graph::OnPaint(context);
-    long active = -1;
-    try {
-        Anything const value = GetValue("ActiveCurve");
-        if (value.IsValid()) active = value.GetShort();
-    } catch (...) {
-        Diagnostics::DropException("XYGraph::OnPaint: ActiveCurve");
-    }
-    ScaleMap const map = GetScaleMap();
-    // What is asked of the data source in between may bring new data.
+void XYGraph::AddData(UpdateMessage::Range const& range) {
+    if (range.last < range.first) return;
+    // A paint that is going on keeps what it has.
+    if (data_.use_count() > 1) data_ = std::make_shared<Data>(*data_);
+    String const numbers = String(";") + String(long{range.first}) + "-" + String(long{range.last});
+    long column = 1;
     auto const data = data_;
-    if (smooth_) context.SetSmooth(true);
-    auto const draw = [&](bool isActive) {
-        long number = 0;
-        for (auto curve = data->curves.Begin(); curve.IsValid(); ++curve, ++number)
-            if ((number == active) == isActive) DrawCurveNumber(context, map, number, curve.Current());
-    };
-    if (active != -1) draw(true);
-    draw(false);
-    if (smooth_) context.SetSmooth(false);
+    for (auto curve = data->curves.Begin(); curve.IsValid() && IsAttached(); ++curve, ++column) {
+        if (column < range.firstColumn || column > range.lastColumn) continue;
+        Anything const content = GetValue(String(column) + numbers);
+        if (!content.IsValid()) continue;
+        auto const& entries = content.GetVectorOfAnythings();
+        Curve& values = curve.Current();
+        if (values.size() < range.last) values.resize(range.last);
+        for (std::uint32_t i = 1; i < std::min(entries.GetSize(), range.Count() + 1); ++i)
+            values[range.first + i - 2U] = entries[i].GetDouble();
+    }
+    if (!IsAttached()) return;
+    // What is drawn elsewhere by these values asks for the whole.
+    bool const isLocal = !isDifference_ && band_ == Band::None && !hasLegend_ && !cursor_ && IsXHorizontal();
+    if (isLocal)
+        RepaintPart(*this, BoxOf(range.first - 1U, range.last - 1U));
+    else
+        Repaint();
 }
 
-void XYGraph::DrawCurveNumber(PlatformIndependentDeviceContext& context, ScaleMap const& map, long number,
-                              Curve const& curve) {
-    // A data source that fails leaves its curve undrawn; the others are drawn.
-    try {
-        RGBVector color(255, 0, 0);
-        Anything const colorText = GetValue(Key("CurveColor ", number));
-        if (colorText.IsValid()) color = CurveColor(colorText.GetString());
-        context.SetBrush(color);
-        long width = lineWidth_;
-        Anything const ownWidth = GetValue(Key("LineWidth ", number));
-        if (ownWidth.IsValid()) width = ownWidth.GetLong();
-        context.SetPen(color, width, PlatformIndependentDeviceContext::solid);
-        DrawCurve(context, map, GetXValueBegin(), GetDeltaXValue(), {curve.begin(), curve.GetSize()});
-    } catch (...) {
-        Diagnostics::DropException("XYGraph::OnPaint: curve");
+void XYGraph::SubtractStandard(Data& data) const {
+    Curve base;
+    long number = 0;
+    for (auto curve = data.curves.Begin(); curve.IsValid(); ++curve, ++number)
+        if (number == standard_) base = curve.Current();
+    for (auto curve = data.curves.Begin(); curve.IsValid(); ++curve)
+        for (std::uint32_t i = 0; i < std::min(base.size(), curve.Current().size()); ++i)
+            curve.Current()[i] -= base[i];
+}
+
+String XYGraph::GetNumberTable() {
+    if (data_->curves.GetSize() == 0) return {};
+    NumberTable table;
+    table.Add("");
+    std::uint32_t longest = 0;
+    auto name = data_->names.Begin();
+    for (auto curve = data_->curves.Begin(); curve.IsValid(); ++curve) {
+        table.Add(name.IsValid() ? name.Current() : String());
+        if (name.IsValid()) ++name;
+        longest = std::max(longest, static_cast<std::uint32_t>(curve.Current().size()));
     }
+    table.EndRow();
+    for (std::uint32_t i = 0; i < longest; ++i) {
+        table.Add(GetXValueBegin() + i * GetDeltaXValue());
+        for (auto curve = data_->curves.Begin(); curve.IsValid(); ++curve)
+            if (i < curve.Current().size())
+                table.Add(curve.Current()[i]);
+            else
+                table.Add("");
+        table.EndRow();
+    }
+    return table.Take();
 }
 
 String XYGraph::GetToolTipText(unsigned short x, unsigned short y) {
@@ -137,7 +207,7 @@ String XYGraph::GetToolTipText(unsigned short x, unsigned short y) {
     auto name = data->names.Begin();
     for (auto curve = data->curves.Begin(); curve.IsValid() && name.IsValid(); ++curve, ++name) {
         Curve const& values = curve.Current();
-        if (item >= values.GetSize()) continue;
+        if (item >= values.size()) continue;
         auto const index = static_cast<std::uint32_t>(item);
         if (!isNear(yValue, values[index])) continue;
         Anything const text =

@@ -1,6 +1,7 @@
 #include "gui/colour/ColorGraph.h"
 
-#include "Utilities/NamingService.h"
+#include "gui/colour/DevicePixels.h"
+#include "gui/colour/HostScreen.h"
 #include "gui/colour/OutsideMark.h"
 #include "gui/colour/PatchAttributes.h"
 #include "gui/elements/colour/ScreenRGB.h"
@@ -43,15 +44,6 @@ std::uint32_t Packed(RGBVector const& color) {
            static_cast<std::uint32_t>(color.GetGreen()) << 8U | color.GetBlue();
 }
 
-/// The host's way to the screen; null without one.
-Utilities::SmartPointer<Tintorium::ScreenRGB> HostsScreen() {
-    constexpr char const* name = "Model";
-    if (!Utilities::NamingService::Instance()->IsRegistered(name)) return {};
-    auto const model = Utilities::ResolveComponent<Tintorium::Model>(name);
-    auto screen = model->GetComponent("ScreenRGB");
-    return Utilities::SmartPointer<Tintorium::ScreenRGB>(screen);
-}
-
 } // namespace
 
 void ColorGraph::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -86,33 +78,14 @@ long ColorGraph::OnUpdate(Anything const& command) {
     read(lightnessKey, any, lightness_);
     read(hueKey, any, hue_);
     read(rangeKey, leastRange, range_);
-    ReadSpots();
+    Anything const count = GetValue("NrOfPatches");
+    spots_ = ReadColorSpots(*this, count.IsValid() ? count.GetLong() : 0);
     if (IsAttached() && !HasNoRepaint(command)) Repaint();
     return result;
 }
 
-void ColorGraph::ReadSpots() {
-    std::vector<Spot> spots;
-    Anything const answer = GetValue("NrOfPatches");
-    long const count = answer.IsValid() ? answer.GetLong() : 0;
-    // Each answer may be the last.
-    for (long i = 0; i < count && GetDataSource(); ++i) {
-        Anything const data = GetDataSource()->GetValue(String("Patch") + String(i), "Data");
-        Spot spot{RGBVector(100, 100, 100), 0, 0};
-        if (data.IsValid()) {
-            auto const& record = data.GetMapOfAnythings();
-            if (auto const color = record.Find("Color"); color.IsValid())
-                spot.color = RGBVector(color.GetValue());
-            if (auto const x = record.Find("XValue"); x.IsValid()) spot.x = x.GetValue().GetDouble();
-            if (auto const y = record.Find("YValue"); y.IsValid()) spot.y = y.GetValue().GetDouble();
-        }
-        spots.push_back(spot);
-    }
-    spots_ = std::move(spots);
-}
-
 GamutPlane const& ColorGraph::GetPlane() {
-    auto screen = HostsScreen();
+    auto screen = FindHostScreen();
     if (screen_.IsNull() || (!screen.IsNull() && screen.Get() != screen_.Get())) {
         plane_ = nullptr;
         screen_ = screen.IsNull() ? Utilities::MakeSmart<Tintorium::ScreenRGB>() : screen;
@@ -181,25 +154,15 @@ void ColorGraph::OnPaint(PlatformIndependentDeviceContext& context) {
 }
 
 void ColorGraph::DrawPlane(PlatformIndependentDeviceContext& context, Axes const& axes) {
-    unsigned long paneWidth = 0;
-    unsigned long paneHeight = 0;
-    GetSize(paneWidth, paneHeight);
-    // A pane beyond any screen is shown in coarser pixels, rather than in memory for each of its own.
-    constexpr double mostPixels = 1e7;
-    double scale = context.GetScale();
-    double const area = static_cast<double>(paneWidth) * static_cast<double>(paneHeight) * scale * scale;
-    if (area > mostPixels) scale *= std::sqrt(mostPixels / area);
-    auto const pixels = [scale](unsigned long size) {
-        return static_cast<std::size_t>(std::lround(scale * static_cast<double>(size)));
-    };
+    DevicePixels const pixels = DevicePixels::Of(*this, context);
+    if (pixels.IsEmpty()) return;
     Picture wanted;
-    wanted.place = GetPlace(axes, scale);
-    wanted.width = pixels(paneWidth);
-    wanted.height = pixels(paneHeight);
-    if (wanted.width == 0 || wanted.height == 0) return;
+    wanted.place = GetPlace(axes, pixels.scale);
+    wanted.width = pixels.width;
+    wanted.height = pixels.height;
     wanted.colours.outside = Packed(outsideColor_);
     if (edgeColor_) wanted.colours.edge = Packed(*edgeColor_);
-    wanted.colours.edgeWidth = edgeColor_ ? static_cast<int>(std::max(std::lround(scale), 1L)) : 0;
+    wanted.colours.edgeWidth = edgeColor_ ? static_cast<int>(std::max(std::lround(pixels.scale), 1L)) : 0;
     GamutPlane const& plane = GetPlane();
     bool const isKnown = picture_.place == wanted.place && picture_.colours == wanted.colours &&
                          picture_.width == wanted.width && picture_.height == wanted.height;
@@ -207,8 +170,7 @@ void ColorGraph::DrawPlane(PlatformIndependentDeviceContext& context, Axes const
         wanted.pixels = plane.Compute(wanted.place, wanted.width, wanted.height, wanted.colours);
         picture_ = std::move(wanted);
     }
-    context.DrawPixels(0, 0, static_cast<short>(paneWidth), static_cast<short>(paneHeight), picture_.pixels,
-                       static_cast<long>(picture_.width));
+    pixels.Draw(context, *this, picture_.pixels);
 }
 
 void ColorGraph::DrawSpot(PlatformIndependentDeviceContext& context, Axes const& axes, Spot const& spot,

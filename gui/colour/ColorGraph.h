@@ -1,7 +1,9 @@
 #pragma once
 
 #include "gui/colour/ColorGUIElement.h"
+#include "gui/colour/ColorSpots.h"
 #include "gui/colour/GamutPlane.h"
+#include "gui/elements/NumberTable.h"
 #include "gui/elements/colour/ScreenRGB.h"
 
 #include <memory>
@@ -31,7 +33,7 @@ namespace GUI {
 ///
 /// Colours are those of the screen that the component "Model" gives under "ScreenRGB", or of sRGB. The plane
 /// is computed for the screen's own pixels, and again only when it or the pane's size changes.
-class ColorGraph : public ColorGUIElement {
+class ColorGraph : public ColorGUIElement, public SupportsNumberTable {
 public:
     Diagnostics::String GetValueString() override { return "ColorGraph"; }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
@@ -40,13 +42,10 @@ public:
     void OnPaint(PlatformIndependentDeviceContext& context) override;
     bool OnLeftButtonDown(KeyState keyState, long x, long y) override;
     Utilities::String GetToolTipText(unsigned short x, unsigned short y) override;
+    Utilities::String GetNumberTable() override { return WriteColorSpots(spots_); }
 
 private:
-    struct Spot {
-        RGBVector color;
-        double x = 0;
-        double y = 0;
-    };
+    using Spot = ColorSpot;
     /// A pixel's middle and the plane's coordinates: linear in both directions.
     struct Axes {
         double left = 0;
@@ -59,7 +58,6 @@ private:
     Axes GetAxes() const;
     GamutPlane::Lab ToLab(double x, double y) const;
     GamutPlane::Place GetPlace(Axes const& axes, double scale) const;
-    void ReadSpots();
     /// For the host's screen.
     GamutPlane const& GetPlane();
     void DrawPlane(PlatformIndependentDeviceContext& context, Axes const& axes);

@@ -1,5 +1,6 @@
 #include "gui/colour/ColorWheel.h"
 
+#include "gui/colour/ColorTable.h"
 #include "gui/colour/PatchAttributes.h"
 #include "gui/colour/WarningSign.h"
 #include "gui/elements/Topics.h"
@@ -80,6 +81,17 @@ long ColorWheel::OnUpdate(Anything const& command) {
     borderColor_ = border.IsValid() ? RGBVector(border) : noBorderColor;
     Repaint();
     return result;
+}
+
+String ColorWheel::GetNumberTable() {
+    NumberTable table;
+    table.Add("");
+    AddChannelNames(table);
+    for (std::size_t i = 0; i < sliceColors_.size(); ++i) {
+        table.Add(static_cast<double>(i));
+        AddColor(table, sliceColors_[i]);
+    }
+    return table.Take();
 }
 
 // ------------------------------------------------------------------ painting

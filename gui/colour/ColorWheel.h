@@ -36,6 +36,8 @@ public:
     void OnPaint(PlatformIndependentDeviceContext& context) override;
     bool OnLeftButtonDown(KeyState keyState, long x, long y) override;
     DropEffect OnDragOver(DropDataObject const& data, KeyState keyState, long x, long y) override;
+    /// The number of each field and its colour.
+    Utilities::String GetNumberTable() override;
     Utilities::String GetCurrentRegion() override { return SliceText(currentSlice_); }
 
 protected:

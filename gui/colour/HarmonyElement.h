@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/colour/ColorGUIElement.h"
+#include "gui/elements/NumberTable.h"
 
 #include <cstdint>
 #include <optional>
@@ -12,7 +13,7 @@ namespace GUI {
 ///
 /// Values asked of the data source under the element's name: "Color of Slice " and the field's number (colour
 /// record), "SelectedSlice" (short).
-class HarmonyElement : public ColorGUIElement {
+class HarmonyElement : public ColorGUIElement, public SupportsNumberTable {
 public:
     ~HarmonyElement() override;
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,

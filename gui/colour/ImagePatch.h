@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/colour/ColorGUIElement.h"
+#include "gui/elements/NumberTable.h"
 #include "gui/elements/drawing/Bitmap.h"
 
 #include <cstddef>
@@ -27,7 +28,7 @@ namespace GUI {
 ///
 /// The picture is scaled for the screen's own pixels, each the mean of what it covers, and kept until it or
 /// the pane's size changes. The region's mark is beside it in two tones.
-class ImagePatch : public ColorGUIElement {
+class ImagePatch : public ColorGUIElement, public SupportsNumberTable {
 public:
     /// In pixels of the picture; right and bottom are outside.
     struct Box {
@@ -54,6 +55,8 @@ public:
     std::optional<Box> const& GetBox() const { return region_; }
     /// Nothing without a picture.
     std::optional<RGBVector> GetMeanColor() const;
+    /// The mean colour.
+    Utilities::String GetNumberTable() override;
 
 private:
     struct Place {

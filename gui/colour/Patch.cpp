@@ -1,6 +1,7 @@
 #include "gui/colour/Patch.h"
 
 #include "Diagnostics/Sink.h"
+#include "gui/colour/ColorTable.h"
 #include "gui/colour/OutsideMark.h"
 #include "gui/colour/PatchAttributes.h"
 #include "gui/elements/DataAccess.h"
@@ -116,6 +117,14 @@ void Patch::PaintColorAndMark(PlatformIndependentDeviceContext& context, RGBVect
     else
         context.FillRectangle(room, room, right, bottom);
     if (isMarked) mark.Draw(context, 0, 0, width, height, isRound);
+}
+
+Utilities::String Patch::GetNumberTable() {
+    CallScope const call(*this);
+    NumberTable table;
+    AddChannelNames(table);
+    AddColor(table, GetShownColor());
+    return table.Take();
 }
 
 RGBVector Patch::GetMarkColor(RGBVector const& shown) {

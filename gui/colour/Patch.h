@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/colour/ColorGUIElement.h"
+#include "gui/elements/NumberTable.h"
 
 namespace GUI {
 
@@ -13,7 +14,7 @@ namespace GUI {
 ///
 /// A click executes the data source's callback "OnLeftButtonDown" of the element, with the element's name
 /// as the argument, and is then consumed; without such a callback it is passed on.
-class Patch : public ColorGUIElement {
+class Patch : public ColorGUIElement, public SupportsNumberTable {
 public:
     Diagnostics::String GetValueString() override { return "Patch"; }
     /// A patch is black until it gets a colour.
@@ -28,6 +29,7 @@ public:
     DataAccess* GetPropertyInspectorHandler() override;
     /// A map of "ElementName" and "CurrentRegion".
     Utilities::Anything GetPropertyInspectorData() override;
+    Utilities::String GetNumberTable() override;
 
 protected:
     /// The "ColorValue", or else the pane's background colour.

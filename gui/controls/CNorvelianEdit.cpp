@@ -1,5 +1,6 @@
 #include "gui/controls/CNorvelianEdit.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <limits>
@@ -29,6 +30,11 @@ void CNorvelianEdit::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setPen(QPen(faulty, faultyWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
+void CNorvelianEdit::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && escape_ && escape_()) return;
+    QLineEdit::keyPressEvent(event);
 }
 
 void CNorvelianEdit::ShowMessage(QString const& text, Side side) {

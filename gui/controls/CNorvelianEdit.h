@@ -4,6 +4,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <functional>
+#include <utility>
 
 namespace GUI {
 
@@ -20,8 +22,12 @@ public:
     /// A text beside the field; an empty one takes it away.
     void ShowMessage(QString const& text, Side side);
 
+    /// What Esc does; false leaves the key to the window.
+    void SetEscape(std::function<bool()> escape) { escape_ = std::move(escape); }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -31,6 +37,7 @@ private:
     void PlaceMessage();
 
     bool valid_ = true;
+    std::function<bool()> escape_;
     /// A sibling, which goes with the field.
     QPointer<QLabel> message_;
     Side side_ = Side::None;

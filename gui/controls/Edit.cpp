@@ -10,6 +10,7 @@ void Edit::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree
                       DialogDataSource* dataSource) {
     GUIElement::Initialize(parent, description, dataSource);
     AttributeReader const reader(description);
+    commits_ = reader.Flag(commit) && !reader.Flag(multiLine);
     if (reader.Text(validator) == "Number")
         rule_ = NumberRule{reader.Number(minimum), reader.Number(maximum), reader.Long(decimals)};
     RegisterOnUpdate();
@@ -18,6 +19,7 @@ void Edit::Initialize(PlatformIndependentWindowID const& parent, DescriptionTree
 std::optional<String> Edit::TakeText(String const& given) {
     if (known_ && *known_ == given) return std::nullopt;
     known_ = given;
+    pending_.reset();
     if (!rule_) return given;
     isValid_ = rule_->Read(given.GetStdString(), ".").has_value();
     ShowValid();
@@ -27,6 +29,25 @@ std::optional<String> Edit::TakeText(String const& given) {
 }
 
 void Edit::OnTyped(String const& typed) {
+    if (commits_)
+        pending_ = typed;
+    else
+        Tell(typed);
+}
+
+void Edit::OnFinished() {
+    // Leaving the field by Enter comes twice.
+    if (auto const typed = std::exchange(pending_, std::nullopt)) Tell(*typed);
+}
+
+std::optional<String> Edit::TakeBack() {
+    if (!pending_ || !known_) return std::nullopt;
+    String const former = *known_;
+    known_.reset();
+    return TakeText(former);
+}
+
+void Edit::Tell(String const& typed) {
     CallScope const call(*this);
     String told = typed;
     if (rule_) {

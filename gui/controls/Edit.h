@@ -28,7 +28,9 @@ namespace GUI {
 /// "Visible"; invalid answers change nothing. A text that is the one last told or shown changes nothing
 /// either.
 ///
-/// When the user has changed the text, the data source is told "Text", and then "OnTextChanged" runs.
+/// When the user has changed the text, the data source is told "Text", and then "OnTextChanged" runs. With
+/// "Commit" (No) that waits, in a field of one line, for Enter or until the field loses the focus, and Esc
+/// brings back what was there.
 /// "OnSetFocus" and "OnKillFocus" run when the field gets and loses the keyboard focus. Callbacks get the
 /// element's name.
 class Edit : public GUIElement {
@@ -58,7 +60,10 @@ public:
                                               "What a number must be; a key of the language service"};
     static constexpr Attribute validationPlace{"ValidationPlace", AttributeType::Text, "",
                                                "Right or Below: where that text stands beside the field"};
+    static constexpr Attribute commit{"Commit", AttributeType::Flag, "No",
+                                      "Tells what was typed when it is finished, in a field of one line"};
     static constexpr Attribute attributes[] = {text,
+                                               commit,
                                                multiLine,
                                                readOnly,
                                                frame,
@@ -90,6 +95,12 @@ protected:
     std::optional<Utilities::String> TakeText(Utilities::String const& given);
     /// The user has changed the text to this.
     void OnTyped(Utilities::String const& typed);
+    /// What was typed is finished.
+    void OnFinished();
+    /// What was typed is taken back: the text that is to be shown again; nothing if there is nothing to take
+    /// back.
+    std::optional<Utilities::String> TakeBack();
+    bool Commits() const { return commits_; }
     void OnFocus(bool focused);
     bool IsValid() const { return isValid_; }
 
@@ -99,7 +110,12 @@ protected:
     virtual std::string GetDecimalSign() const = 0;
 
 private:
+    void Tell(Utilities::String const& typed);
+
     std::optional<NumberRule> rule_;
+    bool commits_ = false;
+    /// Typed and not told yet.
+    std::optional<Utilities::String> pending_;
     /// The text as the data source knows it.
     std::optional<Utilities::String> known_;
     bool isValid_ = true;

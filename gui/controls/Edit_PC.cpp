@@ -55,6 +55,13 @@ void Edit_PC::MakeLine(PlatformIndependentWindowID const& parent, AttributeReade
     if (reader.Flag(password)) line.setEchoMode(QLineEdit::Password);
     control_.Connect(line, &QLineEdit::textEdited,
                      [this](QString const& typed) { OnTyped(FromPlatformText(typed)); });
+    if (!Commits()) return;
+    control_.Connect(line, &QLineEdit::editingFinished, [this] { OnFinished(); });
+    line.SetEscape([this] {
+        auto const former = TakeBack();
+        if (former) ShowText(*former);
+        return former.has_value();
+    });
 }
 
 void Edit_PC::MakeLines(PlatformIndependentWindowID const& parent, AttributeReader const& reader) {

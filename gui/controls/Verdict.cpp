@@ -30,19 +30,6 @@ constexpr short captionSize = 12;
 /// What the numbers and the reason take below the sign.
 constexpr short numbersHeight = 92;
 
-char const* WordOf(VerdictKind kind) {
-    switch (kind) {
-    case VerdictKind::Pass:
-        return "PASS";
-    case VerdictKind::Marginal:
-        return "MARGINAL";
-    case VerdictKind::Fail:
-        return "FAIL";
-    default:
-        return "NO DATA";
-    }
-}
-
 /// "Value" as it is shown: empty where the data source gives none.
 String NumberText(Anything const& value) {
     if (!value.IsValid()) return {};

@@ -28,6 +28,8 @@ public:
     void OnLanguageChanged() override;
     void OnPaintWindowDecorators(PlatformIndependentDeviceContext& context,
                                  GUIElement const& element) const override;
+    /// What is painted behind the child; null for a frame that isn't a panel.
+    FramePanel* GetPanel() const { return panel_.Get(); }
 
 protected:
     void OnDetach() override;

@@ -133,6 +133,12 @@ void PlatformIndependentDeviceContext_PC::StartPainter() {
     painter_->setClipRegion(clip, Qt::IntersectClip);
 }
 
+std::optional<PaneBox> PlatformIndependentDeviceContext_PC::GetPaintedBox() const {
+    if (!part_) return {};
+    QRect const box = part_->clip.boundingRect().translated(-part_->origin);
+    return PaneBox{box.x(), box.y(), long{box.x()} + box.width(), long{box.y()} + box.height()};
+}
+
 QPainter& PlatformIndependentDeviceContext_PC::GetPainter() {
     FlushLines();
     QPainter& painter = Painter(Space::Part);
@@ -247,6 +253,17 @@ void PlatformIndependentDeviceContext_PC::DrawLine(short x1, short y1, short x2,
 }
 
 void PlatformIndependentDeviceContext_PC::DrawLines(std::span<QPoint const> points) {
+    long const stroke = StrokeWidth(penWidth_, penStyle_);
+    if (stroke != penWidth_) {
+        long const width = std::exchange(penWidth_, stroke);
+        DrawStroke(points);
+        penWidth_ = width;
+    } else {
+        DrawStroke(points);
+    }
+}
+
+void PlatformIndependentDeviceContext_PC::DrawStroke(std::span<QPoint const> points) {
     PixelSurface* const pixels = Pixels();
     bool const isStraight = points.size() == 2 && IsParallelToAxis(points[0], points[1]);
     if (!isStraight && DrawSmoothLines(points)) return;

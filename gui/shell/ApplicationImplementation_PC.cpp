@@ -22,6 +22,7 @@
 #include "gui/shell/TopLevel_PC.h"
 #include "gui/shell/Window_PC.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QBuffer>
 #include <QKeyEvent>
@@ -144,6 +145,19 @@ bool ApplicationImplementation_PC::ExecuteAccelerator(long command) {
     return menu->IsMenuItemEnabled(command) && menu->ExecuteCommand(static_cast<unsigned short>(command));
 }
 
+bool ApplicationImplementation_PC::IsForTextField(QKeyEvent const& key) {
+    auto const* const field = QApplication::focusWidget();
+    // What is typed into has an input method; tables, trees and lists copy what is selected in them.
+    bool const takesThem = field && (field->testAttribute(Qt::WA_InputMethodEnabled) ||
+                                     qobject_cast<QAbstractScrollArea const*>(field));
+    if (!takesThem) return false;
+    constexpr QKeySequence::StandardKey editKeys[] = {QKeySequence::Undo,  QKeySequence::Redo,
+                                                      QKeySequence::Cut,   QKeySequence::Copy,
+                                                      QKeySequence::Paste, QKeySequence::SelectAll};
+    return std::any_of(std::begin(editKeys), std::end(editKeys),
+                       [&key](QKeySequence::StandardKey known) { return key.matches(known); });
+}
+
 bool ApplicationImplementation_PC::eventFilter(QObject* receiver, QEvent* event) {
     // Keys come to the window first and then travel from widget to widget: they count once.
     bool const isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
@@ -152,7 +166,9 @@ bool ApplicationImplementation_PC::eventFilter(QObject* receiver, QEvent* event)
         auto const& key = *static_cast<QKeyEvent const*>(event);
         if (event->type() == QEvent::KeyPress) {
             long const command = accelerators_.FindCommand(KeyCodeOf(key), ModifiersOf(key));
-            if (command != 0 && RunGuarded([&] { return ExecuteAccelerator(command); })) return true;
+            if (command != 0 && !IsForTextField(key) &&
+                RunGuarded([&] { return ExecuteAccelerator(command); }))
+                return true;
         } else if (!messageService_.IsNull() && !key.isAutoRepeat()) {
             auto const state = [&key](Qt::KeyboardModifier modifier) {
                 return key.modifiers().testFlag(modifier) ? "1" : "0";
@@ -277,9 +293,19 @@ bool ApplicationImplementation_PC::IsOffscreen() const {
 
 std::string ApplicationImplementation_PC::GetDisplayProfile() const { return ReadDisplayProfile(); }
 
+std::string ApplicationImplementation_PC::RenderElement(GUIElement& element,
+                                                        ElementRendering const& rendering) {
+    return ElementPicture_PC::Render(element, rendering);
+}
+
 bool ApplicationImplementation_PC::SaveElementPicture(GUIElement& element, String const& fileName,
-                                                      unsigned long width) {
-    return ElementPicture_PC::Save(element, fileName, width);
+                                                      ElementRendering const& rendering) {
+    return ElementPicture_PC::Save(element, fileName.GetStdString(), rendering);
+}
+
+bool ApplicationImplementation_PC::PrintElement(GUIElement& element, String const& printer,
+                                                ElementRendering const& rendering) {
+    return ElementPicture_PC::Print(element, printer.GetStdString(), rendering.theme);
 }
 
 bool ApplicationImplementation_PC::SaveWindowPicture(GUIElement& window, String const& fileName) {

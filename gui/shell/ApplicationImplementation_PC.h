@@ -11,6 +11,7 @@
 #include <vector>
 
 class QApplication;
+class QKeyEvent;
 
 namespace GUI {
 
@@ -43,8 +44,11 @@ public:
     bool IsOffscreen() const override;
     std::string GetDisplayProfile() const override;
     bool SaveWindowPicture(GUIElement& window, Utilities::String const& fileName) override;
+    std::string RenderElement(GUIElement& element, ElementRendering const& rendering) override;
     bool SaveElementPicture(GUIElement& element, Utilities::String const& fileName,
-                            unsigned long width) override;
+                            ElementRendering const& rendering) override;
+    bool PrintElement(GUIElement& element, Utilities::String const& printer,
+                      ElementRendering const& rendering) override;
 
     /// A text in the form `[OPEN("path")]` from the shell: each command goes to the message service
     /// under its verb, and a file to open to the application. Returns the application's answer;
@@ -58,6 +62,8 @@ private:
     void ShowQueuedMessages();
     bool eventFilter(QObject* receiver, QEvent* event) override;
     bool ExecuteAccelerator(long command);
+    /// Whether the control that has the focus does itself what a menu's Edit items do elsewhere.
+    static bool IsForTextField(QKeyEvent const& key);
     void OpenArguments();
     long OnLanguageChanged(Utilities::Anything const& language);
 

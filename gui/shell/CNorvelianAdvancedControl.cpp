@@ -94,6 +94,16 @@ void CNorvelianAdvancedControl::RepaintNow() {
     if (surface_) surface_->RepaintNow(*window_);
 }
 
+void CNorvelianAdvancedControl::RepaintPart(PixelBox const& box) {
+    if (!surface_) return;
+    PixelBox const whole = window_->GetBox();
+    PixelBox const visible = window_->GetVisibleBox();
+    PixelBox const part{
+        std::max(whole.left + box.left, visible.left), std::max(whole.top + box.top, visible.top),
+        std::min(whole.left + box.right, visible.right), std::min(whole.top + box.bottom, visible.bottom)};
+    if (!part.IsEmpty()) surface_->RepaintNow(part);
+}
+
 void CNorvelianAdvancedControl::Moved() {
     if (surface_) surface_->SettleLater();
 }
@@ -197,6 +207,20 @@ bool CNorvelianAdvancedControl::OnNavigationKey(NavigationKey key) {
         // The pane keeps what it is in.
         CallScope const call(*impl_->GetPane());
         return group->OnNavigationKey(key, *impl_->GetPane());
+    });
+}
+
+bool CNorvelianAdvancedControl::OnViewKey(ViewKey key) {
+    return Guarded("CNorvelianAdvancedControl: view key", [&] {
+        auto* const view = dynamic_cast<ViewInput*>(impl_->GetPane());
+        return view && view->OnViewKey(key);
+    });
+}
+
+bool CNorvelianAdvancedControl::OnWheel(double steps, QPoint const& place) {
+    return Guarded("CNorvelianAdvancedControl: wheel", [&] {
+        auto* const view = dynamic_cast<ViewInput*>(impl_->GetPane());
+        return view && view->OnWheel(steps, place.x(), place.y());
     });
 }
 

@@ -3,6 +3,7 @@
 #include "gui/elements/Accessible.h"
 #include "gui/elements/KeyState.h"
 #include "gui/elements/KeyboardGroup.h"
+#include "gui/elements/ViewInput.h"
 #include "gui/platform/LightWindow.h"
 #include "gui/shell/CNorvelianSurface.h"
 
@@ -35,6 +36,7 @@ public:
     CNorvelianSurface* GetSurface() const { return surface_; }
 
     void RepaintNow();
+    void RepaintPart(PixelBox const& box) override;
     /// Its place has changed: what is on the screen follows at the next turn of the event loop, and native
     /// controls in it too.
     void Moved();
@@ -64,6 +66,9 @@ public:
     void OnClickKey(bool controlKey);
     /// False leaves the key to the window.
     bool OnNavigationKey(NavigationKey key);
+    /// Of panes that show a part of their data; false from others.
+    bool OnViewKey(ViewKey key);
+    bool OnWheel(double steps, QPoint const& place);
     /// Opens the pane's own context menu at a place of the screen; false if it has none. See `Menu`.
     bool OpenContextMenu(QPoint const& place);
     /// Whether Tab stops here, as far as the group says that the pane is in.

@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QTimerEvent>
 #include <QToolTip>
+#include <QWheelEvent>
 #include <optional>
 
 namespace GUI {
@@ -36,6 +37,34 @@ std::optional<NavigationKey> ToNavigationKey(QKeyEvent const& event) {
         return NavigationKey::Home;
     case Qt::Key_End:
         return NavigationKey::End;
+    default:
+        return {};
+    }
+}
+
+std::optional<ViewKey> ToViewKey(QKeyEvent const& event) {
+    auto const modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    bool const isShifted = modifiers == Qt::ShiftModifier;
+    if (modifiers != Qt::NoModifier && !isShifted) return {};
+    auto const arrow = [isShifted](ViewKey step, ViewKey pan) { return isShifted ? pan : step; };
+    switch (event.key()) {
+    case Qt::Key_Left:
+        return arrow(ViewKey::Left, ViewKey::PanLeft);
+    case Qt::Key_Right:
+        return arrow(ViewKey::Right, ViewKey::PanRight);
+    case Qt::Key_Up:
+        return arrow(ViewKey::Up, ViewKey::PanUp);
+    case Qt::Key_Down:
+        return arrow(ViewKey::Down, ViewKey::PanDown);
+    case Qt::Key_Plus:
+        return ViewKey::ZoomIn;
+    case Qt::Key_Minus:
+        return ViewKey::ZoomOut;
+    case Qt::Key_0:
+    case Qt::Key_Home:
+        return ViewKey::Whole;
+    case Qt::Key_Escape:
+        return ViewKey::Leave;
     default:
         return {};
     }
@@ -306,6 +335,12 @@ void CNorvelianSurface::keyPressEvent(QKeyEvent* event) {
         }
         if (!self) return;
     }
+    if (auto const key = ToViewKey(*event)) {
+        Control const control = focus_.lock();
+        QPointer<CNorvelianSurface> const self(this);
+        if (control && control->OnViewKey(*key)) return;
+        if (!self) return;
+    }
     if (IsMenuKey(*event)) {
         Control const control = focus_.lock();
         PixelBox const box = control ? control->GetWindow().GetVisibleBox() : PixelBox();
@@ -318,6 +353,15 @@ void CNorvelianSurface::keyPressEvent(QKeyEvent* event) {
     if (!click || !control || !control->GetWindow().IsTabStop() || event->isAutoRepeat())
         return event->ignore();
     control->OnClickKey(HasControl(*event));
+}
+
+void CNorvelianSurface::wheelEvent(QWheelEvent* event) {
+    constexpr double notch = 120;
+    QPoint const place = event->position().toPoint();
+    Control const target = FindTarget(place);
+    bool const isTaken =
+        target && target->OnWheel(event->angleDelta().y() / notch, target->FromSurface(place));
+    event->setAccepted(isTaken);
 }
 
 // ------------------------------------------------------------------ context menus

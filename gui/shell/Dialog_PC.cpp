@@ -31,6 +31,7 @@ constexpr Attribute ownAttributes[] = {WindowKeys::name,
                                        WindowKeys::escKeyElementName,
                                        WindowKeys::enterKeyElementName,
                                        WindowKeys::confirmDiscard,
+                                       WindowKeys::keepPlace,
                                        WindowKeys::backgroundBitmap,
                                        WindowKeys::backgroundColor,
                                        WindowKeys::theme,
@@ -136,7 +137,10 @@ void Dialog_PC::OnInitDialog() {
     LayOutContents();
     QPoint corner(static_cast<int>(x_), static_cast<int>(y_));
     if (hasParent) corner = GetDialog()->parentWidget()->mapToGlobal(corner);
+    // Before the first move, which is kept.
+    auto const kept = KeepsPlace() ? FindSavedPlace(GetElementName()) : std::nullopt;
     SetPosition(static_cast<unsigned long>(corner.x()), static_cast<unsigned long>(corner.y()));
+    if (kept) top_.MoveTo(*kept);
     // A modal dialog is shown by its own event loop.
     if (modeless_ && GetDialog()) GetDialog()->show();
 }
@@ -229,8 +233,11 @@ void Dialog_PC::SetSize(unsigned long width, unsigned long height) {
     top_.LayOut();
 }
 
+bool Dialog_PC::KeepsPlace() const { return AttributeReader(description_).Flag(WindowKeys::keepPlace); }
+
 void Dialog_PC::OnMoved(int x, int y) {
     GUIElement::SetPosition(static_cast<unsigned long>(x), static_cast<unsigned long>(y));
+    if (KeepsPlace()) SavePlace(GetElementName(), x, y);
 }
 
 void Dialog_PC::OnResized() {

@@ -14,7 +14,9 @@ namespace GUI {
 /// "Y" (0) from the inside of the parent window, "Width" and "Height" of the inside (mandatory),
 /// "Resizeable" (No), "Closeable" (Yes), "TitleBar" (Yes), "EscKeyElementName" (none), "BackgroundColor",
 /// "BackgroundBitmap" (none; name of an image of the image service, drawn under the elements at its own size
-/// from the top left corner), "EnterKeyElementName" (none) and "ConfirmDiscard" (No).
+/// from the top left corner), "EnterKeyElementName" (none), "ConfirmDiscard" (No) and "KeepPlace" (No: it
+/// opens at "X" and "Y"; else where it was when it was open last, kept by its element name as windows keep
+/// theirs).
 ///
 /// Esc and Enter run the callback "OnClick" of the elements that "EscKeyElementName" and
 /// "EnterKeyElementName" name; Enter comes after the control that has the focus, and without that attribute
@@ -77,6 +79,7 @@ protected:
     void OnDetach() override;
 
 private:
+    bool KeepsPlace() const;
     /// What another description may change.
     void ReadAttributes();
     void ShowCaption();

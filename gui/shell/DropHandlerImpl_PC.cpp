@@ -41,7 +41,7 @@ DragContent DropHandlerImpl_PC::Read(GUIElement& element, Anything const& conten
     if (!content.IsOfTypeMap()) return read;
     Anything const* const picture = content.GetMapOfAnythings().FindValue("Picture");
     if (picture && picture->GetKind() == Anything::Kind::Bool && picture->GetBool())
-        read.picture = ElementPicture_PC::Draw(element);
+        read.picture = ElementPicture_PC::Draw(element, {});
     return read;
 }
 

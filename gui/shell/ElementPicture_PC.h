@@ -1,25 +1,36 @@
 #pragma once
 
+#include "gui/elements/application/ElementRendering.h"
+
 #include <QImage>
 #include <string>
+
+class QPagedPaintDevice;
+class QPainter;
+class QRect;
 
 namespace GUI {
 
 class GUIElement;
+class Theme;
 
-/// Draws an element, with all panes below it, into a file of another device: a picture, or a PDF page.
-///
-/// The element keeps its layout and is scaled as a whole. Pictures are drawn in their own pixels, not
-/// enlarged ones, and carry the mark of sRGB; on a PDF page lines, figures and texts stay such. Controls of
-/// the platform are left out.
-class ElementPicture_PC {
-public:
-    /// The format is told by the file's extension: "pdf" or a format of pictures. `width` is that of the
-    /// picture in pixels, or of the page in points (1/72 inch); 0 is the element's own. False for what can't
-    /// be drawn or written; nothing of a file is left behind then.
-    static bool Save(GUIElement& element, std::string const& path, unsigned long width);
-    /// The picture in the element's own size; null if it can't be drawn.
-    static QImage Draw(GUIElement& element);
-};
+/// Draws an element, with all panes below it, on another device; see `ElementRendering`.
+namespace ElementPicture_PC {
+
+/// The picture itself; null for what can't be drawn. The format plays no part.
+QImage Draw(GUIElement& element, ElementRendering const& rendering);
+/// Into a box of a painter's coordinates, in the colours of a theme; null for the element's own.
+void Draw(GUIElement& element, QPainter& painter, QRect const& box, Theme const* theme);
+/// The bytes of a file; empty for what can't be drawn.
+std::string Render(GUIElement& element, ElementRendering const& rendering);
+/// The format is told by the file's extension. False for what can't be drawn or written; nothing of a file is
+/// left behind then.
+bool Save(GUIElement& element, std::string const& path, ElementRendering const& rendering);
+/// As large as the page's margins allow.
+bool Print(GUIElement& element, QPagedPaintDevice& device, Utilities::String const& theme);
+/// On a page of A4; see `ApplicationImplementation::PrintElement`.
+bool Print(GUIElement& element, std::string const& printer, Utilities::String const& theme);
+
+} // namespace ElementPicture_PC
 
 } // namespace GUI

@@ -48,6 +48,8 @@ inline constexpr Attribute enterKeyElementName{"EnterKeyElementName", AttributeT
                                                "The element whose click the Enter key triggers"};
 inline constexpr Attribute confirmDiscard{"ConfirmDiscard", AttributeType::Flag, "No",
                                           "Asks before Esc or closing loses what was entered"};
+inline constexpr Attribute keepPlace{"KeepPlace", AttributeType::Flag, "No",
+                                     "Whether it opens where it was when it was open last"};
 inline constexpr Attribute backgroundBitmap{"BackgroundBitmap", AttributeType::ImageName, "",
                                             "Image under the elements, from the top left corner"};
 inline constexpr Attribute backgroundColor{"BackgroundColor", AttributeType::Colour, "", "Background"};

@@ -4,6 +4,7 @@
 #include "Utilities/Limits.h"
 #include "core/base/Exceptions.h"
 #include "gui/elements/DropDataObject.h"
+#include "gui/elements/application/Application.h"
 #include "gui/tree/TreeState.h"
 
 #include <algorithm>
@@ -69,6 +70,15 @@ void TreeView::Initialize(PlatformIndependentWindowID const& parent, Description
     if (long const size = reader.Long(fontSizeAttribute); size != 0)
         style_.fontSize = static_cast<short>(std::clamp(size, -32768L, 32767L));
     RegisterOnUpdate();
+    if (GetElementName().Length() != 0) Application::Instance().RegisterComponent(GetElementName(), this);
+}
+
+void TreeView::OnDetach() {
+    // Another one of that name may have taken its place.
+    if (Application& application = Application::Instance();
+        application.GetRegisteredComponent(GUIElement::GetElementName()) == this)
+        application.UnregisterComponent(GUIElement::GetElementName());
+    GUIElement::OnDetach();
 }
 
 void TreeView::SetUpTree() {

@@ -23,6 +23,8 @@ class DropDataObject;
 /// they are asked for when the node is opened), "Children" (vector of such entries, given at once). Texts are
 /// shown as they come. Paths are keys with "/" between (`TreeViewNode::GetPath`).
 ///
+/// It enters itself at the application under its element name, where whoever builds its tree finds it.
+///
 /// Update messages, each without or with "|NoRepaint": "Children path" asks for what is below that node
 /// again, "Selection" for the selection; any other text asks for all. An answer that is invalid leaves what
 /// there is. Nodes that are still there keep whether they are open and selected. At each update also
@@ -101,6 +103,7 @@ public:
     void UpdateTree() override;
 
 protected:
+    void OnDetach() override;
     /// Null once the element is released.
     virtual TreeWnd* GetTree() const = 0;
     /// Hands over what the description says.

@@ -1,12 +1,18 @@
 #include "hosts/colourdesk/ColourDesk.h"
 
+#include "hosts/colourdesk/AboutBox.h"
+#include "hosts/colourdesk/DeskModel.h"
+
+#include "Utilities/LanguageServiceInterface.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
 #include "Utilities/ProgramDirectory.h"
 #include "Utilities/TranslationService.h"
 #include "core/base/Exceptions.h"
 #include "cxf/conditions/TristimException.h"
+#include "gui/elements/application/QuestionBox.h"
 #include "gui/elements/description/GUIDescriptionReader.h"
+#include "hosts/colourdesk/SampleReport.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -50,8 +56,12 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
         };
         if (argument == "--help" || argument == "-h") {
             options.help = true;
+        } else if (argument == "--version") {
+            options.version = true;
         } else if (argument == "--screenshot") {
             options.screenshot = value("the name of a picture");
+        } else if (argument == "--report") {
+            options.report = value("the name of a PDF");
         } else if (argument == "--language") {
             options.language = value("a language");
         } else if (argument == "--theme") {
@@ -81,6 +91,7 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
 
 char const* Options::Usage() {
     return "usage: colourdesk [--screenshot PICTURE] [--language LANGUAGE] [FILE]\n"
+           "       colourdesk --report PDF [--language LANGUAGE] [FILE]\n"
            "       colourdesk --gallery [DIRECTORY] [--language LANGUAGE]\n"
            "\n"
            "Shows the measured samples of FILE: CGATS text, or the XML form, with spectra of at least 400 to "
@@ -88,6 +99,7 @@ char const* Options::Usage() {
            "Without FILE, the samples that come with the program.\n"
            "\n"
            "  --screenshot PICTURE       draws the window without a screen and writes it to PICTURE\n"
+           "  --report PDF               writes a report on the samples to PDF\n"
            "  --language LANGUAGE        English, French, German or Japanese; F8 in the window takes the\n"
            "                             next one and keeps it\n"
            "  --theme THEME              Light, Dark, Line or Report\n"
@@ -95,6 +107,7 @@ char const* Options::Usage() {
            "  --gallery [DIRECTORY]      shows the components of the library in their states, or writes one\n"
            "                             picture of each into DIRECTORY\n"
            "  --exit-after-first-paint   ends when the window has been painted\n"
+           "  --version                  the program's version\n"
            "  --help                     this text\n";
 }
 
@@ -118,7 +131,8 @@ private:
 };
 
 Application::Application(Options options) : GUI::Application("colourdesk"), options_(std::move(options)) {
-    SetOffscreen(!options_.screenshot.empty() || !options_.galleryDirectory.empty());
+    SetOffscreen(!options_.screenshot.empty() || !options_.report.empty() ||
+                 !options_.galleryDirectory.empty());
 }
 
 Application::~Application() {
@@ -148,7 +162,9 @@ Tintorium::ScreenRGB Application::GetScreen() {
 
 void Application::Show(std::string const& file) {
     // All that can fail comes before anything that is shown goes.
-    auto handler = std::make_unique<SampleWindow>(SampleDocument::Open(file, GetScreen()));
+    Tintorium::ScreenRGB const screen = GetScreen();
+    auto handler = std::make_unique<SampleWindow>(SampleDocument::Open(file, screen));
+    DeskModel::SetScreen(screen);
     auto const preferences = Utilities::ResolveComponent<Utilities::Preferences>("Preferences");
     String const theme = preferences->GetValue(lookSection, "Theme", handler->GetTheme());
     handler->SetTheme(options_.theme.empty() ? theme : String(options_.theme));
@@ -183,7 +199,13 @@ void Application::Show(std::string const& file) {
     if (!options_.view.empty()) handler_->ShowNamedView(options_.view);
 }
 
+bool Application::MayClose() {
+    if (!handler_ || !handler_->HasUnsavedChanges() || IsOffscreen()) return true;
+    return GUI::QuestionBox::MayDiscard(*window_->GetWindowID());
+}
+
 long Application::OpenFile(String const& fileName) {
+    if (!MayClose()) return 0;
     try {
         Show(fileName);
         return 1;
@@ -198,6 +220,8 @@ void Application::Start() {
     LoadLanguages();
     messages_ = Utilities::ResolveComponent<GUI::MessageService>("MessageService");
     RegisterComponent(DeskTools::componentName, &tools_);
+    editMenu_ = Utilities::ResolveComponent<Utilities::Component>("CopyPasteHandler");
+    inspectorMenu_ = Utilities::ResolveComponent<Utilities::Component>("PropertyInspectorMenuHandler");
     messages_->SetCallback(keyMessage, Utilities::MakeCallback(this, &Application::OnKey));
     messages_->SetCallback(openMessage, Utilities::MakeCallback(this, &Application::OnOpen));
     if (options_.gallery) {
@@ -216,6 +240,7 @@ int Application::Execute() {
         return Run();
     }
     if (!options_.screenshot.empty()) return WritePicture(*window_, options_.screenshot);
+    if (!options_.report.empty()) return WriteReport(options_.report) ? 0 : 1;
     if (platform.IsOffscreen()) {
         std::string const picture = std::filesystem::absolute("colourdesk.png").string();
         int const result = WritePicture(*window_, picture);
@@ -285,8 +310,12 @@ void Application::OnMenuItem(String const& name) {
     } else if (name == SampleWindow::saveItem) {
         files_.SaveAs(*window_->GetWindowID(), handler_->GetDocument().GetFileName(),
                       [this](String const& file) { SaveFile(file); });
+    } else if (name == SampleWindow::aboutItem) {
+        AboutBox().Show(*window_->GetWindowID());
     } else if (name == SampleWindow::quitItem) {
         if (MayClose()) Quit(0);
+    } else if (name == SampleWindow::reportItem) {
+        OfferReport();
     } else if (name == SampleWindow::nextLanguageItem) {
         TakeLanguage(FindNextLanguage());
     } else if (String const theme = SampleWindow::themeItem; name.FindSubstring(theme, 0) == 0) {
@@ -303,6 +332,7 @@ void Application::OnMenuItem(String const& name) {
 void Application::SaveFile(String const& file) {
     try {
         handler_->GetDocument().SaveAs(file.GetStdString());
+        handler_->OnSaved();
     } catch (TraceableException const& failure) {
         ReportError(failure.what());
     }
@@ -341,6 +371,21 @@ int Application::WritePicture(GUI::GUIElement& window, std::string const& fileNa
     if (GetImplementation().SaveWindowPicture(window, fileName)) return 0;
     ReportError(fileName + ": the picture can't be written");
     return 1;
+}
+
+bool Application::WriteReport(std::string const& fileName) {
+    bool const written = SampleReport(*handler_).Save(fileName);
+    if (!written) ReportError(fileName + ": the report can't be written");
+    return written;
+}
+
+void Application::OfferReport() {
+    std::string const file = SampleReport::ProposeFile(handler_->GetDocument().GetPath());
+    if (!WriteReport(file)) return;
+    String text = Utilities::LanguageServiceInterface::GetTranslation("The report is in %1.");
+    text.Replace("%1", file);
+    GetImplementation().ShowMessage(Utilities::LanguageServiceInterface::GetTranslation("Colour report"),
+                                    text);
 }
 
 void Application::QuitAfterFirstPaint() {

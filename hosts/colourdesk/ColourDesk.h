@@ -19,6 +19,8 @@ struct Options {
     std::string file;
     /// Where the window's picture goes instead of the screen; empty for the screen.
     std::string screenshot;
+    /// Where a PDF report on the samples goes instead of a window; empty for none.
+    std::string report;
     /// Language of the texts; empty for that of the settings.
     std::string language;
     /// Empty for that of the settings.
@@ -31,6 +33,7 @@ struct Options {
     /// Where the gallery's pictures go; empty for the screen.
     std::string galleryDirectory;
     bool help = false;
+    bool version = false;
 
     /// Throws `InvalidArgumentException` that names the option.
     static Options Parse(std::vector<std::string> const& arguments);
@@ -53,6 +56,8 @@ public:
     /// Drops the window.
     void Close();
 
+    /// Asks the user before changes are lost.
+    bool MayClose() override;
     /// Opens another file; the one before stays if it can't be read.
     long OpenFile(Utilities::String const& fileName) override;
 
@@ -75,12 +80,19 @@ private:
     void Keep(char const* section, char const* key, Utilities::String const& value);
     int ShowGallery();
     int WritePicture(GUI::GUIElement& window, std::string const& fileName);
+    /// False, and the user is told, if it can't be written.
+    bool WriteReport(std::string const& fileName);
+    /// Writes one where the user keeps documents, and says where.
+    void OfferReport();
     void QuitAfterFirstPaint();
 
     Options options_;
     Utilities::SmartPointer<GUI::MessageService> messages_;
     std::unique_ptr<SampleWindow> handler_;
     DeskTools tools_;
+    /// The menu's handlers of the library, which enter themselves under their names.
+    Utilities::SmartPointer<Utilities::Component> editMenu_;
+    Utilities::SmartPointer<Utilities::Component> inspectorMenu_;
     DeskFiles files_;
     std::unique_ptr<Gallery> gallery_;
     Utilities::SmartPointer<GUI::PlatformIndependentWindowID> noParent_;

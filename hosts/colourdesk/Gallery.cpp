@@ -7,6 +7,7 @@
 #include "gui/elements/description/Attributes.h"
 #include "gui/elements/description/GUIDescriptionReader.h"
 #include "hosts/colourdesk/GalleryData.h"
+#include "hosts/colourdesk/PressData.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -26,6 +27,7 @@ constexpr char const* tabs = "GalleryTabs";
 constexpr char const* pages = "GalleryPages";
 constexpr char const* tabSuffix = "Tab";
 constexpr char const* pageSuffix = "Page";
+constexpr char const* pressPage = "Press";
 constexpr char const* exampleWindow = "Example";
 
 std::string NameOf(DescriptionTree const& node) {
@@ -70,7 +72,8 @@ void PutMouseOver(GUI::GUIElement const& root, std::string const& name) {
 
 /// Data and selections come by updates and events, as a host's do.
 void BringData(GUI::GUIElement const& root, std::string const& name) {
-    std::string const message = GalleryData::MessageOf(ComponentOf(name));
+    std::string message = PressData::MessageOf(ComponentOf(name), StateOf(name));
+    if (message.empty()) message = GalleryData::MessageOf(ComponentOf(name));
     if (message.empty()) return;
     GUI::GUIElement& element = root.FindElement(name);
     element.OnUpdate("Properties");
@@ -154,16 +157,24 @@ void Gallery::WritePictures(std::string const& directory, GUI::ApplicationImplem
     std::error_code failure;
     std::filesystem::create_directories(directory, failure);
     if (failure) throw ResourceException(directory + ": " + failure.message());
-    std::vector<SmartPointer<DescriptionTree>> examples;
-    Collect(description_, examples);
-    for (auto const& example : examples) {
-        std::string const file = directory + "/" + NameOf(*example) + ".png";
-        DescriptionTree const description = WindowFor(example);
-        GUI::GUIElement& window = Open(description);
-        BringStates(description);
-        if (!platform.SaveWindowPicture(window, file))
-            throw ResourceException(file + ": the picture can't be written");
+    DescriptionTree const* const all = FindNode(description_, pages);
+    for (auto page = all->GetChildren(); page.IsValid(); ++page) {
+        std::string const name = NameOf(*page.Current());
+        page_ = name.substr(0, name.size() - std::string_view(pageSuffix).size());
+        std::vector<SmartPointer<DescriptionTree>> examples;
+        Collect(*page.Current(), examples);
+        for (auto const& example : examples) WritePicture(example, directory, platform);
     }
+}
+
+void Gallery::WritePicture(SmartPointer<DescriptionTree> const& example, std::string const& directory,
+                           GUI::ApplicationImplementation& platform) {
+    std::string const file = directory + "/" + NameOf(*example) + ".png";
+    DescriptionTree const description = WindowFor(example);
+    GUI::GUIElement& window = Open(description);
+    BringStates(description);
+    if (!platform.SaveWindowPicture(window, file))
+        throw ResourceException(file + ": the picture can't be written");
 }
 
 Anything Gallery::GetValue(String const& element, String const& name) {
@@ -171,6 +182,10 @@ Anything Gallery::GetValue(String const& element, String const& name) {
     if (element == tabs && name == "CurrentTab") return page_ + tabSuffix;
     if ((element == "Gallery" || element == exampleWindow) && name == "Theme") return theme_;
     std::string const state = StateOf(element);
+    // The graphs in charts ask without a state, so the page tells whose they are.
+    if (page_ == pressPage || !state.empty())
+        if (Anything data = PressData::GetValue(ComponentOf(element), state, name); data.IsValid())
+            return data;
     if (Anything data = GalleryData::GetValue(ComponentOf(element), state, name); data.IsValid()) return data;
     if (state.empty()) return {};
     if (name == "Enable" || name == "Enabled") return !state.ends_with("Disabled");

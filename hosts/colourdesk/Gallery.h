@@ -32,6 +32,8 @@ private:
     GUI::GUIElement& Open(GUI::DescriptionTree const& description);
     /// Brings the examples below a node their states.
     void BringStates(GUI::DescriptionTree const& node);
+    void WritePicture(Utilities::SmartPointer<GUI::DescriptionTree> const& example,
+                      std::string const& directory, GUI::ApplicationImplementation& platform);
     long OnPageChosen(Utilities::Anything const& tab);
 
     GUI::DescriptionTree description_;

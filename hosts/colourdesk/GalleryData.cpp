@@ -73,6 +73,18 @@ Anything GetBars(String const& name) {
     if (name == "ValueBegin" || name == "XValueBegin") return "5";
     if (name == "ValueStep" || name == "DeltaXValue") return "10";
     if (name == "BarWidth") return "6";
+    if (name == "Names")
+        return Row(
+            {"\u0394L*", "\u0394a*", "\u0394b*", "\u0394C*", "\u0394H*", "\u0394E00", "\u0394h", "\u0394R"});
+    if (name == "Limits") {
+        Anything::VectorOfAnythings limits(differences.size());
+        Anything::MapOfAnythings limit;
+        limit["Lower"] = -2.0;
+        limit["Upper"] = 2.0;
+        limit["Warning"] = 1.5;
+        for (Anything& entry : limits) entry = limit;
+        return {limits};
+    }
     if (name == "PositivLimit") return "2";
     if (name == "NegativLimit") return "-2";
     return Scale{0, 80, 10, -3, 3, 1}.Get(name);
@@ -90,6 +102,8 @@ Anything GetCurves(String const& name) {
         if (name == String("CurveColor ") + String(long{i})) return colors[static_cast<std::size_t>(i)];
     }
     if (name == "") return Row({"Cyan", "Green", "Red"});
+    if (name == "StandardCurve") return 1L;
+    if (name == "Cursor") return 560.0;
     if (name == "ValueBegin") return "380";
     if (name == "ValueStep") return "10";
     return Scale{380, 730, 50, 0, 1, 0.2}.Get(name);
@@ -125,6 +139,17 @@ Anything GetTolerance() {
 }
 
 Anything GetPlane(std::string const& state, String const& name) {
+    if (name == "Trace" && state == "Rings") {
+        constexpr std::uint32_t points = 8;
+        Anything::VectorOfAnythings trace(points);
+        for (std::uint32_t i = 0; i < points; ++i) {
+            Anything::MapOfAnythings point;
+            point["XValue"] = 30 + 2.0 * i;
+            point["YValue"] = -40 + 3.0 * i + 4 * std::sin(1.9 * i);
+            trace[i] = point;
+        }
+        return {trace};
+    }
     if (name == "Plane") return state == "Leaf" ? "LC" : "ab";
     if (name == "Lightness") return 65.0;
     if (name == "Hue") return 40.0;

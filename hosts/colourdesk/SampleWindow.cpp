@@ -169,6 +169,15 @@ Anything SampleWindow::GetCurveValue(String const& key) const {
     if (key == "DeltaXValue" || key == "ValueStep") return "10";
     if (key == "ActiveCurve")
         return static_cast<short>(pages_.IsShown(selected_) ? selected_ - pages_.GetFirst() : -1);
+    if (key == "LegendCurves") {
+        // Of many, the selected one.
+        constexpr long most = 6;
+        if (pages_.GetSize() <= most) return {};
+        Anything::VectorOfAnythings chosen(pages_.IsShown(selected_) ? 1 : 0);
+        if (chosen.GetSize() != 0) chosen[0] = selected_ - pages_.GetFirst();
+        return {chosen};
+    }
+    if (key == "View") return curveView_;
     if (key == "") {
         Anything::VectorOfAnythings names(static_cast<std::uint32_t>(pages_.GetSize()));
         for (std::uint32_t i = 0; i < names.GetSize(); ++i)
@@ -212,6 +221,17 @@ Anything SampleWindow::GetLabChartValue(String const& key) const {
     if (StartsWith(key, "ToolTipText "))
         return ToolTip(pages_.GetFirst() + NumberBehind(key, "ToolTipText ")).c_str();
     if (key == "XValueBegin" || key == "YValueBegin") return static_cast<short>(-labRange_);
+    if (key == "View") return labView_;
+    if (key == "GamutLightness" && selected_ >= 0) return std::clamp(At(selected_).lab[0], 0.0, 100.0);
+    if (key == "Tolerance" && selected_ >= 0) {
+        auto const& lab = At(selected_).lab;
+        Anything::MapOfAnythings record;
+        record["L"] = lab[0];
+        record["a"] = lab[1];
+        record["b"] = lab[2];
+        record["Limit"] = 5.0;
+        return record;
+    }
     if (key == "XValueEnd" || key == "YValueEnd") return labRange_;
     return {};
 }
@@ -278,6 +298,8 @@ void SampleWindow::SetValue(String const& element, String const& key, Anything c
         surround_ = value.GetString();
         if (command_) command_(String(surroundItem) + surround_);
     }
+    if (element == curves && key == "View") curveView_ = value;
+    if (element == labChart && key == "View") labView_ = value;
     if (element == sampleGrid) TakeGridValue(key, value);
     if (element == sampleTree && key == "Selected" && value.IsOfTypeString())
         if (long const sample = tree_.GetSample(value.GetString()); sample >= 0) Select(sample);
@@ -305,12 +327,13 @@ bool SampleWindow::OnDrop(GUI::PlatformIndependentWindowID const& /*window*/, GU
 Callback SampleWindow::GetCallback(String const& element, String const& event) {
     if (event == "OnLeftButtonDown" && SampleOfPatch(element) >= 0)
         return Utilities::MakeCallback(this, &SampleWindow::OnPatchClicked);
-    bool const isMenuItem =
-        element == openItem || element == saveItem || element == quitItem || element == chartsView ||
-        element == gridView || element == nextLanguageItem || StartsWith(element, languageItem) ||
-        StartsWith(element, themeItem) || StartsWith(element, surroundItem) || element == firstPage ||
-        element == previousPage || element == nextPage || element == lastPage || element == previousTool ||
-        element == nextTool || element == surroundTool || element == themeTool;
+    bool const isMenuItem = element == aboutItem || element == openItem || element == saveItem ||
+                            element == quitItem || element == chartsView || element == gridView ||
+                            element == nextLanguageItem || StartsWith(element, languageItem) ||
+                            StartsWith(element, themeItem) || StartsWith(element, surroundItem) ||
+                            element == firstPage || element == previousPage || element == nextPage ||
+                            element == lastPage || element == previousTool || element == nextTool ||
+                            element == surroundTool || element == themeTool || element == reportItem;
     if (element == viewTabs && event == "OnTabChanged")
         return Utilities::MakeCallback(this, &SampleWindow::OnTabChanged);
     if (event == "OnClick" && isMenuItem) return Utilities::MakeCallback(this, &SampleWindow::OnMenuItem);
@@ -343,6 +366,13 @@ void SampleWindow::SelectNearest(double a, double b) {
     if (nearest >= 0) Select(nearest);
 }
 
+void SampleWindow::UpdateDetails() {
+    for (char const* const element : {"SamplePage", "SampleName", "SamplePosition", "SampleLightness",
+                                      "SampleA", "SampleB", "SampleChroma", "SampleHue", "SampleCondition",
+                                      "SampleGamut", "SelectedColour", "TableCondition", "Tools"})
+        ExecuteCallback(element, "OnUpdate", {});
+}
+
 void SampleWindow::Select(long sample) {
     long const former = std::exchange(selected_, sample);
     if (former == sample) return;
@@ -354,12 +384,10 @@ void SampleWindow::Select(long sample) {
         for (long const changed : {former, sample})
             if (pages_.IsShown(changed)) ExecuteCallback(PatchName(changed).c_str(), "OnUpdate", {});
     }
-    for (char const* const element : {"SamplePage", "SampleName", "SamplePosition", "SampleLightness",
-                                      "SampleA", "SampleB", "SampleChroma", "SampleHue", "SampleCondition",
-                                      "SampleGamut", "SelectedColour", "TableCondition", "Tools"})
-        ExecuteCallback(element, "OnUpdate", {});
+    UpdateDetails();
     ExecuteCallback("Spectra", "OnUpdate", "Properties");
-    ExecuteCallback("ColorChart", "SelectSample", {});
+    // The tolerance is around the selected one.
+    ExecuteCallback(labChart, "OnUpdate", {});
     UpdateGrid();
 }
 
@@ -413,8 +441,5 @@ SampleWindow::GetSample(Anything const& sampleKey) {
     if (sample < 0) return {};
     return At(sample).sample;
 }
-
-void SampleWindow::DataChanged(Anything const& /*sampleKey*/, Anything const& /*what*/) {}
-bool SampleWindow::IsLocked(Anything const& /*sampleKey*/, Anything const& /*what*/) { return true; }
 
 } // namespace ColourDesk

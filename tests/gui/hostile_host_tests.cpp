@@ -4,7 +4,9 @@
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
 #include "gui/elements/CallScope.h"
+#include "gui/elements/NumberTable.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/ViewInput.h"
 #include "gui/elements/description/Attributes.h"
 #include "tests/support/ElementNames.h"
 #include "tests/support/FakeDataSource.h"
@@ -57,14 +59,27 @@ private:
     }
 };
 
-/// The component that is struck.
+/// The component that is struck, and whether it shows what it only shows when told to.
 std::string type;
+bool isAdorned = false;
+char const* const legendPlace = "Beside";
 
 SmartPointer<GUI::DescriptionTree> Described() {
     auto const node = Node({{"GUIElementType", type.c_str()}, {"ElementName", "e"}});
     for (auto const& attribute : GUI::AttributeTable::Collect(type))
         if (attribute.mandatory && !node->FindValue(attribute.key))
             (*node)[attribute.key] = attribute.defaultValue;
+    // All that is off by default.
+    for (auto const& [key, value] : {std::pair("Cursor", "Yes"),
+                                     {"Zoom", "Yes"},
+                                     {"GamutEdge", "Yes"},
+                                     {"Cases", "Yes"},
+                                     {"Difference", "Yes"},
+                                     {"Band", "Range"},
+                                     {"Axes", "Edges"},
+                                     {"Legend", legendPlace}})
+        for (auto const& attribute : GUI::AttributeTable::Collect(type))
+            if (isAdorned && attribute.key == std::string(key)) (*node)[key] = value;
     // More than there is room for.
     for (char const* const tab : {"A", "B", "C", "D"})
         if (type == "TabbedPaneSelector")
@@ -112,6 +127,15 @@ Operation const operations[] = {
     {"move", OnPane([](Pane& pane, FakeWindowHost& host) { host.Move(pane, 3, 4); })},
     {"tool tip", OnPane([](Pane& pane, FakeWindowHost& host) { host.GetToolTip(pane, 3, 4); })},
     {"selection", OnPane([](Pane& pane, FakeWindowHost&) { pane.Select({}); })},
+    {"looking closer",
+     [](GUIElement& element, FakeWindowHost&) {
+         auto* const view = dynamic_cast<GUI::ViewInput*>(&element);
+         GUI::CallScope const call(element);
+         if (view) view->OnWheel(1, 9, 9);
+         for (auto const key : {GUI::ViewKey::Right, GUI::ViewKey::PanLeft, GUI::ViewKey::Whole})
+             if (view && call.IsAttached()) view->OnViewKey(key);
+     }},
+    {"numbers", [](GUIElement& element, FakeWindowHost&) { GUI::NumberTableOf(element); }},
     {"properties", OnPane([](Pane& pane, FakeWindowHost&) { pane.GetProperties(); })},
 };
 
@@ -127,6 +151,12 @@ bool StrikeAt(Operation const& operation, Strike kind, int strikeAt) {
     auto const tree = Wrapped(Described());
     SmartPointer<GUIElement> root = host.Create(tree, &source);
     source.values = {{{"e", "NrOfPatches"}, Anything(2L)}, {{"e", "IsSelectable"}, Anything(true)}};
+    Anything::VectorOfAnythings column(3);
+    column[0] = "curve";
+    column[1] = column[2] = 0.5;
+    if (isAdorned)
+        for (char const* const asker : {"e", "XYGraph"})
+            for (char const* const key : {"1", "2"}) source.values[{asker, key}] = Anything(column);
     root->SetSize(200, 100);
     GUIElement* const element = root->GetChildrenList().Begin().Current().Get();
     source.strike = [&] {
@@ -184,15 +214,21 @@ class HostileHost : public testing::TestWithParam<std::string> {};
 
 TEST_P(HostileHost, MayDoAnythingInAnyCall) {
     type = GetParam();
+    isAdorned = false;
     auto const former = Diagnostics::SetSink([](auto const&, auto const&) {});
-    for (Operation const& operation : operations)
-        for (Strike const kind :
-             {Strike::Drop, Strike::Rebuild, Strike::Throw, Strike::Language, Strike::Modal}) {
-            SCOPED_TRACE(std::string(operation.name) + ": " + strikes[static_cast<int>(kind)]);
-            int call = 0;
-            constexpr int most = 80;
-            while (call < most && StrikeAt(operation, kind, call)) ++call;
-        }
+    auto const strikeAll = [] {
+        for (Operation const& operation : operations)
+            for (Strike const kind :
+                 {Strike::Drop, Strike::Rebuild, Strike::Throw, Strike::Language, Strike::Modal}) {
+                SCOPED_TRACE(std::string(operation.name) + ": " + strikes[static_cast<int>(kind)]);
+                int call = 0;
+                constexpr int most = 80;
+                while (call < most && StrikeAt(operation, kind, call)) ++call;
+            }
+    };
+    strikeAll();
+    isAdorned = true;
+    strikeAll();
     Diagnostics::SetSink(former);
 }
 

@@ -62,23 +62,25 @@ long PeakOfMemory() {
     return -1;
 }
 
-TEST(Bitmap, ADrawingIsSharpAtEveryScaleInTheToneOfTexts) {
+TEST(Bitmap, ADrawingIsSharpAtEveryScaleAndAnIconInTheToneOfTexts) {
     Tests::TemporaryDirectory const directory;
     std::string const path = directory.GetPath() + "/bar.svg";
-    std::ofstream(path)
-        << R"(<svg xmlns="http://www.w3.org/2000/svg" width="8" height="8"><path d="M2.5 0h1v8h-1z"/></svg>)";
     Bitmap_PC bitmap;
-    ASSERT_TRUE(bitmap.Load(File(path)));
-    EXPECT_EQ(bitmap.GetWidth(), 8U);
-    QImage target(16, 16, QImage::Format_RGB32);
-    target.setDevicePixelRatio(2);
-    target.fill(Qt::white);
-    QPainter painter(&target);
-    bitmap.DrawInTone(0, 0, painter, QColor(0, 0, 200));
-    painter.end();
-    // From 5 to 7 at twice the size: no pixel is half covered.
-    for (int x = 0; x < 16; ++x)
-        EXPECT_EQ(target.pixel(x, 8), x == 5 || x == 6 ? qRgb(0, 0, 200) : qRgb(255, 255, 255)) << x;
+    for (auto const& [color, drawn] : {std::pair("#000", qRgb(0, 0, 200)), {"#a00", qRgb(170, 0, 0)}}) {
+        std::ofstream(path) << R"(<svg xmlns="http://www.w3.org/2000/svg" width="8" height="8" fill=")"
+                            << color << R"("><path d="M2.5 0h1v8h-1z"/></svg>)";
+        ASSERT_TRUE(bitmap.Load(File(path)));
+        EXPECT_EQ(bitmap.GetWidth(), 8U);
+        QImage target(16, 16, QImage::Format_RGB32);
+        target.setDevicePixelRatio(2);
+        target.fill(Qt::white);
+        QPainter painter(&target);
+        bitmap.DrawInTone(0, 0, painter, QColor(0, 0, 200));
+        painter.end();
+        // From 5 to 7 at twice the size: no pixel is half covered.
+        for (int x = 0; x < 16; ++x)
+            EXPECT_EQ(target.pixel(x, 8), x == 5 || x == 6 ? drawn : qRgb(255, 255, 255)) << x;
+    }
     EXPECT_FALSE(bitmap.Load(Picture("no-such.svg")));
 }
 

@@ -3,6 +3,7 @@
 #include "Diagnostics/String.h"
 #include "core/base/String.h"
 #include "core/component/Component.h"
+#include "gui/elements/application/ElementRendering.h"
 #include "gui/elements/application/Menu.h"
 
 #include <cstdint>
@@ -57,12 +58,18 @@ public:
     /// Lets everything that waits to be laid out and painted do so, then writes the window's picture.
     /// The format is told by the file's extension. False if the file can't be written.
     virtual bool SaveWindowPicture(GUIElement& window, Utilities::String const& fileName) = 0;
-    /// Draws an element with all panes below it into a picture or, with the extension "pdf", on a page of
-    /// lines, figures and texts. The element keeps its layout and is scaled as a whole: `width` is that of
-    /// the picture in pixels, or of the page in points (1/72 inch); 0 is the element's own. Pictures are
-    /// marked as sRGB. Controls of the platform are left out. False if it can't be drawn or written.
+    /// The bytes of a file that shows the element; empty if it can't be drawn. The element's numbers are
+    /// what `NumberTableOf` gives.
+    virtual std::string RenderElement(GUIElement& element, ElementRendering const& rendering) = 0;
+    /// The same into a file, whose extension tells the format. False if it can't be drawn or written; nothing
+    /// of a file is left behind then.
     virtual bool SaveElementPicture(GUIElement& element, Utilities::String const& fileName,
-                                    unsigned long width) = 0;
+                                    ElementRendering const& rendering) = 0;
+    /// On a page of A4, as large as its margins of 15 mm allow, upright or across: onto the printer of that
+    /// name, the system's own for an empty one, or into a file whose name ends in ".pdf". False if it can't
+    /// be printed. The theme is "Report" unless another one is asked for; format and width play no part.
+    virtual bool PrintElement(GUIElement& element, Utilities::String const& printer,
+                              ElementRendering const& rendering) = 0;
 };
 
 } // namespace GUI

@@ -3,6 +3,7 @@
 #include "Diagnostics/Sink.h"
 #include "Utilities/LanguageServiceInterface.h"
 #include "gui/elements/Topics.h"
+#include "gui/elements/application/Application.h"
 
 namespace GUI {
 
@@ -19,7 +20,9 @@ constexpr Attribute commandKey{
     "Command", AttributeType::Number, "0", "Number of the command; 0 for a free one", false, {0, 65535}};
 constexpr Attribute itemName{"ElementName", AttributeType::ElementName, "",
                              "Name under which the data source answers for the item"};
-constexpr Attribute itemAttributes[] = {itemName, captionKey, hotKeyKey, commandKey};
+constexpr Attribute handlerKey{"Handler", AttributeType::Text, "",
+                               "Registered component that answers for the item, in place of the data source"};
+constexpr Attribute itemAttributes[] = {itemName, captionKey, hotKeyKey, commandKey, handlerKey};
 
 constexpr char const* separator = "Separator";
 
@@ -85,7 +88,7 @@ void Menu::AddItems(DescriptionTree const& description, Items& level) {
         } else {
             static_cast<MenuItem&>(*item) = MenuItem(reader.Text(captionKey), reader.Text(hotKeyKey),
                                                      reader.Long(commandKey), onItem_.Get());
-            item->SetSource(reader.Text(itemName), reader.Text(captionKey));
+            item->SetSource(reader.Text(itemName), reader.Text(captionKey), reader.Text(handlerKey));
         }
         level.AddChild(item);
         AddItems(child, *item);
@@ -115,17 +118,23 @@ MenuItem* Menu::FindItem(long wanted) const {
     return item.Get();
 }
 
+DialogDataSource* Menu::FindSource(MenuItem const& item) const {
+    if (item.GetHandler().Length() == 0) return GetDataSource();
+    return dynamic_cast<DialogDataSource*>(Application::Instance().GetRegisteredComponent(item.GetHandler()));
+}
+
 Anything Menu::AskForItem(MenuItem const& item, char const* key) {
-    if (item.GetName().Length() == 0 || !GetDataSource()) return {};
+    DialogDataSource* const source = FindSource(item);
+    if (item.GetName().Length() == 0 || !source) return {};
     CallScope const call(*this);
-    return GetDataSource()->GetValue(item.GetName(), key);
+    return source->GetValue(item.GetName(), key);
 }
 
 bool Menu::IsMenuItemEnabled(long wanted) {
     CallScope const call(*this);
     auto const kept = items_;
     MenuItem const* const item = FindItem(wanted);
-    if (!item) return false;
+    if (!item || (item->GetHandler().Length() != 0 && !FindSource(*item))) return false;
     try {
         Anything const enabled = AskForItem(*item, Values::itemEnabled);
         return call.IsAttached() && (enabled.IsValid() ? enabled.GetBool() : item->IsEnabled());
@@ -171,7 +180,10 @@ bool Menu::ExecuteCommand(unsigned short wanted) {
     if (!item) return false;
     Anything argument;
     if (item->GetName().Length() != 0) argument = item->GetName();
-    item->Execute(argument);
+    if (item->GetHandler().Length() == 0)
+        item->Execute(argument);
+    else if (DialogDataSource* const source = FindSource(*item))
+        source->GetCallback(item->GetName(), Events::click).Execute(argument);
     return true;
 }
 

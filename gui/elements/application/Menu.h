@@ -25,7 +25,8 @@ namespace GUI {
 /// menu that holds it opens, and before its hot key acts: "ItemEnabled" (bool; else enabled), "State" (bool;
 /// whether it is checked, no check mark without an answer), "Caption" (string, shown as it is, in place of
 /// the translated attribute). A question that fails disables the item. The callback "OnClick" of that name
-/// runs with the name.
+/// runs with the name. An item with "Handler" (none) asks that component instead, which the application has
+/// registered and which is a `DialogDataSource`; while there is none of that name, the item is disabled.
 ///
 /// Further menus of a window are context menus, and all with "Popup" (No) are. A pane names one by its
 /// attribute "ContextMenu"; a pane that names none takes that of the pane it is in. The right mouse button
@@ -72,6 +73,7 @@ protected:
 private:
     MenuItem* FindItem(long command) const;
     bool IsItem(Items const& item) const;
+    DialogDataSource* FindSource(MenuItem const& item) const;
     Utilities::Anything AskForItem(MenuItem const& item, char const* key);
     void AddItems(DescriptionTree const& description, Items& level);
     long OnItem(Utilities::Anything const& name);

@@ -29,10 +29,14 @@ public:
     /// empty for an item that a program has made.
     Utilities::String const& GetName() const { return name_; }
     Utilities::String const& GetCaptionKey() const { return captionKey_; }
-    void SetSource(Utilities::String const& name, Utilities::String const& captionKey) {
+    void SetSource(Utilities::String const& name, Utilities::String const& captionKey,
+                   Utilities::String const& handler = {}) {
         name_ = name;
         captionKey_ = captionKey;
+        handler_ = handler;
     }
+    /// The registered component that answers in place of the menu's data source; empty for none.
+    Utilities::String const& GetHandler() const { return handler_; }
 
     /// The item of that command anywhere in the tree, null if there is none.
     static MenuItem* FindMenuItem(Utilities::Tree<MenuItem>& items, long command);
@@ -45,6 +49,7 @@ private:
     bool enabled_ = true;
     Utilities::String name_;
     Utilities::String captionKey_;
+    Utilities::String handler_;
 };
 
 } // namespace GUI

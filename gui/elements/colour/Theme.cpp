@@ -16,6 +16,7 @@ struct Row {
 };
 
 constexpr std::string_view themeNames[] = {"Light", "Dark", "Report", "Line"};
+constexpr std::size_t reportTheme = 2;
 
 /// In the order of `ThemeRole`. Texts keep a contrast of 4.5 to 1 to what is behind them, outlines 3 to 1.
 constexpr Row rows[] = {
@@ -70,7 +71,7 @@ std::optional<Theme> Theme::Find(String const& name) {
     return Theme(static_cast<std::size_t>(found - std::begin(themeNames)));
 }
 
-Theme::Theme(std::size_t index) : name_(std::string(themeNames[index])) {
+Theme::Theme(std::size_t index) : name_(std::string(themeNames[index])), wideLines_(index == reportTheme) {
     std::transform(std::begin(rows), std::end(rows), colors_.begin(),
                    [index](Row const& row) { return ToColor(row.colors[index]); });
 }

@@ -25,6 +25,8 @@ public:
     RGBVector const& Resolve(RGBVector const& color) const {
         return color.GetRole() == ThemeRole::None ? color : Get(color.GetRole());
     }
+    /// Whether lines are drawn wider than on a screen, as "Report" has them.
+    bool HasWideLines() const { return wideLines_; }
     /// What is around measured colours, in place of the theme's own.
     void SetSurround(RGBVector const& color) {
         colors_[static_cast<std::size_t>(ThemeRole::Surround)] = color;
@@ -37,6 +39,7 @@ private:
 
     Utilities::String name_;
     std::array<RGBVector, themeRoleCount> colors_;
+    bool wideLines_ = false;
 };
 
 /// The colour of a role where there may be no theme: that of "Light" then.

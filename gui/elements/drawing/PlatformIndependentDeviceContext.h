@@ -111,6 +111,10 @@ public:
 protected:
     /// The colour as it is drawn.
     RGBVector const& Resolve(RGBVector const& color) const { return theme_ ? theme_->Resolve(color) : color; }
+    /// The width that solid lines of a pen have: on paper they are half as wide again.
+    long StrokeWidth(long width, long style) const {
+        return theme_ && theme_->HasWideLines() && style == solid ? width + (width + 1) / 2 : width;
+    }
 
 private:
     Theme const* theme_ = nullptr;

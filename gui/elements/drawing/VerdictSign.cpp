@@ -79,6 +79,19 @@ void DrawRing(Context& context, RGBVector const& color, UnitSquare const& square
 
 } // namespace
 
+char const* WordOf(VerdictKind kind) {
+    switch (kind) {
+    case VerdictKind::Pass:
+        return "PASS";
+    case VerdictKind::Marginal:
+        return "MARGINAL";
+    case VerdictKind::Fail:
+        return "FAIL";
+    default:
+        return "NO DATA";
+    }
+}
+
 std::optional<VerdictKind> FindVerdict(String const& name) {
     auto const* const found =
         std::find(std::begin(names), std::end(names), std::string_view(name.GetStdString()));

@@ -12,6 +12,9 @@ enum class VerdictKind : std::uint8_t { NoData, Pass, Marginal, Fail };
 /// "Pass", "Marginal", "Fail" or "NoData"; none for another text.
 std::optional<VerdictKind> FindVerdict(Utilities::String const& name);
 
+/// "PASS" and so on: a key of the language service.
+char const* WordOf(VerdictKind kind);
+
 /// The colours of a verdict in a theme, and those where a sign may have no colour of its own.
 struct VerdictTones {
     RGBVector body;

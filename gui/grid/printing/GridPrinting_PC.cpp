@@ -1,64 +1,51 @@
 #include "gui/grid/printing/GridPrinting_PC.h"
 
-#include "gui/platform/PlatformIndependentDeviceContext_PC.h"
-#include "gui/platform/TextConversion_PC.h"
+#include "gui/platform/PagePrinter_PC.h"
 
-#include <QPagedPaintDevice>
-#include <QPainter>
-#include <QPdfWriter>
-#include <QSaveFile>
+#include <optional>
 
 namespace GUI {
 
 namespace {
 
-constexpr int dotsAnInch = 96;
-constexpr double marginMillimetres = 15;
+class GridPrinting : public PagedDrawing {
+public:
+    explicit GridPrinting(GridPrintJob const& job) : job_(job) {}
+
+    std::size_t LayOut(PlatformIndependentDeviceContext& /*context*/, long width, long height) override {
+        layout_.emplace(job_.core, job_.frozenRows, job_.frozenColumns, width, height, job_.options);
+        return layout_->GetPages().size();
+    }
+    double GetScale() const override { return layout_->GetScale(); }
+    bool Prepare(std::size_t page) override {
+        GridRange const& cells = layout_->GetPages()[page].cells;
+        return !job_.prepare || job_.prepare(cells.top, cells.bottom);
+    }
+    void Paint(PlatformIndependentDeviceContext& context, std::size_t page) override {
+        GridDrawing drawing(context, colors_, job_.decimalSign, fonts_);
+        layout_->Paint(drawing, page);
+    }
+
+private:
+    GridPrintJob const& job_;
+    std::optional<GridPrintLayout> layout_;
+    // What the screen tints stands on white paper.
+    GridColors colors_;
+    GridFonts fonts_;
+};
 
 } // namespace
 
 bool PrintGrid(QPagedPaintDevice& device, GridPrintJob const& job) {
-    QPainter painter;
-    if (!painter.begin(&device)) return false;
-    QRectF const page = device.pageLayout().paintRect(QPageLayout::Inch);
-    GridPrintLayout const layout(job.core, job.frozenRows, job.frozenColumns,
-                                 static_cast<long>(page.width() * dotsAnInch),
-                                 static_cast<long>(page.height() * dotsAnInch), job.options);
-    double const dots = static_cast<double>(device.logicalDpiX()) / dotsAnInch;
-    // What the screen tints stands on white paper.
-    GridColors colors;
-    GridFonts fonts;
-    for (std::size_t i = 0; i < layout.GetPages().size(); ++i) {
-        GridRange const& cells = layout.GetPages()[i].cells;
-        if (job.prepare && !job.prepare(cells.top, cells.bottom)) return false;
-        if (i > 0 && !device.newPage()) return false;
-        painter.save();
-        painter.scale(dots * layout.GetScale(), dots * layout.GetScale());
-        {
-            constexpr int farthest = 32000;
-            PlatformIndependentDeviceContext_PC context(painter,
-                                                        {QPoint(), QRect(-10, -10, farthest, farthest)});
-            GridDrawing drawing(context, colors, job.decimalSign, fonts);
-            layout.Paint(drawing, i);
-        }
-        painter.restore();
-    }
-    return painter.end();
+    GridPrinting printing(job);
+    return PrintPages(device, printing) != 0;
 }
 
 bool PrintGridToPdf(Utilities::String const& file, bool landscape, GridPrintJob const& job) {
-    QSaveFile target(ToPlatformText(file));
-    if (!target.open(QIODevice::WriteOnly)) return false;
-    {
-        QPdfWriter writer(&target);
-        writer.setResolution(dotsAnInch);
-        writer.setPageLayout(
-            {QPageSize(QPageSize::A4), landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
-             QMarginsF(marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres),
-             QPageLayout::Millimeter});
-        if (!PrintGrid(writer, job)) return false;
-    }
-    return target.commit();
+    GridPrinting printing(job);
+    Paper paper;
+    paper.isLandscape = landscape;
+    return PrintPagesToPdf(file, paper, printing) != 0;
 }
 
 } // namespace GUI

@@ -154,4 +154,38 @@ TEST_F(BarGraphTest, TellsOfTheBarUnderThePoint) {
     EXPECT_EQ(Get().GetToolTipText(70, 3).GetStdString(), "");
 }
 
+TEST_F(BarGraphTest, SaysInWordsAndSignsWhatEachBarCameTo) {
+    Anything::MapOfAnythings limit;
+    limit["Upper"] = 3.0;
+    limit["Warning"] = 1.5;
+    Anything::VectorOfAnythings limits(2);
+    limits[0] = limits[1] = Anything(limit);
+    Anything::VectorOfAnythings names(2);
+    names[0] = "dL";
+    names[1] = "a name that is far too long";
+    source.values[{"E", "Names"}] = Anything(names);
+    source.values[{"E", "Limits"}] = Anything(limits);
+    auto const draw = [&](double value, char const* operation) {
+        MakeBars({value, Anything()}, {{"Labels", "Yes"}, {"Left", "20"}, {"Bottom", "20"}});
+        element->SetSize(140, 120);
+        return Paint(operation);
+    };
+    using testing::Contains;
+    using testing::HasSubstr;
+    auto const texts = draw(1, "DrawText");
+    EXPECT_THAT(texts, Contains(HasSubstr("\"+1.00\"")));
+    EXPECT_THAT(texts, Contains(HasSubstr("\"\u2013\""))) << "a missing value";
+    EXPECT_THAT(texts, Contains(HasSubstr("\"dL\"")));
+    EXPECT_THAT(texts, Contains(HasSubstr("\u2026\""))) << "a long name is cut off";
+    // Disc, triangle and square are signs of their own; within there is none.
+    std::size_t const within = draw(1, "FillPolygon").size();
+    std::size_t const warning = draw(-2, "FillPolygon").size();
+    std::size_t const beyond = draw(4, "FillPolygon").size();
+    EXPECT_EQ(within, 0U);
+    EXPECT_GT(warning, 0U);
+    EXPECT_GT(beyond, 0U);
+    EXPECT_THAT(draw(4, "SetBrush"), Contains("SetBrush 179,38,30"));
+    EXPECT_THAT(draw(50, "FillPolygon"), testing::SizeIs(testing::Ge(beyond + 6))) << "torn";
+}
+
 } // namespace

@@ -71,6 +71,28 @@ TEST_F(EditTest, TellsWhatIsTyped) {
                      "OnKillFocus(0) ");
 }
 
+TEST_F(EditTest, CommitsWhenTypingIsFinished) {
+    auto& field = Show<CNorvelianEdit>("Edit", {{"Commit", "Yes"}, {"Text", "old"}});
+    auto const told = [this] {
+        return source_.values.count({"it", "Text"}) ? source_.values[{"it", "Text"}].GetString() : String();
+    };
+    field.setFocus();
+    QTest::keyClicks(&field, "er");
+    EXPECT_EQ(told(), "");
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_EQ(field.text(), "old");
+    QTest::keyClicks(&field, "est");
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(told(), "oldest");
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    field.clearFocus();
+    EXPECT_EQ(told(), "oldes");
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    Set("Text", "new");
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(told(), "new") << "replaced while it was typed";
+}
+
 TEST_F(EditTest, ShowsWhatItsDataSourceSays) {
     auto& field = Show<CNorvelianEdit>("Edit", {{"PasswordStyle", "Yes"}, {"Bold", "No"}, {"Frame", "Yes"}});
     EXPECT_EQ(field.echoMode(), QLineEdit::Password);

@@ -162,5 +162,5 @@ TEST_P(HostileControl, MayVanishInAnyCall) {
 
 INSTANTIATE_TEST_SUITE_P(Components, HostileControl,
                          testing::Values("Button", "CheckBox", "DropDown", "Edit", "Grid", "ListBox", "Menu",
-                                         "ScrollBar", "TabbedPaneSelector"),
+                                         "PaperPressButton", "ScrollBar", "TabbedPaneSelector"),
                          [](auto const& row) { return std::string(row.param); });

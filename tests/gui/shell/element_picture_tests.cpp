@@ -2,6 +2,7 @@
 #include "tests/gui/shell/WindowFixture.h"
 
 #include <QColorSpace>
+#include <QDomDocument>
 #include <QFile>
 #include <QImage>
 
@@ -33,7 +34,7 @@ TEST_F(ElementPictures, AreDrawnInTheirOwnPixels) {
     GUI::GUIElement& chart = MakeChart();
     for (unsigned long const width : {0UL, 520UL, 130UL}) {
         std::string const path = directory_ / "chart.png";
-        ASSERT_TRUE(Platform().SaveElementPicture(chart, path, width));
+        ASSERT_TRUE(Platform().SaveElementPicture(chart, path, {"", width, ""}));
         QImage const picture(QString::fromStdString(path));
         double const scale = width == 0 ? 1 : static_cast<double>(width) / 260;
         EXPECT_EQ(picture.size(), QSize(260, 150) * scale);
@@ -48,7 +49,7 @@ TEST_F(ElementPictures, AreDrawnInTheirOwnPixels) {
 TEST_F(ElementPictures, AreLinesAndTextsOnAPage) {
     GUI::GUIElement& chart = MakeChart();
     std::string const path = directory_ / "chart.pdf";
-    ASSERT_TRUE(Platform().SaveElementPicture(chart, path, 520));
+    ASSERT_TRUE(Platform().SaveElementPicture(chart, path, {"", 520, ""}));
     QFile file(QString::fromStdString(path));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     QByteArray const page = file.readAll();
@@ -58,11 +59,37 @@ TEST_F(ElementPictures, AreLinesAndTextsOnAPage) {
     EXPECT_FALSE(page.contains("/Subtype /Image")) << "nothing is drawn as pixels";
 }
 
+TEST_F(ElementPictures, AreADrawingThatClipsEachPane) {
+    handler_.values["XYGraph.XScaleDrawLines"] = 50.0;
+    GUI::GUIElement& chart = MakeChart();
+    std::string const svg = Platform().RenderElement(chart, {"svg", 520, "Report"});
+    QDomDocument drawing;
+    ASSERT_TRUE(drawing.setContent(QString::fromStdString(svg))) << svg;
+    QDomElement const root = drawing.documentElement();
+    EXPECT_EQ(root.attribute("width"), "520");
+    EXPECT_EQ(root.attribute("viewBox"), "0 0 260 150");
+    auto const panes = root.childNodes();
+    ASSERT_EQ(panes.size(), 2) << "the chart and its graph";
+    QDomElement const graph = panes.at(1).toElement();
+    EXPECT_EQ(graph.attribute("x") + " " + graph.attribute("width"), "35 220");
+    EXPECT_EQ(graph.firstChildElement("rect").attribute("fill"), "#01c803");
+    EXPECT_EQ(graph.firstChildElement("line").attribute("stroke"), "#404040") << "the theme's axis";
+    EXPECT_EQ(graph.firstChildElement("line").attribute("stroke-width"), "8") << "of 5, wider on paper";
+    EXPECT_EQ(panes.at(0).firstChildElement("text").attribute("fill"), "#000000");
+}
+
+TEST_F(ElementPictures, FillAPage) {
+    GUI::GUIElement& chart = MakeChart();
+    std::string const path = directory_ / "page.pdf";
+    ASSERT_TRUE(Platform().PrintElement(chart, path, {}));
+    EXPECT_NE(ReadFile(path).find("/MediaBox [0 0 84"), std::string::npos) << "across";
+}
+
 TEST_F(ElementPictures, OrNothingIsLeftBehind) {
     GUI::GUIElement& chart = MakeChart();
-    EXPECT_FALSE(Platform().SaveElementPicture(chart, directory_ / "chart", 0));
-    EXPECT_FALSE(Platform().SaveElementPicture(chart, directory_ / "chart.unknown", 0));
-    EXPECT_FALSE(Platform().SaveElementPicture(chart, directory_ / "chart.png", 60000));
-    EXPECT_FALSE(Platform().SaveElementPicture(chart, directory_ / "missing/chart.png", 0));
+    EXPECT_FALSE(Platform().SaveElementPicture(chart, directory_ / "chart", {}));
+    EXPECT_FALSE(Platform().SaveElementPicture(chart, directory_ / "chart.unknown", {}));
+    EXPECT_FALSE(Platform().SaveElementPicture(chart, directory_ / "chart.png", {"", 60000, ""}));
+    EXPECT_FALSE(Platform().SaveElementPicture(chart, directory_ / "missing/chart.png", {}));
     EXPECT_FALSE(QFile::exists(QString::fromStdString(directory_ / "chart.png")));
 }

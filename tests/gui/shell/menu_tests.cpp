@@ -118,6 +118,36 @@ TEST_F(Menus, HotKeysOfTheMainWindowObeyTheSameAnswers) {
     EXPECT_EQ(clicked, Names{"Save"});
 }
 
+TEST_F(Menus, AnItemWithAHandlerAsksThatInPlaceOfTheDataSource) {
+    auto& window = Make<GUI::Window_PC>(
+        Top("Window", "Main", {},
+            {Node({{"GUIElementType", "Menu"}},
+                  {Item({{"Caption", "Edit"}},
+                        {Item({{"Caption", "Copy"}, {"ElementName", "Copy"}, {"Handler", "TestHandler"}})})}),
+             Content()}));
+    auto const isEnabled = [&window] { return Open(BarOf(window), 0).actions()[0]->isEnabled(); };
+    handler_.values["Copy.ItemEnabled"] = true;
+    Watch("Copy");
+    EXPECT_FALSE(isEnabled()) << "nobody of that name";
+    Handler other;
+    environment->app->RegisterComponent("TestHandler", &other);
+    Names asked;
+    other.SetCallback("Copy", "OnClick", Tests::MakeCallback([&asked](Anything const& name) {
+                          asked.push_back(name.GetString());
+                          return 0L;
+                      }));
+    EXPECT_TRUE(isEnabled());
+    other.values["Copy.ItemEnabled"] = false;
+    EXPECT_FALSE(isEnabled());
+    other.values["Copy.ItemEnabled"] = true;
+    BarOf(window).actions()[0]->menu()->hide();
+    Open(BarOf(window), 0).actions()[0]->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(asked, Names{"Copy"});
+    EXPECT_EQ(clicked, Names());
+    environment->app->UnregisterComponent("TestHandler");
+}
+
 TEST_F(Menus, LettersAndArrowsChooseInAnOpenMenu) {
     Watch("Save");
     Watch("Grid");

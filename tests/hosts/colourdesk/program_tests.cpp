@@ -41,6 +41,17 @@ TEST(ColourDeskProgram, WritesItsWindowsPicture) {
     EXPECT_EQ(Tests::ReadFile(directory / "out.png").substr(1, 3), "PNG");
 }
 
+TEST(ColourDeskProgram, WritesAReport) {
+    Tests::TemporaryDirectory const directory;
+    Outcome const outcome = StartProgram("--report " + (directory / "out.pdf"));
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    EXPECT_EQ(outcome.output, "");
+    std::string const written = Tests::ReadFile(directory / "out.pdf");
+    EXPECT_EQ(written.substr(0, 4), "%PDF");
+    EXPECT_NE(written.find("/Count 2"), std::string::npos) << "34 samples with charts take two pages";
+    EXPECT_EQ(StartProgram("--report " + (directory / "missing/out.pdf")).status, 1);
+}
+
 TEST(ColourDeskProgram, SaysOnceAndClearlyWhyAFileIsRefused) {
     Tests::TemporaryDirectory const directory;
     std::string const good = Tests::ReadFile(BUNDLED_FILE);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "gui/elements/PropertyContentHelper.h"
+
+#include <string_view>
+
+namespace GUI {
+
+/// The component "PropertyContentHelper", as its interface describes it.
+class PropertyContent : public PropertyContentHelper {
+public:
+    void Clear() override;
+    void AddSpectrum(Utilities::String const& path, Norvelian::Tristim::NVSpectrum const& spectrum) override;
+    void AddDouble(Utilities::String const& path, double value) override;
+    void AddBool(Utilities::String const& path, bool value) override;
+    void AddShort(Utilities::String const& path, short value) override;
+    void AddLong(Utilities::String const& path, long value) override;
+    void AddString(Utilities::String const& path, Utilities::String const& value) override;
+    void AddPath(Utilities::String const& path) override;
+    Utilities::Anything GetContent() const override { return content_; }
+    Utilities::SmartPointer<TreeViewNode> BuildTree(Utilities::Anything const& content) override;
+    void Merge(Utilities::Anything const& other) override;
+
+private:
+    using Entries = Utilities::Anything::MapOfAnythings;
+
+    void Add(std::string const& entry, Utilities::Anything const& value);
+
+    Entries content_;
+    unsigned long count_ = 0;
+};
+
+} // namespace GUI
