@@ -22,6 +22,7 @@ set(NORVELIAN_COMPONENT_SOURCES
   gui/shell/Dialog_PC.cpp
   services/information/DllInformation_PC.cpp
   gui/controls/DropDown_PC.cpp
+  gui/shell/DropHandlerImpl_PC.cpp
   gui/controls/Edit_PC.cpp
   gui/files/FileDialog_PC.cpp
   gui/controls/FixedText_PC.cpp
@@ -145,6 +146,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/grid/controls/CGXControl.cpp
   gui/grid/controls/GridDrawing.cpp
   gui/grid/edit/GridExchange.cpp
+  gui/grid/edit/GridFilter.cpp
   gui/grid/edit/GridHistory.cpp
   gui/grid/edit/GridSort.cpp
   gui/grid/model/CGXGridCore.cpp
@@ -186,7 +188,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/platform/TextConversion_PC.cpp
   gui/shell/Accelerators.cpp
   gui/platform/DragData_PC.cpp
-  gui/platform/DropData_PC.cpp
+  gui/platform/DropDataObject_PC.cpp
   gui/platform/LightWindow.cpp
   gui/shell/CNorvelianAccessible.cpp
   gui/shell/CNorvelianAdvancedControl.cpp
@@ -194,6 +196,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/shell/CNorvelianScrollArea.cpp
   gui/shell/CNorvelianSurface.cpp
   gui/shell/CNorvelianSurfaceTheme.cpp
+  gui/shell/CNorvelianSurfaceDrags.cpp
   gui/shell/CNorvelianSurfaceInput.cpp
   gui/shell/CNorvelianWnd.cpp
   gui/shell/ElementPicture_PC.cpp

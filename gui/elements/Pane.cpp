@@ -3,7 +3,7 @@
 #include "Diagnostics/Sink.h"
 #include "Utilities/NamingService.h"
 #include "gui/elements/ContextMenu.h"
-#include "gui/elements/DialogHandler.h"
+#include "gui/elements/ElementDrops.h"
 #include "gui/elements/LayoutScope.h"
 #include "gui/elements/SelectionServiceInterface.h"
 #include "gui/elements/Topics.h"
@@ -28,11 +28,6 @@ SmartPointer<SelectionServiceInterface> FindSelectionService() {
     constexpr char const* name = "SelectionService";
     if (!Utilities::NamingService::Instance()->IsRegistered(name)) return {};
     return Utilities::ResolveComponent<SelectionServiceInterface>(name);
-}
-
-DropHandlerBase* FindDropHandler(DialogDataSource* source, String const& element) {
-    auto* const observer = dynamic_cast<DialogObserver*>(source);
-    return observer ? observer->GetDropHandler(element) : nullptr;
 }
 
 } // namespace
@@ -252,15 +247,12 @@ void Pane::UpdateDeviceContext() {
 
 DropEffect Pane::OnDragOver(DropDataObject const& data, KeyState keyState, long x, long y) {
     CallScope const call(*this);
-    DropEffect effect = DropEffect::None;
-    if (DropHandlerBase* const handler = FindDropHandler(GetDataSource(), GetElementName()))
-        effect = handler->OnDragOver(data, keyState, x, y);
-    else if (auto* const dialog = dynamic_cast<DialogHandler*>(GetDataSource()))
-        effect = dialog->OnDragOver(*GetWindowID(), data, keyState, x, y);
-    else if (auto* const outer = dynamic_cast<Pane*>(GetDataSource())) {
+    ElementDrops const drops(*this, *GetWindowID());
+    if (auto* const outer = dynamic_cast<Pane*>(GetDataSource()); outer && !drops.HasTaker()) {
         auto const [left, top] = GetPlace();
         return outer->OnDragOver(data, keyState, x + left, y + top);
     }
+    DropEffect const effect = drops.OnDragOver(data, keyState, x, y);
     if (!IsAttached()) return DropEffect::None;
     SetDragMouseOver(effect == DropEffect::None ? noDrag : std::pair(x, y));
     return effect;
@@ -281,15 +273,12 @@ std::pair<long, long> Pane::GetPlace() const {
 
 bool Pane::OnDrop(DropDataObject const& data, DropEffect effect, long x, long y) {
     CallScope const call(*this);
-    bool taken = false;
-    if (DropHandlerBase* const handler = FindDropHandler(GetDataSource(), GetElementName()))
-        taken = handler->OnDrop(data, effect, x, y);
-    else if (auto* const dialog = dynamic_cast<DialogHandler*>(GetDataSource()))
-        taken = dialog->OnDrop(*GetWindowID(), data, effect, x, y);
-    else if (auto* const outer = dynamic_cast<Pane*>(GetDataSource())) {
+    ElementDrops const drops(*this, *GetWindowID());
+    if (auto* const outer = dynamic_cast<Pane*>(GetDataSource()); outer && !drops.HasTaker()) {
         auto const [left, top] = GetPlace();
         return outer->OnDrop(data, effect, x + left, y + top);
     }
+    bool const taken = drops.OnDrop(data, effect, x, y);
     if (IsAttached()) SetDragMouseOver(noDrag);
     return taken;
 }

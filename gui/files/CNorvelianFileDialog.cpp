@@ -21,10 +21,8 @@ namespace {
 
 QString Translated(char const* key) { return ToPlatformText(LanguageServiceInterface::GetTranslation(key)); }
 
-Theme const* ThemeOf(QWidget const* window) {
-    if (!window) return nullptr;
-    auto const* const surface = window->window()->findChild<CNorvelianSurface*>();
-    return surface ? surface->GetTheme() : nullptr;
+Theme const* ThemeOf(QWidget* parent) {
+    return parent ? CNorvelianSurface::Of(*parent->window()).GetTheme() : nullptr;
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDrag>
+#include <QFontMetrics>
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
@@ -24,6 +26,11 @@ QRect ToRect(GridBox const& box) {
 
 /// Without the lines behind and below.
 QRect ToFieldRect(GridBox const& box) { return ToRect({box.left, box.top, box.right - 1, box.bottom - 1}); }
+
+QFont FontOf(CGXStyle const& style) {
+    return FindFont(style.GetFontSize(), 0, style.fontName.value_or("Arial"),
+                    style.bold.value_or(false) ? PlatformIndependentDeviceContext::boldFont : 0);
+}
 
 } // namespace
 
@@ -107,9 +114,7 @@ void CNorvelianGridCtrl::SetCursor(GridCursor cursor) {
 
 void CNorvelianGridCtrl::ShowEditor(GridBox const& box, String const& text, CGXStyle const& style,
                                     bool selectAll) {
-    ShowField(ToFieldRect(box), ToPlatformText(text),
-              FindFont(style.GetFontSize(), 0, style.fontName.value_or("Arial"),
-                       style.bold.value_or(false) ? PlatformIndependentDeviceContext::boldFont : 0),
+    ShowField(ToFieldRect(box), ToPlatformText(text), FontOf(style),
               style.IsNumber() ? Qt::AlignRight : Qt::AlignLeft, selectAll);
 }
 
@@ -178,7 +183,26 @@ void CNorvelianGridCtrl::GetClipboard(std::string& text, std::string& html) cons
     QMimeData const* const mime = QApplication::clipboard()->mimeData();
     if (!mime) return;
     text = FromPlatformText(mime->text()).GetStdString();
-    html = FromPlatformText(mime->html()).GetStdString();
+    // Only asked for where there is nothing else: another program may take long to make it.
+    if (text.empty()) html = FromPlatformText(mime->html()).GetStdString();
+}
+
+long CNorvelianGridCtrl::MeasureText(String const& text, CGXStyle const& style) const {
+    return QFontMetrics(FontOf(style)).horizontalAdvance(ToShownText(text));
+}
+
+void CNorvelianGridCtrl::StartDrag(std::string const& text, std::string const& html,
+                                   std::optional<RGBVector> const& color) {
+    DragContent content;
+    content.text = String(text);
+    content.color = color;
+    if (fillDrag_) fillDrag_(content);
+    auto mime = MakeMimeData(content);
+    mime->setHtml(ToPlatformText(html));
+    // Qt deletes it once it has been dropped.
+    auto* const drag = new QDrag(this);
+    drag->setMimeData(mime.release());
+    drag->exec(Qt::CopyAction);
 }
 
 void CNorvelianGridCtrl::TellCurrentCell() { CNorvelianAccessibleGrid::TellFocus(*this); }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "gui/grid/view/CGXGridWnd.h"
+#include "gui/platform/DragData_PC.h"
 #include "gui/shell/CNorvelianScrollArea.h"
 
 #include <functional>
+#include <utility>
 
 namespace GUI {
 
@@ -13,6 +15,8 @@ public:
     explicit CNorvelianGridCtrl(QWidget* parent);
     ~CNorvelianGridCtrl() override;
 
+    /// What its element adds to what is dragged out.
+    void SetDragContent(std::function<void(DragContent&)> fill) { fillDrag_ = std::move(fill); }
     /// Runs a command as an event of the element.
     void RunCommand(std::function<void(CGXGridWnd&)> const& command);
 
@@ -39,6 +43,9 @@ protected:
     void ShowChoices(GridBox const& box, std::vector<Utilities::String> const& choices,
                      Utilities::String const& current) override;
     void SetCursor(GridCursor cursor) override;
+    long MeasureText(Utilities::String const& text, CGXStyle const& style) const override;
+    void StartDrag(std::string const& text, std::string const& html,
+                   std::optional<RGBVector> const& color) override;
     void SetClipboard(std::string const& text, std::string const& html) override;
     void GetClipboard(std::string& text, std::string& html) const override;
     void TellCurrentCell() override;
@@ -46,6 +53,8 @@ protected:
 
 private:
     bool PassKey(QKeyEvent& event);
+
+    std::function<void(DragContent&)> fillDrag_;
 };
 
 } // namespace GUI

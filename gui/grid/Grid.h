@@ -21,8 +21,9 @@ namespace GUI {
 ///
 /// An update with a map is a command by its key "Command": "Undo", "Redo", "Copy", "Cut", "Paste"; "Find"
 /// (with "Text", and "Backward" "Yes"); "Sort" (with "Order" as told under "SortOrder"); "Select" (with "Row"
-/// and "Column"); "Print" (with "File", the name of a PDF, and "FitWidth", "Landscape", "Title"). The result
-/// is 1 if it was done.
+/// and "Column"); "Filter" (with "Column" and "Text", which is looked for or, as ">=2", compared; an empty
+/// text ends the column's filter, and without a column all end); "Print" (with "File", the name of a PDF, and
+/// "FitWidth", "Landscape", "Title"). The result is 1 if it was done.
 ///
 /// Of the data source: at "Properties" "ReadOnly" (bool), "NumberOfColumns", "NumberOfFixedColumns",
 /// "NumberOfRows", "NumberOfFixedRows", "ColumnWidth", "RowHeight" (long), "ColumnStyles" (vector with a map
@@ -42,8 +43,10 @@ namespace GUI {
 /// a vector of such, and "OnValuesChanged" runs. When the current cell moves, "CurrentCell" (vector of row
 /// and column) is told and "OnSelectionChanged" runs. A button in a cell runs "OnCellClicked" with row and
 /// column, a double click on a cell that can't be edited "OnDoubleClicked". "SortOrder", a text "column" or
-/// "-column" with ";" between, is told when the user has sorted, and "OnSorted" runs. What doesn't fit or
-/// meets cells that can't be changed is not pasted at all; "OnPasteRefused" runs with its rows and columns.
+/// "-column" with ";" between, is told when the user has sorted, and "OnSorted" runs. After a filter, or one
+/// that was undone, "ShownRows" (long) is told and "OnFiltered" runs. What is dragged out has the texts of
+/// the cells, and what "DragData" gives: a map of "Text", "Files" and "Color". What doesn't fit or meets
+/// cells that can't be changed is not pasted at all; "OnPasteRefused" runs with its rows and columns.
 class Grid : public GUIElement {
 public:
     static constexpr AttributeRange sizeRange{-1, 32767};
@@ -93,6 +96,8 @@ public:
                                                  "Whether a click on a fixed row sorts by its column"};
     static constexpr Attribute mayGrowAttribute{"MayGrow", AttributeType::Flag, "No",
                                                 "Whether pasting adds the rows that are missing"};
+    static constexpr Attribute draggableAttribute{"Draggable", AttributeType::Flag, "No",
+                                                  "Whether what is selected can be dragged elsewhere"};
     static constexpr Attribute virtualAttribute{"Virtual", AttributeType::Flag, "No",
                                                 "Whether rows are asked for when they are seen"};
     static constexpr Attribute attributes[] = {numberOfColumnsAttribute,
@@ -115,6 +120,7 @@ public:
                                                selectionAttribute,
                                                sortableAttribute,
                                                mayGrowAttribute,
+                                               draggableAttribute,
                                                virtualAttribute,
                                                ControlAttributes::toolTipText,
                                                ControlAttributes::accessibleName};

@@ -46,6 +46,7 @@ bool Grid_PC::RunCommand(String const& name, AttributeMap const& arguments) {
     if (name == "Paste") return grid->Paste(), true;
     if (name == "Find") return grid->Find(TextOf(arguments, "Text"), IsYes(arguments, "Backward"));
     if (name == "Sort") return grid->SortRows(ReadOrder(TextOf(arguments, "Order")));
+    if (name == "Filter") return Filter(arguments);
     if (name == "Print") return Print(arguments);
     if (name != "Select") return false;
     GridPlace const place =
@@ -54,6 +55,17 @@ bool Grid_PC::RunCommand(String const& name, AttributeMap const& arguments) {
     if (place.row < 1 || place.column < 1) return false;
     grid->SetCurrent(place);
     return true;
+}
+
+bool Grid_PC::Filter(AttributeMap const& arguments) {
+    std::vector<GridFilter> filters;
+    if (long const column = NumberOf(arguments, "Column"); column > 0) {
+        filters = GetControl()->GetFilters();
+        std::erase_if(filters, [column](GridFilter const& filter) { return filter.column == column; });
+        if (String const text = TextOf(arguments, "Text"); text.Length() != 0)
+            filters.push_back({column, text});
+    }
+    return GetControl()->FilterRows(filters);
 }
 
 bool Grid_PC::Print(AttributeMap const& arguments) {

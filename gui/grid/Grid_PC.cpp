@@ -46,6 +46,8 @@ void Grid_PC::Initialize(PlatformIndependentWindowID const& parent, DescriptionT
     grid.SetSortable(reader.Flag(sortableAttribute));
     grid.SetSelectsRows(reader.Text(selectionAttribute) == "Rows");
     grid.SetMayGrow(reader.Flag(mayGrowAttribute));
+    grid.SetDraggable(reader.Flag(draggableAttribute));
+    grid.SetDragContent([this](DragContent& content) { content.Merge(GetValue("DragData")); });
     grid.SetDecimalSign(GetDecimalSign());
     if (reader.HasColour(headerBackgroundAttribute))
         headerBackground_ = reader.Colour(headerBackgroundAttribute);
@@ -58,6 +60,7 @@ void Grid_PC::Initialize(PlatformIndependentWindowID const& parent, DescriptionT
 void Grid_PC::OnDetach() {
     if (auto* const grid = GetControl()) {
         grid->SetObserver(nullptr);
+        grid->SetDragContent({});
         grid->SetElement(nullptr);
     }
     NativeElement::OnDetach();
@@ -279,6 +282,15 @@ void Grid_PC::OnSorted() {
     TellValue("SortOrder", String(order));
     Fire("OnSorted", String(order));
     if (IsAttached() && virtual_) UpdateRows({});
+}
+
+void Grid_PC::OnFiltered() {
+    long shown = 0;
+    GridAxis const& heights = GetControl()->GetCore().GetHeights();
+    for (long row = GetControl()->GetFrozenRows() + 1; row <= GetControl()->GetRowCount(); ++row)
+        if (!heights.IsHidden(row)) ++shown;
+    TellValue("ShownRows", shown);
+    Fire("OnFiltered", shown);
 }
 
 void Grid_PC::OnPasteRefused(long rows, long columns) { Fire("OnPasteRefused", VectorOf({rows, columns})); }

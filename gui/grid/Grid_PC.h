@@ -53,9 +53,11 @@ private:
     void OnCellPressed(GridPlace const& place) override;
     void OnDoubleClicked(GridPlace const& place) override;
     void OnSorted() override;
+    void OnFiltered() override;
     void OnPasteRefused(long rows, long columns) override;
     void OnRowsShown(long first, long last) override;
 
+    bool Filter(AttributeMap const& arguments);
     bool Print(AttributeMap const& arguments);
     void ApplyStyles();
     void ApplyHeaders();

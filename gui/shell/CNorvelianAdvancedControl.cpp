@@ -1,12 +1,14 @@
 #include "gui/shell/CNorvelianAdvancedControl.h"
 
 #include "Diagnostics/Sink.h"
+#include "gui/elements/ElementDrops.h"
 #include "gui/elements/Pane.h"
 #include "gui/elements/Topics.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 #include "gui/shell/AdvancedControlImpl_PC.h"
 #include "gui/shell/CNorvelianAccessible.h"
+#include "gui/shell/DropHandlerImpl_PC.h"
 #include "gui/shell/Menu_PC.h"
 
 #include <QAccessible>
@@ -264,6 +266,25 @@ void CNorvelianAdvancedControl::OnDragLeave() {
 bool CNorvelianAdvancedControl::OnDrop(DropDataObject const& data, DropEffect effect, QPoint const& place) {
     return Guarded("CNorvelianAdvancedControl: drop",
                    [&] { return impl_->OnDrop(data, effect, place.x(), place.y()); });
+}
+
+bool CNorvelianAdvancedControl::HasDropHandler() {
+    return Guarded("CNorvelianAdvancedControl: drop handler", [&] {
+        Pane* const pane = impl_->GetPane();
+        return pane && pane->IsAttached() && ElementDrops(*pane, *pane->GetWindowID()).HasHandler();
+    });
+}
+
+bool CNorvelianAdvancedControl::DragOut() {
+    return Guarded("CNorvelianAdvancedControl: drag out", [&] {
+        Pane* const pane = impl_->GetPane();
+        if (!pane || !pane->GetDataSource()) return false;
+        CallScope const call(*pane);
+        auto const content = pane->GetDataSource()->GetValue(pane->GetElementName(), "DragData");
+        if (!pane->IsAttached() || DropHandlerImpl_PC::Read(*pane, content).IsEmpty()) return false;
+        DropHandlerImpl_PC().Drag(*pane, content);
+        return true;
+    });
 }
 
 } // namespace GUI

@@ -77,6 +77,11 @@ public:
     DropEffect OnDragOver(DropDataObject const& data, bool controlKey, QPoint const& place);
     void OnDragLeave();
     bool OnDrop(DropDataObject const& data, DropEffect effect, QPoint const& place);
+    /// Whether what is dropped here has a handler of the pane's own.
+    bool HasDropHandler();
+    /// The mouse moves on it with the button down: drags what the data source gives for it. False if that is
+    /// nothing.
+    bool DragOut();
     /// @}
 
 private:

@@ -175,6 +175,7 @@ void CNorvelianSurface::paintEvent(QPaintEvent* event) {
     PaintDecorators(region.boundingRect());
     PaintFocusMark(region.boundingRect());
     PaintFocusRing(region.boundingRect());
+    PaintDropMark(region.boundingRect());
     if (!repainting_ && !later_.empty()) QueuePaintLater();
 }
 

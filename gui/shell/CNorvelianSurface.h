@@ -150,7 +150,12 @@ private:
     bool OpenContextMenu(LightWindow const* window, QPoint const& place);
     void ShowToolTip();
     void ShowDragCursor(bool dragable);
+    /// Begins to drag what was pressed, once the mouse has moved far enough.
+    bool DragsOut(QMouseEvent const& event);
     void LeaveDrag();
+    /// Shows where what is dragged would be dropped; nothing for an empty box.
+    void SetDropMark(QRect const& mark);
+    void PaintDropMark(QRect const& rect);
 
     LightWindowTree tree_;
     std::optional<Theme> theme_;
@@ -179,6 +184,9 @@ private:
     WeakControl pressed_;
     WeakControl captured_;
     WeakControl draggedOver_;
+    QRect dropMark_;
+    /// Where the button went down on what may be dragged; none for a button that isn't down.
+    std::optional<QPoint> pressedAt_;
     QBasicTimer toolTipTimer_;
     QPoint mouse_;
 };

@@ -1,6 +1,5 @@
 // What the user does on a surface: mouse, keyboard focus, tool tips, drags.
 #include "gui/elements/application/Application.h"
-#include "gui/platform/DropData_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 #include "gui/shell/CNorvelianAdvancedControl.h"
 #include "gui/shell/CNorvelianSurface.h"
@@ -8,7 +7,6 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QDragMoveEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimerEvent>
@@ -77,17 +75,6 @@ bool IsMenuKey(QKeyEvent const& event) {
            (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
 }
 
-Qt::DropAction ToAction(DropEffect effect) {
-    switch (effect) {
-    case DropEffect::Copy:
-        return Qt::CopyAction;
-    case DropEffect::Move:
-        return Qt::MoveAction;
-    default:
-        return Qt::IgnoreAction;
-    }
-}
-
 } // namespace
 
 CNorvelianSurface::Control CNorvelianSurface::ControlOf(LightWindow const* window) {
@@ -143,6 +130,7 @@ void CNorvelianSurface::mouseMoveEvent(QMouseEvent* event) {
     mouse_ = event->position().toPoint();
     // A popup or another window may have swallowed the release.
     if (event->buttons() == Qt::NoButton) pressed_.reset();
+    if (DragsOut(*event)) return;
     Control const target = FindTarget(mouse_);
     EnterPane(target);
     if (!target || !target->IsAttached()) return event->ignore();
@@ -162,6 +150,7 @@ void CNorvelianSurface::mousePressEvent(QMouseEvent* event) {
     Control const target = FindTarget(mouse_);
     if (!target) return event->ignore();
     pressed_ = target;
+    pressedAt_ = mouse_;
     RepaintFocusMark();
     focusByKey_ = false;
     // The pane's own way to take the focus would tell of the selection too, once more.
@@ -173,7 +162,10 @@ void CNorvelianSurface::mousePressEvent(QMouseEvent* event) {
 void CNorvelianSurface::mouseReleaseEvent(QMouseEvent* event) {
     mouse_ = event->position().toPoint();
     Control const target = FindTarget(mouse_);
-    if (event->button() == Qt::LeftButton) pressed_.reset();
+    if (event->button() == Qt::LeftButton) {
+        pressed_.reset();
+        pressedAt_.reset();
+    }
     bool const consumed =
         event->button() == Qt::LeftButton && target && target->OnLeftButtonUp(target->FromSurface(mouse_));
     if (!consumed) event->ignore();
@@ -387,46 +379,6 @@ void CNorvelianSurface::contextMenuEvent(QContextMenuEvent* event) {
     // Some platforms tell of the key so, others only send the key.
     if (event->reason() == QContextMenuEvent::Keyboard) return event->accept();
     event->setAccepted(OpenContextMenu(tree_.FindAt(event->pos().x(), event->pos().y()), event->pos()));
-}
-
-// ------------------------------------------------------------------ drags
-
-void CNorvelianSurface::dragEnterEvent(QDragEnterEvent* event) { event->acceptProposedAction(); }
-
-void CNorvelianSurface::dragMoveEvent(QDragMoveEvent* event) {
-    QPoint const place = event->position().toPoint();
-    Control const target = ControlOf(tree_.FindAt(place.x(), place.y()));
-    if (target != draggedOver_.lock()) LeaveDrag();
-    DropEffect effect = DropEffect::None;
-    if (target) {
-        draggedOver_ = target;
-        effect =
-            target->OnDragOver(DropData(*event->mimeData()), event->modifiers().testFlag(Qt::ControlModifier),
-                               target->FromSurface(place));
-    }
-    if (effect == DropEffect::None) return event->ignore();
-    event->setDropAction(ToAction(effect));
-    event->accept();
-}
-
-void CNorvelianSurface::LeaveDrag() {
-    Control const former = draggedOver_.lock();
-    draggedOver_.reset();
-    if (former) former->OnDragLeave();
-}
-
-void CNorvelianSurface::dragLeaveEvent(QDragLeaveEvent* /*event*/) { LeaveDrag(); }
-
-void CNorvelianSurface::dropEvent(QDropEvent* event) {
-    QPoint const place = event->position().toPoint();
-    Control const target = ControlOf(tree_.FindAt(place.x(), place.y()));
-    if (target != draggedOver_.lock()) LeaveDrag();
-    draggedOver_.reset();
-    DropEffect const effect = event->dropAction() == Qt::MoveAction ? DropEffect::Move : DropEffect::Copy;
-    if (target && target->OnDrop(DropData(*event->mimeData()), effect, target->FromSurface(place)))
-        event->accept();
-    else
-        event->ignore();
 }
 
 } // namespace GUI

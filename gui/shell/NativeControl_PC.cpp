@@ -172,4 +172,29 @@ bool NativeControl::eventFilter(QObject* /*watched*/, QEvent* event) {
     return false;
 }
 
+// ------------------------------------------------------------------ drags
+
+DropEffect NativeControl::OnDragOver(DropDataObject const& data, KeyState keyState, QPoint const& place) {
+    DropEffect effect = DropEffect::None;
+    auto const* const window = element_.GetParentWindowID();
+    if (window)
+        RunGuardedEvent(element_, [&] {
+            effect = ElementDrops(element_, *window).OnDragOver(data, keyState, place.x(), place.y());
+            return true;
+        });
+    return effect;
+}
+
+bool NativeControl::OnDrop(DropDataObject const& data, DropEffect effect, QPoint const& place) {
+    auto const* const window = element_.GetParentWindowID();
+    return window && RunGuardedEvent(element_, [&] {
+               return ElementDrops(element_, *window).OnDrop(data, effect, place.x(), place.y());
+           });
+}
+
+bool NativeControl::HasDropHandler() const {
+    auto const* const window = element_.GetParentWindowID();
+    return window && ElementDrops(element_, *window).HasHandler();
+}
+
 } // namespace GUI

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/base/Exceptions.h"
+#include "gui/elements/ElementDrops.h"
 #include "gui/elements/GUIElement.h"
 #include "gui/elements/colour/RGBVector.h"
 #include "gui/platform/LightWindow.h"
@@ -79,6 +80,12 @@ public:
     void Release();
 
     void OnPlaced(PixelBox const& box, PixelBox const& visible) override;
+
+    /// Something is dragged over the control that it has no use for itself, or dropped on it: `place` is in
+    /// it.
+    DropEffect OnDragOver(DropDataObject const& data, KeyState keyState, QPoint const& place);
+    bool OnDrop(DropDataObject const& data, DropEffect effect, QPoint const& place);
+    bool HasDropHandler() const;
 
 private:
     struct Place {

@@ -1,7 +1,7 @@
 #include "gui/tree/CNorvelianTreeCtrl.h"
 
 #include "gui/grid/GridKeys_PC.h"
-#include "gui/platform/DropData_PC.h"
+#include "gui/platform/DropDataObject_PC.h"
 #include "gui/platform/Fonts_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 #include "gui/tree/CNorvelianAccessibleTree.h"
@@ -235,8 +235,9 @@ void CNorvelianTreeCtrl::OnDropped(QDropEvent& event) {
     auto const target = GetDropMark();
     OnDragLeave();
     if (!target) return event.ignore();
-    bool const taken = IsOwnDrag(event) ? MoveSelected(*target)
-                                        : drags_.take && drags_.take(DropData(*event.mimeData()), *target);
+    bool const taken = IsOwnDrag(event)
+                           ? MoveSelected(*target)
+                           : drags_.take && drags_.take(DropDataObject_PC(*event.mimeData()), *target);
     event.setAccepted(taken);
 }
 

@@ -75,8 +75,11 @@ Anything SampleGrid::GetColumns() {
             style["Control"] = "Patch";
         else if (i + 1 == spectrum)
             style["Control"] = "Curve";
-        else if (i + 1 != name)
+        else if (i + 1 != name) {
             style["Number"] = "Yes";
+            // Of the head too.
+            style["Alignment"] = "Right";
+        }
         styles[i] = style;
     }
     return styles;

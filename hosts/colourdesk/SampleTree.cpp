@@ -71,14 +71,16 @@ Anything SampleTree::GetGroups() const {
 }
 
 Anything SampleTree::GetDragged(String const& path) const {
+    if (!(path == file)) return GetDragged(GetSample(path));
     Anything::MapOfAnythings content;
-    if (path == file) {
-        content["Files"] = VectorOf({document_.GetPath().c_str()});
-        return content;
-    }
-    long const sample = GetSample(path);
-    if (sample < 0) return {};
+    content["Files"] = VectorOf({document_.GetPath().c_str()});
+    return content;
+}
+
+Anything SampleTree::GetDragged(long sample) const {
+    if (sample < 0 || sample >= Count()) return {};
     ShownSample const& shown = document_.GetSamples()[static_cast<std::size_t>(sample)];
+    Anything::MapOfAnythings content;
     content["Text"] = (shown.name + "\t" + SampleDocument::FormatLab(shown.lab)).c_str();
     content["Color"] = shown.color.GetAnything();
     return content;

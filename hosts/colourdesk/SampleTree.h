@@ -16,6 +16,8 @@ public:
     Utilities::String GetPath(long sample) const;
     /// -1 for a node that is no sample.
     long GetSample(Utilities::String const& path) const;
+    /// A sample as it is dragged out: its name, numbers and colour.
+    Utilities::Anything GetDragged(long sample) const;
 
 private:
     long Count() const { return static_cast<long>(document_.GetSamples().size()); }

@@ -86,6 +86,7 @@ void SampleWindow::TurnPages(long pages) {
 }
 
 Anything SampleWindow::GetValue(String const& element, String const& key) {
+    if (key == "DragData") return GetDragData(element);
     // A chart is called by the title above it.
     if (element == "Spectra" && key == GUI::Values::accessibleName)
         return LanguageServiceInterface::GetTranslation("Reflectance factor over wavelength in nm");

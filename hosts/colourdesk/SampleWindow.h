@@ -121,6 +121,8 @@ private:
     /// Index of a patch's sample, -1 for a name of another form or beyond the samples.
     long SampleOfPatch(Utilities::String const& element) const;
     std::string PatchName(long sample) const;
+    /// What is dragged out of a patch or a chart.
+    Utilities::Anything GetDragData(Utilities::String const& element) const;
     static Utilities::Anything GetNumber(Utilities::String const& element, std::array<double, 3> const& lab);
     /// "Sample 5 of 34".
     std::string PositionText() const;

@@ -34,6 +34,18 @@ void SampleWindow::UpdateGrid() {
     ExecuteCallback(sampleGrid, "OnUpdate", select);
 }
 
+Anything SampleWindow::GetDragData(String const& element) const {
+    if (element == "SelectedColour" || element == sampleGrid) return tree_.GetDragged(selected_);
+    if (long const sample = SampleOfPatch(element); sample >= 0) return tree_.GetDragged(sample);
+    if (!(element == "Spectra") && !(element == "LabChart")) return {};
+    Anything::VectorOfAnythings files(1);
+    files[0] = document_.GetPath().c_str();
+    Anything::MapOfAnythings content;
+    content["Picture"] = true;
+    content["Files"] = Anything(files);
+    return content;
+}
+
 void SampleWindow::TakeGridValue(String const& key, Anything const& value) {
     if (key == "SortOrder") grid_.Sort(value.GetString());
     if (!(key == "CurrentCell")) return;

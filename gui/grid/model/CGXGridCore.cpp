@@ -59,6 +59,16 @@ void CGXGridCore::SortRows(GridOrder::Lines const& lines, long first, std::vecto
     arrangement_.sortKeys = keys;
 }
 
+void CGXGridCore::FilterRows(GridOrder::Lines const& lines, long first, std::size_t shown,
+                             std::vector<GridFilter> const& filters) {
+    if (!lines.empty()) arrangement_.rows.Rearrange(first, lines);
+    // Rows that someone hid stay so as long as there is no filter.
+    if (!arrangement_.filters.empty()) arrangement_.heights.Hide(first, GetRowCount(), false);
+    arrangement_.filters = filters;
+    if (long const hidden = first + static_cast<long>(shown); hidden <= GetRowCount())
+        arrangement_.heights.Hide(hidden, GetRowCount(), true);
+}
+
 GridPlace CGXGridCore::GetPlace(Line row, Line column) const {
     return {arrangement_.rows.GetPlace(row), arrangement_.columns.GetPlace(column)};
 }
@@ -76,6 +86,8 @@ void CGXGridCore::Clear() {
     columnStyles_.clear();
     arrangement_.merged.clear();
     arrangement_.sortKeys.clear();
+    if (!arrangement_.filters.empty()) arrangement_.heights.Hide(1, GetRowCount(), false);
+    arrangement_.filters.clear();
     for (GridOrder* const order : {&arrangement_.rows, &arrangement_.columns}) {
         long const count = order->GetCount();
         *order = {};

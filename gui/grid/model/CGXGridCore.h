@@ -26,6 +26,14 @@ struct GridSortKey {
     bool operator==(GridSortKey const&) const = default;
 };
 
+/// What a column's cells must have for their rows to be shown.
+struct GridFilter {
+    long column = 1;
+    Utilities::String text;
+
+    bool operator==(GridFilter const&) const = default;
+};
+
 /// Someone outside of the table who keeps numbers of its styles.
 class GridStyleUser {
 public:
@@ -52,6 +60,8 @@ public:
         std::vector<GridRange> merged;
         /// What the rows were sorted by.
         std::vector<GridSortKey> sortKeys;
+        /// What rows are shown by; the others are the last ones, and hidden.
+        std::vector<GridFilter> filters;
     };
     static constexpr long defaultHeight = 20;
     static constexpr long defaultWidth = 80;
@@ -75,6 +85,9 @@ public:
     /// Where a cell is shown; row or column 0 if it isn't.
     GridPlace GetPlace(Line row, Line column) const;
     Arrangement const& GetArrangement() const { return arrangement_; }
+    /// The rows from `first` on in that order, of which the first `shown` are shown.
+    void FilterRows(GridOrder::Lines const& lines, long first, std::size_t shown,
+                    std::vector<GridFilter> const& filters);
     void SortRows(GridOrder::Lines const& lines, long first, std::vector<GridSortKey> const& keys);
     void SetArrangement(Arrangement arrangement) { arrangement_ = std::move(arrangement); }
     bool HasPlace(GridPlace const& place) const;

@@ -26,6 +26,7 @@ public:
     virtual void OnDoubleClicked(GridPlace const& /*place*/) {}
     /// The table was sorted.
     virtual void OnSorted() {}
+    virtual void OnFiltered() {}
     /// Nothing was pasted: so much doesn't fit, or meets cells that can't be changed.
     virtual void OnPasteRefused(long /*rows*/, long /*columns*/) {}
     /// These rows are on the screen now.
@@ -98,6 +99,8 @@ public:
     void SetSelectsRows(bool rows) { selectsRows_ = rows; }
     bool SelectsRows() const { return selectsRows_; }
     bool IsFocused() const { return focused_; }
+    /// What is selected can be dragged elsewhere.
+    void SetDraggable(bool draggable) { draggable_ = draggable; }
     /// Pasting may add rows.
     void SetMayGrow(bool grow) { mayGrow_ = grow; }
     /// Only the cells that meet the box.
@@ -139,6 +142,12 @@ public:
     /// merged cells reach over several rows.
     bool SortRows(std::vector<GridSortKey> const& keys);
     std::vector<GridSortKey> const& GetSortKeys() const { return core_.GetArrangement().sortKeys; }
+    /// Shows only rows that all filters let through, of those that aren't frozen; an empty list shows all. A
+    /// row that is changed stays until the next filter. Refused as sorting is, and where rows come by range.
+    bool FilterRows(std::vector<GridFilter> const& filters);
+    std::vector<GridFilter> const& GetFilters() const { return core_.GetArrangement().filters; }
+    /// A column becomes as wide as the cells need that are on the screen.
+    void FitCol(long column);
     /// Makes the next cell with that text the current one. Not in a table whose rows come by range.
     bool Find(Utilities::String const& text, bool backward = false);
     void HideRows(long first, long last, bool hidden);
@@ -170,6 +179,10 @@ protected:
     virtual void ShowChoices(GridBox const& box, std::vector<Utilities::String> const& choices,
                              Utilities::String const& current) = 0;
     virtual void SetCursor(GridCursor cursor) = 0;
+    virtual long MeasureText(Utilities::String const& text, CGXStyle const& style) const = 0;
+    /// Drags cells out; a colour if it is the one of a single cell.
+    virtual void StartDrag(std::string const& /*text*/, std::string const& /*html*/,
+                           std::optional<RGBVector> const& /*color*/) {}
     virtual void SetClipboard(std::string const& text, std::string const& html) = 0;
     virtual void GetClipboard(std::string& text, std::string& html) const = 0;
     /// Tells assistive technology.
@@ -179,7 +192,7 @@ protected:
     void OnChosen(Utilities::String const& text);
 
 private:
-    enum class Drag : std::uint8_t { None, Cells, Columns, Rows, ColumnEdge, RowEdge, Press, Sort };
+    enum class Drag : std::uint8_t { None, Cells, Columns, Rows, ColumnEdge, RowEdge, Press, Sort, Out };
 
     GridPlace Clamped(GridPlace const& place) const;
     /// The range to select for a cell.
@@ -203,6 +216,9 @@ private:
     void MoveCurrent(GridPlace place, bool extend);
     GridPlace FindTarget(GridKey key, bool control) const;
     void SortByClick(long column, bool add);
+    void DragOut();
+    bool ReachesOverRows() const;
+    void TellArranged(std::vector<GridSortKey> const& keys, std::vector<GridFilter> const& filters);
     bool CanChange(GridRange const& range) const;
     void PasteCells(GridTexts const& cells);
     void Rearrange(void (CGXGridCore::*change)(long, long), long at, long count);
@@ -225,12 +241,15 @@ private:
     bool sortable_ = false;
     bool selectsRows_ = false;
     bool mayGrow_ = false;
+    bool draggable_ = false;
     bool editing_ = false;
     GridPlace edited_;
     /// Where pulling the selection by keys has led; row 0 if it hasn't begun.
     GridPlace extended_{0, 0};
     Drag drag_ = Drag::None;
     GridPlace pressed_{-1, -1};
+    long pressX_ = 0;
+    long pressY_ = 0;
     bool dragModifier_ = false;
     long edge_ = 0;
     long shownFirst_ = 0;

@@ -1,4 +1,5 @@
 // What changes a table so that it can be undone.
+#include "gui/grid/edit/GridFilter.h"
 #include "gui/grid/model/GridNumber.h"
 #include "gui/grid/view/CGXGridWnd.h"
 
@@ -48,15 +49,23 @@ void CGXGridWnd::SetText(GridPlace const& place, String const& text, bool merges
 }
 
 void CGXGridWnd::Undo() {
-    std::vector<GridSortKey> const former = GetSortKeys();
+    std::vector<GridSortKey> const keys = GetSortKeys();
+    std::vector<GridFilter> const filters = GetFilters();
     ShowTouched(history_.Undo());
-    if (former != GetSortKeys() && observer_) observer_->OnSorted();
+    TellArranged(keys, filters);
 }
 
 void CGXGridWnd::Redo() {
-    std::vector<GridSortKey> const former = GetSortKeys();
+    std::vector<GridSortKey> const keys = GetSortKeys();
+    std::vector<GridFilter> const filters = GetFilters();
     ShowTouched(history_.Redo());
-    if (former != GetSortKeys() && observer_) observer_->OnSorted();
+    TellArranged(keys, filters);
+}
+
+void CGXGridWnd::TellArranged(std::vector<GridSortKey> const& keys, std::vector<GridFilter> const& filters) {
+    bool const filtered = filters != GetFilters();
+    if (keys != GetSortKeys() && observer_) observer_->OnSorted();
+    if (filtered && observer_) observer_->OnFiltered();
 }
 
 void CGXGridWnd::ShowTouched(GridHistory::Touched touched) {
@@ -180,11 +189,14 @@ void CGXGridWnd::PasteCells(GridTexts const& cells) {
 
 // ------------------------------------------------------------------ arrangement
 
+bool CGXGridWnd::ReachesOverRows() const {
+    return std::ranges::any_of(core_.GetArrangement().merged,
+                               [](GridRange const& range) { return range.GetRows() > 1; });
+}
+
 bool CGXGridWnd::SortRows(std::vector<GridSortKey> const& keys) {
     EndEditing(true);
-    bool const reaches = std::ranges::any_of(core_.GetArrangement().merged,
-                                             [](GridRange const& range) { return range.GetRows() > 1; });
-    if (reaches) return false;
+    if (ReachesOverRows()) return false;
     long const first = view_.rows.frozen + 1;
     GridOrder::Line const current = core_.GetRowLine(Clamped(selection_.GetCurrent()).row);
     history_.KeepArrangement();
@@ -192,12 +204,12 @@ bool CGXGridWnd::SortRows(std::vector<GridSortKey> const& keys) {
         // Whoever gives the rows gives them in this order from now on.
         core_.SortRows({}, first, keys);
         core_.GetRows().DropBlocks();
-    } else if (keys.empty()) {
-        GridOrder::Lines lines = SortGridRows(core_, first, {});
-        std::ranges::sort(lines);
-        core_.SortRows(lines, first, keys);
     } else {
-        core_.SortRows(SortGridRows(core_, first, keys, '.'), first, keys);
+        GridOrder::Lines lines = SortGridRows(core_, first, keys, '.');
+        if (keys.empty()) std::ranges::sort(lines);
+        std::size_t const shown = FilterGridRows(core_, lines, GetFilters());
+        core_.SortRows(lines, first, keys);
+        if (!GetFilters().empty()) core_.FilterRows({}, first, shown, std::vector(GetFilters()));
     }
     shownLast_ = -1;
     OnArranged();
@@ -208,11 +220,60 @@ bool CGXGridWnd::SortRows(std::vector<GridSortKey> const& keys) {
     return true;
 }
 
+bool CGXGridWnd::FilterRows(std::vector<GridFilter> const& filters) {
+    EndEditing(true);
+    if (virtual_ || ReachesOverRows()) return false;
+    if (filters == GetFilters() && filters.empty()) return true;
+    long const first = view_.rows.frozen + 1;
+    GridOrder::Line const current = core_.GetRowLine(Clamped(selection_.GetCurrent()).row);
+    history_.KeepArrangement();
+    // What was filtered out comes back to its place among the others.
+    GridOrder::Lines lines = SortGridRows(core_, first, {});
+    std::ranges::sort(lines);
+    core_.SortRows(lines, first, GetSortKeys());
+    lines = SortGridRows(core_, first, GetSortKeys(), '.');
+    std::size_t const shown = FilterGridRows(core_, lines, filters);
+    core_.FilterRows(lines, first, shown, filters);
+    OnArranged();
+    // The current cell goes with its row, or to the first one that is shown.
+    if (!selection_.IsEmpty()) {
+        long const row = core_.GetHeights().GetShown(core_.GetPlace(current, 0).row, -1);
+        SetCurrent({row > 0 ? row : 1, selection_.GetCurrent().column});
+    }
+    if (observer_) observer_->OnFiltered();
+    return true;
+}
+
 bool CGXGridWnd::Find(String const& text, bool backward) {
     if (virtual_) return false;
     GridRange const found = FindGridText(core_, text, Clamped(selection_.GetCurrent()), backward);
     if (!found.IsEmpty()) SetCurrent(found.GetFirst());
     return !found.IsEmpty();
+}
+
+void CGXGridWnd::FitCol(long column) {
+    long width = 0;
+    auto const measure = [&](long row) {
+        CGXStyle const& style = core_.GetStyle({row, column});
+        GridControl const control = style.GetControl();
+        // What is drawn has no width of its own.
+        if (control == GridControl::Patch || control == GridControl::Curve || control == GridControl::Bar)
+            return;
+        String const& text = core_.GetText({row, column});
+        constexpr long arrow = 18;
+        width = std::max(
+            width, MeasureText(style.IsNumber() ? ShowGridNumber(text, decimalSign_, true) : text, style) +
+                       (control == GridControl::Choice ? arrow : 0));
+    };
+    for (long row = 1; row <= view_.rows.frozen; ++row) measure(row);
+    for (long row = view_.rows.GetFirst(); row <= view_.rows.GetLast(); ++row) measure(row);
+    if (width == 0) return;
+    history_.KeepArrangement();
+    GridAxis& widths = core_.GetWidths();
+    constexpr long margins = 2 * GridDrawing::margin + 2;
+    widths.SetSize(column, column, width + margins);
+    widths.Hide(column, column, false);
+    OnArranged();
 }
 
 void CGXGridWnd::HideRows(long first, long last, bool hidden) {

@@ -29,9 +29,18 @@ void CGXGridWnd::OnLeftButtonDown(long x, long y, GridModifiers modifiers) {
     }
     if (pressed_.row < 0) return;
     GridPlace const place = Clamped(pressed_);
+    pressX_ = x;
+    pressY_ = y;
     dragModifier_ = modifiers.control || modifiers.shift;
     if (inTop && sortable_) {
         drag_ = Drag::Sort;
+        return;
+    }
+    bool const several = selection_.GetBounds().GetRows() > 1 || selection_.GetBounds().GetColumns() > 1;
+    if (draggable_ && !inTop && !inSide && !dragModifier_ && selection_.Contains(place) &&
+        (several || core_.GetStyle(place).IsReadOnly())) {
+        // It is a click if the mouse doesn't move.
+        drag_ = Drag::Out;
         return;
     }
     GridRange range = RangeOf(place);
@@ -77,6 +86,11 @@ void CGXGridWnd::OnMouseMove(long x, long y, bool buttonDown) {
     if (drag_ == Drag::ColumnEdge) return DragEdge(x);
     if (drag_ == Drag::RowEdge) return DragEdge(y);
     if (drag_ == Drag::Press || drag_ == Drag::Sort) return;
+    if (drag_ == Drag::Out) {
+        constexpr long slack = 6;
+        if (std::abs(x - pressX_) >= slack || std::abs(y - pressY_) >= slack) DragOut();
+        return;
+    }
     // Beyond the window's edges the nearest cell counts, and comes into view.
     GridBox const window = GetWindowBox();
     GridPlace const found =
@@ -111,6 +125,13 @@ void CGXGridWnd::DragEdge(long pixel) {
 
 void CGXGridWnd::OnLeftButtonUp(long x, long y) {
     Drag const drag = std::exchange(drag_, Drag::None);
+    if (drag == Drag::Out) {
+        bool const draggable = std::exchange(draggable_, false);
+        OnLeftButtonDown(x, y, {});
+        OnLeftButtonUp(x, y);
+        draggable_ = draggable;
+        return;
+    }
     GridPlace const place = view_.GetPlaceAt(x, y);
     if (drag == Drag::Press) RepaintCell(pressed_);
     if (place.row < 0 || place != pressed_) return;
@@ -120,7 +141,23 @@ void CGXGridWnd::OnLeftButtonUp(long x, long y) {
     React(CGXControl::Of(cell.style.GetControl()).Click(cell, x, y), place);
 }
 
+void CGXGridWnd::DragOut() {
+    drag_ = Drag::None;
+    GridRange const range = selection_.GetBounds();
+    GridTexts cells;
+    if (!CollectCells(range, cells)) return;
+    GridPlace const first = range.GetFirst();
+    bool const isPatch = range.GetRows() == 1 && range.GetColumns() == 1 &&
+                         core_.GetStyle(first).GetControl() == GridControl::Patch;
+    StartDrag(WriteGridText(cells), WriteGridHtml(cells),
+              isPatch ? ReadGridColor(core_.GetText(first)) : std::nullopt);
+}
+
 void CGXGridWnd::OnDoubleClick(long x, long y) {
+    if (enabled_ && y < view_.rows.GetFrozenEnd()) {
+        long const edge = GridViewport::FindEdge(view_.columns, core_.GetWidths(), x);
+        if (edge > 0) return FitCol(edge);
+    }
     GridPlace const place = view_.GetPlaceAt(x, y);
     if (!enabled_ || place.row < 1 || place.column < 1) return;
     // Two quick clicks are two clicks where each of them does something.

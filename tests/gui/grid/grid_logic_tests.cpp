@@ -72,6 +72,10 @@ protected:
     void HideEditor() override {}
     void ShowChoices(GridBox const&, std::vector<String> const&, String const&) override {}
     void SetCursor(GridCursor) override {}
+    long MeasureText(String const& text, CGXStyle const&) const override { return 7 * text.Length(); }
+    void StartDrag(std::string const& text, std::string const&, std::optional<RGBVector> const&) override {
+        asked += "drag " + text;
+    }
     void SetClipboard(std::string const& text, std::string const&) override { clipboard = text; }
     void GetClipboard(std::string& text, std::string&) const override { text = clipboard; }
 };
@@ -476,4 +480,66 @@ TEST(GridPagesOfRows, KeepWhatWasLookedAtLast) {
     auto const surplus = pages.TakeSurplus();
     ASSERT_EQ(surplus.size(), 200 - GridPages::mostBlocks);
     EXPECT_EQ(surplus.front(), 0U);
+}
+
+TEST(GridWindow, ShowsTheRowsThatAFilterLetsThrough) {
+    Window grid(6, 2);
+    for (long row = 1; row <= 6; ++row)
+        grid.SetStyleRange(GridRange::Of({row, 2}), Window::Value(row % 2 ? "Odd" : "even"));
+    grid.SetFrozenRows(1);
+    auto const shown = [&grid] {
+        std::string text;
+        for (long row = 2; row <= 6; ++row)
+            if (!grid.GetCore().GetHeights().IsHidden(row)) text += grid.At(row, 1) + " ";
+        return text;
+    };
+    grid.SetCurrent({4, 1});
+    EXPECT_TRUE(grid.FilterRows({{2, "ODD"}}));
+    EXPECT_EQ(shown(), "31 51 ");
+    EXPECT_EQ(grid.GetSelection().GetCurrent(), (GridPlace{3, 1})) << "its row is hidden";
+    EXPECT_TRUE(grid.SortRows({{1, true}}));
+    EXPECT_EQ(shown(), "51 31 ") << "sorting leaves the filter";
+    grid.SetCurrent({2, 1});
+    grid.Select({2, 1}, {2, 1, 6, 1});
+    grid.Copy();
+    EXPECT_EQ(grid.clipboard, "51\n31\n") << "what is hidden isn't copied";
+    grid.OnTyped("9");
+    grid.typed = "99";
+    grid.EndEditing(true);
+    EXPECT_TRUE(grid.FilterRows({{1, ">=41"}}));
+    EXPECT_EQ(shown(), "99 61 41 ") << "the change went to its row, the numbers are compared";
+    grid.Undo();
+    grid.Undo();
+    EXPECT_EQ(shown(), "51 31 ");
+    grid.Undo();
+    grid.Undo();
+    EXPECT_EQ(shown(), "21 31 41 51 61 ");
+    for (int i = 0; i < 4; ++i) grid.Redo();
+    EXPECT_EQ(shown(), "99 61 41 ");
+    EXPECT_TRUE(grid.FilterRows({}));
+    EXPECT_EQ(shown(), "99 61 41 31 21 ") << "still sorted";
+}
+
+TEST(GridWindow, FitsColumnsAndDragsCellsOut) {
+    Window grid(3, 3);
+    grid.SetFrozenRows(1);
+    grid.SetStyleRange(GridRange::Of({2, 1}), Window::Value("long enough"));
+    grid.OnDoubleClick(grid.GetViewport().columns.GetEnd(1) - 1, 5);
+    EXPECT_EQ(grid.GetColWidth(1), 7 * 11 + 10);
+    grid.Undo();
+    EXPECT_EQ(grid.GetColWidth(1), 80);
+    grid.SetDraggable(true);
+    grid.Select({2, 2}, {2, 2, 3, 3});
+    grid.asked.clear();
+    auto const middle = [&grid](long row, long column) {
+        GridBox const box = grid.GetViewport().GetCellBox({row, column});
+        return std::pair(box.left + 20, box.top + 10);
+    };
+    auto const [x, y] = middle(3, 3);
+    grid.OnLeftButtonDown(x, y, {});
+    grid.OnMouseMove(x + 20, y, true);
+    EXPECT_EQ(grid.TakeAsked(), "drag 22\t23\n32\t33\n");
+    grid.OnLeftButtonDown(x, y, {});
+    grid.OnLeftButtonUp(x, y);
+    EXPECT_EQ(grid.Selected(), "3,3-3,3 ") << "without a move it is a click";
 }

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Colour Desk on a display with a window manager, worked as a user works it:
 # display_test.sh COLOURDESK SET_DISPLAY_PROFILE DRAG_SOURCE SAMPLES
-# Patches and spots are clicked and marked, a file is dragged onto the window, the window is resized below its
+# Patches and spots are clicked and marked, a file is dragged onto the window and a patch out of it, the window is resized below its
 # minimum, moved and closed, and comes back where it was. Colours follow the profile that the display names.
 # Starts a display of its own; needs Xvfb, openbox, xdotool, xprop and ImageMagick.
 set -euo pipefail
@@ -145,6 +145,24 @@ is_replaced() { is_managed && [ "$window" != "$former" ]; }
 await is_replaced || fail "a dropped file wasn't opened"
 kill "$source"
 await is_painted || fail "the window of the dropped file stayed empty"
+
+# A patch is dragged to another program, which gets its name, its numbers and its colour.
+"$drag_source" "$samples" >"$work/dropped" 2>/dev/null &
+source=$!
+await xdotool search --onlyvisible --name drag_source >/dev/null || fail "no window to drag to"
+eval "$(xdotool getwindowgeometry --shell "$(xdotool search --onlyvisible --name drag_source)" | sed 's/^/SOURCE_/')"
+xdotool mousemove --window "$window" 559 $((531 + bar)) mousedown 1
+eval "$(xdotool getmouselocation --shell | sed 's/^/FROM_/')"
+for step in 1 2 3 4 5 6 7 8; do
+  # The press has raised the window, which may cover the other one's middle.
+  xdotool mousemove $((FROM_X + (SOURCE_X + 180 - FROM_X) * step / 8)) $((FROM_Y + (SOURCE_Y + 20 - FROM_Y) * step / 8))
+  sleep 0.05
+done
+sleep 0.2
+xdotool mouseup 1
+was_dropped() { grep -q '^text=.*L\* .*color=#[0-9a-f]' "$work/dropped"; }
+await was_dropped || fail "a patch was dragged out, and there came: $(cat "$work/dropped")"
+kill "$source"
 
 xdotool windowsize "$window" 50 50
 await has_shrunk || fail "the window can't be made smaller"

@@ -7,9 +7,9 @@
 namespace GUI {
 
 /// What the platform drags, for as long as one of its events lives.
-class DropData : public DropDataObject {
+class DropDataObject_PC : public DropDataObject {
 public:
-    explicit DropData(QMimeData const& data) : data_(data) {}
+    explicit DropDataObject_PC(QMimeData const& data) : data_(data) {}
 
     bool HasFormat(Utilities::String const& format) const override;
     Utilities::Anything GetData(Utilities::String const& format) const override;

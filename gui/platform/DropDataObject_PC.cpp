@@ -1,4 +1,4 @@
-#include "gui/platform/DropData_PC.h"
+#include "gui/platform/DropDataObject_PC.h"
 
 #include "gui/elements/colour/RGBVector.h"
 #include "gui/platform/TextConversion_PC.h"
@@ -11,9 +11,11 @@ namespace GUI {
 using Utilities::Anything;
 using Utilities::String;
 
-bool DropData::HasFormat(String const& format) const { return data_.hasFormat(ToPlatformText(format)); }
+bool DropDataObject_PC::HasFormat(String const& format) const {
+    return data_.hasFormat(ToPlatformText(format));
+}
 
-Anything DropData::GetData(String const& format) const {
+Anything DropDataObject_PC::GetData(String const& format) const {
     if (!HasFormat(format)) return {};
     if (format == "text/uri-list") {
         auto const urls = data_.urls();
