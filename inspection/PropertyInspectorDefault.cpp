@@ -25,7 +25,11 @@ SmartPointer<PropertyContentHelper> MakeHelper() {
 void ShowInInspectorTree(Anything const& content) {
     auto* const tree =
         dynamic_cast<TreeHolder*>(Application::Instance().GetRegisteredComponent(inspectorTree));
-    if (tree) tree->SetRoot(MakeHelper()->BuildTree(content));
+    if (!tree) return;
+    auto const root = MakeHelper()->BuildTree(content);
+    // What is below the root is what was asked for.
+    if (!root.IsNull()) root->SetExpanded(true);
+    tree->SetRoot(root);
 }
 
 Anything MakeNoInformation() {

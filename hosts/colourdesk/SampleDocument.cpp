@@ -25,6 +25,15 @@ Tristim::NVMeasureConditions LabConditions() {
     return conditions;
 }
 
+/// What the desk opens are reflectances; who inspects a sample must not take them for light.
+void StateSpectrumType(Cxf::SampleAttribute& spectrum) {
+    namespace Key = Tristim::Vocabulary::Key;
+    Cxf::Conditions conditions = spectrum.GetConditions();
+    if (!conditions.GetAttribute(Key::SpectrumType, {}).empty()) return;
+    conditions.Assume(Key::SpectrumType, "Remission", Tristim::kLibraryDefault);
+    spectrum.SetConditions(conditions);
+}
+
 } // namespace
 
 SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRGB const& screen) {
@@ -40,6 +49,7 @@ SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRG
     for (auto const& sample : set->GetSamples()) {
         auto const attribute = sample->GetSampleAttribute("CXFSpectrum", {}, false);
         if (attribute.IsNull()) continue;
+        StateSpectrumType(*attribute);
         auto const spectrum = Cxf::Extensions::Cxf2NV(*attribute);
         auto const lab = Tristim::TristimService::GetVector(spectrum, conditions);
         ShownSample shown;

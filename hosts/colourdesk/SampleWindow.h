@@ -132,7 +132,9 @@ private:
     /// Everything that shows the selected sample's texts.
     void UpdateDetails();
     void OnTextsChanged(long sample);
-    GUI::GUIElement* FindCopied(Utilities::String const& element) const;
+    static GUI::GUIElement* FindCopied(Utilities::String const& element);
+    /// What the property inspector shows of an element that is no sample.
+    Utilities::Anything GetProperties(Utilities::String const& element) const;
     /// Shows the charts or the table.
     void ShowView(Utilities::String const& view);
     void UpdateGrid();

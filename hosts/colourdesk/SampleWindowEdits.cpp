@@ -1,16 +1,24 @@
 // What the user changes, and takes to other programs.
 #include "Utilities/NamingService.h"
-#include "core/base/Exceptions.h"
 #include "gui/elements/Pane.h"
+#include "gui/elements/PropertyContentHelper.h"
 #include "gui/elements/SelectionServiceInterface.h"
 #include "gui/elements/Topics.h"
 #include "gui/elements/application/ClipboardService.h"
+#include "gui/elements/drawing/NumberFormat.h"
 #include "hosts/colourdesk/SampleWindow.h"
 
 namespace ColourDesk {
 
 using Utilities::Anything;
 using Utilities::String;
+
+namespace {
+
+constexpr char const* curves = "XYGraph";
+constexpr char const* labChart = "LabChart";
+
+} // namespace
 
 void SampleWindow::DataChanged(Anything const& sampleKey, Anything const& /*what*/) {
     auto const changed = GetSample(sampleKey);
@@ -42,15 +50,31 @@ void SampleWindow::Undo(String const& /*element*/) {
         ->Notify(GUI::Topics::propertyInspector);
 }
 
-GUI::GUIElement* SampleWindow::FindCopied(String const& element) const {
-    GUI::GUIElement const* const root = GetDialogRootElement();
-    if (!root) return nullptr;
-    try {
-        GUI::GUIElement& found = root->FindElement(element);
-        return dynamic_cast<GUI::Pane*>(&found);
-    } catch (Norvelian::Utilities::Exceptions::TraceableException const&) {
-        return nullptr;
-    }
+GUI::GUIElement* SampleWindow::FindCopied(String const& element) {
+    auto const selection = Utilities::ResolveComponent<GUI::SelectionServiceInterface>("SelectionService");
+    auto* found = dynamic_cast<GUI::GUIElement*>(selection->GetSelection(GUI::Topics::propertyInspector));
+    if (!found || !(found->GetElementName() == element)) return nullptr;
+    // A chart's axes and titles belong to what is in it.
+    auto* const chart = dynamic_cast<GUI::Pane*>(found->GetParentElement());
+    return chart && dynamic_cast<GUI::DialogDataSource*>(chart) ? chart : found;
+}
+
+Anything SampleWindow::GetProperties(String const& element) const {
+    auto const helper = Utilities::ResolveComponent<GUI::PropertyContentHelper>("PropertyContentHelper");
+    String const root = element == curves     ? "Reflectance factor over wavelength in nm"
+                        : element == labChart ? "a* to the right, b* upward"
+                                              : "Samples";
+    helper->AddString(root + "/File", document_.GetFileName());
+    helper->AddLong(root + "/Samples", Count());
+    if (selected_ < 0) return helper->GetContent();
+    ShownSample const& shown = At(selected_);
+    String const sample = root + "/Sample";
+    helper->AddString(sample, shown.name);
+    constexpr char const* names[] = {"/L*", "/a*", "/b*"};
+    for (std::size_t i = 0; i < shown.lab.size(); ++i)
+        helper->AddString(sample + names[i], GUI::NumberFormat().Write(shown.lab[i]));
+    helper->AddString(sample + "/Condition", shown.condition);
+    return helper->GetContent();
 }
 
 bool SampleWindow::CanCopy(String const& element) { return FindCopied(element) != nullptr; }
