@@ -5,12 +5,15 @@
 #include "gui/colour/GamutPlane.h"
 #include "gui/elements/Pane.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
+#include "gui/platform/SvgDeviceContext_PC.h"
 #include "tests/support/FakeDataSource.h"
 #include "tests/support/FakeWindowHost.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QImage>
 #include <QPainter>
+#include <QPdfWriter>
 #include <benchmark/benchmark.h>
 #include <cmath>
 #include <cstdlib>
@@ -236,6 +239,65 @@ void AddWheel(int slices) {
     });
 }
 
+// ------------------------------------------------------------------ parts
+
+/// As a window paints a part: the element with what is in it, clipped to a box.
+void PaintPart(GUI::Pane& pane, QImage& image, QRect const& part) {
+    GUI::PlatformIndependentDeviceContext_PC context(image, {QPoint(), part}, {&image, QPoint()});
+    Host().Paint(pane, context);
+}
+
+/// One field of a sky takes another colour: the question for all colours, and the paint of the field's part.
+void AddSky() {
+    auto const ours = std::make_shared<Element>();
+    ours->Make(
+        {{"GUIElementType", "PalimarSky"}, {"Smooth", "Yes"}, {"OuterRadius", "290"}, {"InnerRadius", "190"}},
+        "data");
+    for (int i = 0; i < 12; ++i)
+        ours->source.values[{"E", "Color of Slice " + std::to_string(100 + i)}] = VectorOf(i).GetAnything();
+    ours->element->OnUpdate("data");
+    auto const turn = std::make_shared<int>(0);
+    Add("chart.sky-field/ours", [=](QImage& image) {
+        ours->source.values[{"E", "Color of Slice 102"}] = VectorOf(++*turn % 50).GetAnything();
+        ours->element->OnUpdate("data");
+        // The box that the element asks its window for.
+        PaintPart(dynamic_cast<GUI::Pane&>(*ours->element), image, QRect(384, 0, 197, 219));
+    });
+    Add("chart.sky-field/floor:whole", [=](QImage& image) {
+        ours->source.values[{"E", "Color of Slice 102"}] = VectorOf(++*turn % 50).GetAnything();
+        ours->element->OnUpdate("data");
+        ours->Paint(image);
+    });
+}
+
+/// The message for a value of a feed, with the paint of its part: late in a shift and early in it.
+void AddLive() {
+    for (int const number : {30000, 300}) {
+        auto const ours = std::make_shared<Element>();
+        ours->Scale("E", 0, 36000, 0, 1);
+        auto& values = ours->source.values;
+        values[{"E", "ValueBegin"}] = 1.0;
+        values[{"E", "ValueStep"}] = 1.0;
+        Anything::VectorOfAnythings column(static_cast<std::uint32_t>(number));
+        column[0] = "feed";
+        for (std::uint32_t i = 1; i < column.GetSize(); ++i) column[i] = 0.5 + 0.3 * std::sin(0.01 * i);
+        values[{"E", "1"}] = Anything(column);
+        ours->Make({{"GUIElementType", "XYGraph"}, {"Live", "Yes"}, {"Smooth", "Yes"}, {"Axes", "Edges"}},
+                   "1;1-" + std::to_string(number - 1) + ";1");
+        Anything::VectorOfAnythings added(2);
+        added[0] = "feed";
+        added[1] = 0.7;
+        std::string const last = std::to_string(number);
+        values[{"E", "1;" + last + "-" + last}] = Anything(added);
+        std::string const message = last + ";1-" + last + ";1";
+        int const place = number * width / 36000;
+        Add(std::string("chart.live/") + (number > 300 ? "ours" : "floor:300th"), [=](QImage& image) {
+            ours->element->OnUpdate(String(message));
+            PaintPart(dynamic_cast<GUI::Pane&>(*ours->element), image, QRect(place - 8, 0, 17, height));
+        });
+    }
+}
+
 // ------------------------------------------------------------------ planes
 
 void AddPlane() {
@@ -271,22 +333,23 @@ void AddPlane() {
 
 // ------------------------------------------------------------------ smooth curves
 
-void AddCurves(std::string const& name, double penWidth) {
-    constexpr int count = 100;
-    constexpr int points = 36;
-    auto const value = [](int i, int k) {
-        return 0.5 + 0.3 * std::sin(0.1 * i + 0.18 * k) + 0.1 * std::cos(0.7 * i + 0.31 * k);
-    };
-    auto const ours = std::make_shared<Element>();
+constexpr int curves = 100;
+constexpr int points = 36;
+double CurveValue(int i, int k) {
+    return 0.5 + 0.3 * std::sin(0.1 * i + 0.18 * k) + 0.1 * std::cos(0.7 * i + 0.31 * k);
+}
+
+std::shared_ptr<Element> MakeCurves(double penWidth) {
+    auto ours = std::make_shared<Element>();
     ours->Scale("E", 380, 730, 0, 1);
     auto& values = ours->source.values;
     values[{"E", "ValueBegin"}] = 380.0;
     values[{"E", "ValueStep"}] = 10.0;
     values[{"E", "LineWidth"}] = std::lround(penWidth);
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < curves; ++i) {
         Anything::VectorOfAnythings column(points + 1);
         column[0] = "curve";
-        for (int k = 0; k < points; ++k) column[static_cast<std::uint32_t>(k) + 1] = value(i, k);
+        for (int k = 0; k < points; ++k) column[static_cast<std::uint32_t>(k) + 1] = CurveValue(i, k);
         values[{"E", std::to_string(i + 1)}] = Anything(column);
         QColor const color = ColorOf(i);
         values[{"E", "CurveColor " + std::to_string(i)}] =
@@ -294,22 +357,98 @@ void AddCurves(std::string const& name, double penWidth) {
                    std::to_string(color.blue()));
     }
     ours->Make({{"GUIElementType", "XYGraph"}, {"Smooth", "Yes"}, {"DrawAxis", "No"}},
-               "1;1-36;" + std::to_string(count));
-    Element::AddOurs(name, ours);
+               "1;1-36;" + std::to_string(curves));
+    return ours;
+}
+
+void DrawPolylines(QPainter& painter, double penWidth) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRect(0, 0, width, height);
+    std::vector<QPointF> line;
+    for (int i = 0; i < curves; ++i) {
+        painter.setPen(QPen(ColorOf(i), penWidth <= 1 ? 0 : penWidth));
+        line.clear();
+        for (int k = 0; k < points; ++k)
+            line.emplace_back(k * 800.0 / (points - 1), (1 - CurveValue(i, k)) * 600);
+        painter.drawPolyline(line.data(), static_cast<int>(line.size()));
+    }
+}
+
+void AddCurves(std::string const& name, double penWidth) {
+    Element::AddOurs(name, MakeCurves(penWidth));
     Add(name + "/floor:drawPolyline", [=](QImage& image) {
         image.fill(Qt::white);
         QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setClipRect(0, 0, width, height);
-        std::vector<QPointF> line;
-        for (int i = 0; i < count; ++i) {
-            painter.setPen(QPen(ColorOf(i), penWidth <= 1 ? 0 : penWidth));
-            line.clear();
-            for (int k = 0; k < points; ++k)
-                line.emplace_back(k * 800.0 / (points - 1), (1 - value(i, k)) * 600);
-            painter.drawPolyline(line.data(), static_cast<int>(line.size()));
-        }
+        DrawPolylines(painter, penWidth);
     });
+}
+
+// ------------------------------------------------------------------ exports
+
+/// A file in memory, of which something depends on what is drawn.
+using Export = std::function<QByteArray()>;
+
+void AddExport(std::string const& name, Export const& make) {
+    Add(name, [make](QImage& image) { image.setPixel(0, 0, static_cast<unsigned>(make().size())); });
+}
+
+QByteArray SavePng(QImage const& image, int quality) {
+    QByteArray bytes;
+    QBuffer file(&bytes);
+    file.open(QIODevice::WriteOnly);
+    image.save(&file, "png", quality);
+    return bytes;
+}
+
+QByteArray SavePdf(std::function<void(QPainter&)> const& draw) {
+    QByteArray bytes;
+    QBuffer file(&bytes);
+    file.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&file);
+    writer.setResolution(720);
+    writer.setPageMargins({});
+    writer.setPageSize(QPageSize(QSizeF(width, height), QPageSize::Point));
+    QPainter painter(&writer);
+    painter.scale(10, 10);
+    draw(painter);
+    painter.end();
+    return bytes;
+}
+
+void AddExports() {
+    auto const ours = MakeCurves(1);
+    auto const pane = [ours]() -> GUI::Pane& { return dynamic_cast<GUI::Pane&>(*ours->element); };
+    AddExport("chart.export-svg/ours", [=] {
+        std::string svg;
+        {
+            GUI::SvgDeviceContext_PC context(svg);
+            Host().Paint(pane(), context);
+        }
+        return QByteArray::fromStdString(svg);
+    });
+    AddExport("chart.export-pdf/ours", [=] {
+        return SavePdf([&](QPainter& painter) {
+            GUI::PlatformIndependentDeviceContext_PC context(painter, {QPoint(), QRect(0, 0, width, height)});
+            Host().Paint(pane(), context);
+        });
+    });
+    AddExport("chart.export-pdf/floor:QPdfWriter",
+              [] { return SavePdf([](QPainter& painter) { DrawPolylines(painter, 1); }); });
+    // 2000 by 1400 pixels.
+    auto const picture = [=] {
+        QImage image(2000, 1400, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        image.setDevicePixelRatio(2.333);
+        {
+            QPainter painter(&image);
+            GUI::PlatformIndependentDeviceContext_PC context(painter, {QPoint(), QRect(0, 0, width, height)},
+                                                             {&image, QPoint()});
+            Host().Paint(pane(), context);
+        }
+        return image;
+    };
+    AddExport("chart.export-png/ours", [=] { return SavePng(picture(), 80); });
+    AddExport("chart.export-png/floor:QImage::save", [=] { return SavePng(picture(), -1); });
 }
 
 } // namespace
@@ -322,7 +461,10 @@ int main(int argc, char** argv) {
     // A message names no more than 65535 points.
     for (int const count : {1000, 65000}) AddCrosses(count);
     for (int const slices : {12, 100}) AddWheel(slices);
+    AddSky();
+    AddLive();
     AddPlane();
+    AddExports();
     AddCurves("chart.smooth-curves-100x36", 1);
     AddCurves("chart.smooth-curves-wide-100x36", 2);
     benchmark::RunSpecifiedBenchmarks();

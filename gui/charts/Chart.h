@@ -20,6 +20,11 @@ public:
 
     void Invariant() const override {}
     Diagnostics::String GetValueString() override { return "Chart"; }
+    Accessible GetAccessible() override {
+        Accessible told = Pane::GetAccessible();
+        told.role = Accessible::Role::Graphic;
+        return told;
+    }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                     DialogDataSource* dataSource) override;
 

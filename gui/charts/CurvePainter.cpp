@@ -43,8 +43,8 @@ Extremes FindExtremes(std::span<double const> values) {
 class CurvePainter {
 public:
     CurvePainter(PlatformIndependentDeviceContext& context, ScaleMap const& map, double xBegin, double xStep,
-                 std::span<double const> values)
-        : context_(context), map_(map), xBegin_(xBegin), xStep_(xStep), values_(values) {}
+                 std::span<double const> values, std::size_t first)
+        : context_(context), map_(map), xBegin_(xBegin), xStep_(xStep), values_(values), first_(first) {}
 
     void DrawAll() {
         for (std::size_t k = 0; k < values_.size(); ++k) Go(Column(k), map_.AlongY(values_[k]));
@@ -68,7 +68,9 @@ public:
     }
 
 private:
-    short Column(std::size_t k) const { return map_.AlongX(static_cast<double>(k) * xStep_ + xBegin_); }
+    short Column(std::size_t k) const {
+        return map_.AlongX(static_cast<double>(first_ + k) * xStep_ + xBegin_);
+    }
 
     /// The first value behind `begin` that is on another column. Columns are monotone in the number,
     /// so a search does; `guess` is the length of the column before.
@@ -123,6 +125,7 @@ private:
     double xBegin_;
     double xStep_;
     std::span<double const> values_;
+    std::size_t first_;
     bool started_ = false;
     std::pair<short, short> last_;
 };
@@ -130,8 +133,8 @@ private:
 } // namespace
 
 void DrawCurve(PlatformIndependentDeviceContext& context, ScaleMap const& map, double xBegin, double xStep,
-               std::span<double const> values) {
-    CurvePainter painter(context, map, xBegin, xStep, values);
+               std::span<double const> values, std::size_t first) {
+    CurvePainter painter(context, map, xBegin, xStep, values, first);
     if (painter.IsDense())
         painter.DrawThinned();
     else

@@ -15,7 +15,9 @@ namespace GUI {
 /// between values of one column cover all pixels between its lowest and its highest, whatever is
 /// between, and since a map is monotone the extreme values have the extreme pixels. The last column is
 /// drawn whole, as nothing follows it that would set the pixel that a line leaves out.
+///
+/// `first` is the number of the first value, whose position is `xBegin + first * xStep`.
 void DrawCurve(PlatformIndependentDeviceContext& context, ScaleMap const& map, double xBegin, double xStep,
-               std::span<double const> values);
+               std::span<double const> values, std::size_t first = 0);
 
 } // namespace GUI

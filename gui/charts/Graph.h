@@ -23,6 +23,11 @@ public:
     static AttributesOf<Graph> const attributeTable;
 
     Diagnostics::String GetValueString() override { return "Graph"; }
+    Accessible GetAccessible() override {
+        Accessible told = Pane::GetAccessible();
+        told.role = Accessible::Role::Graphic;
+        return told;
+    }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                     DialogDataSource* dataSource) override;
     /// Repaints, but for the command "Properties" and for messages that end in "|NoRepaint".

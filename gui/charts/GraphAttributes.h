@@ -42,6 +42,8 @@ inline constexpr Attribute cursor{"Cursor", AttributeType::Flag, "No",
 inline constexpr Attribute valueFormat{"ValueFormat", AttributeType::Text, "Reflectance",
                                        "How values are written: a quantity of the number formats"};
 inline constexpr Attribute xUnit{"XUnit", AttributeType::Text, "nm", "Behind positions in read-outs"};
+inline constexpr Attribute live{"Live", AttributeType::Flag, "No",
+                                "Values come by range: a message that begins behind 1 adds to what is there"};
 inline constexpr Attribute xTitle{"XTitle", AttributeType::Text, "", "Title of the X scale, with its unit"};
 inline constexpr Attribute yTitle{"YTitle", AttributeType::Text, "", "Title of the Y scale, with its unit"};
 inline constexpr Attribute spectrum{"Spectrum", AttributeType::Flag, "No",

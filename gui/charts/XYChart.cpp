@@ -39,6 +39,7 @@ constexpr Attribute attributeList[] = {Keys::lineColor,
                                        Keys::band,
                                        Keys::cases,
                                        Keys::cursor,
+                                       Keys::live,
                                        Keys::valueFormat,
                                        Keys::xUnit,
                                        ExploredPlot::zoomAttribute};
@@ -57,7 +58,8 @@ constexpr Attribute graphKeys[] = {Keys::lineColor,
                                    Keys::cursor,
                                    Keys::valueFormat,
                                    Keys::xUnit,
-                                   ExploredPlot::zoomAttribute};
+                                   ExploredPlot::zoomAttribute,
+                                   Keys::live};
 
 ElementRegistration<XYChart, Pane> const registration({"XYChart", "$Revision: 1.13 $", "GUI"}, attributeList);
 
@@ -77,6 +79,7 @@ void XYChart::Initialize(PlatformIndependentWindowID const& parent, DescriptionT
     AttributeReader const attributes(description);
     numbersAtLines_ = attributes.Flag(Keys::numbersAtLines);
     hasEdgeAxes_ = attributes.Text(Keys::axes) == "Edges";
+    isLive_ = attributes.Flag(Keys::live);
     hasSpectrum_ = attributes.Flag(Keys::spectrum);
     hasLegend_ = attributes.Text(Keys::legend) == "Beside";
     xTitle_ = attributes.Text(Keys::xTitle);
@@ -128,7 +131,9 @@ long XYChart::OnUpdate(Anything const& command) {
     CallScope const call(*this);
     FireCallback(graphName, "OnUpdate", command);
     ReadUpdate(command);
-    Repaint();
+    // Values that are added change nothing around the graph.
+    auto const range = isLive_ ? UpdateMessage::Range::Parse(GetCommand(command)) : std::nullopt;
+    if (!range || range->first <= 1) Repaint();
     return 0;
 }
 

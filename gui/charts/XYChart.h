@@ -21,8 +21,8 @@ class XYGraph;
 /// at round values of what is shown, in place of the numbers above), "XTitle", "YTitle" (none; with units,
 /// keys of the language service), "Spectrum" (No; a strip in the colours of the wavelengths under the X
 /// scale), "Legend" (No; "Beside" the graph, or "Inside" it), and what goes on to the graph: "Difference",
-/// "Band", "Cases", "Cursor", "Zoom", "ValueFormat", "XUnit"; see `XYGraph`. They widen the margins as far as
-/// they need room.
+/// "Band", "Cases", "Cursor", "Zoom", "Live", "ValueFormat", "XUnit"; see `XYGraph`. They widen the margins
+/// as far as they need room.
 class XYChart : public Chart {
 public:
     Diagnostics::String GetValueString() override { return "XYChart"; }
@@ -55,6 +55,7 @@ private:
     bool numbersAtLines_ = false;
     bool hasEdgeAxes_ = false;
     bool hasSpectrum_ = false;
+    bool isLive_ = false;
     bool hasLegend_ = false;
     Utilities::String xTitle_;
     Utilities::String yTitle_;

@@ -39,6 +39,11 @@ class XYColorChart : public Pane, public SupportsNumberTable, public ExploredPlo
 public:
     ~XYColorChart() override;
     Diagnostics::String GetValueString() override { return "XYColorChart"; }
+    Accessible GetAccessible() override {
+        Accessible told = Pane::GetAccessible();
+        told.role = Accessible::Role::Graphic;
+        return told;
+    }
     void Initialize(PlatformIndependentWindowID const& parent, DescriptionTree const& description,
                     DialogDataSource* dataSource) override;
     long OnUpdate(Utilities::Anything const& command) override;

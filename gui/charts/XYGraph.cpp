@@ -26,6 +26,7 @@ constexpr Attribute attributeList[] = {PatchAttributes::smooth,
                                        Keys::cases,
                                        Keys::legend,
                                        Keys::cursor,
+                                       Keys::live,
                                        Keys::valueFormat,
                                        Keys::xUnit,
                                        ExploredPlot::zoomAttribute};
@@ -49,6 +50,7 @@ void XYGraph::Initialize(PlatformIndependentWindowID const& parent, DescriptionT
     hasCases_ = attributes.Flag(Keys::cases);
     hasLegend_ = attributes.Text(Keys::legend) == "Inside";
     hasCursor_ = attributes.Flag(Keys::cursor);
+    isLive_ = attributes.Flag(Keys::live);
     String const band = attributes.Text(Keys::band);
     band_ = band == "Range" ? Band::Range : band == "Zero" ? Band::Zero : Band::None;
     valueFormat_ = attributes.Text(Keys::valueFormat);
@@ -58,8 +60,15 @@ void XYGraph::Initialize(PlatformIndependentWindowID const& parent, DescriptionT
 }
 
 long XYGraph::OnUpdate(Anything const& command) {
-    Graph::OnUpdate(command);
     String const message = GetCommand(command);
+    if (isLive_)
+        if (auto const range = UpdateMessage::Range::Parse(message); range && range->first > 1) {
+            CallScope const call(*this);
+            ReadUpdate(command);
+            AddData(*range);
+            return 0;
+        }
+    Graph::OnUpdate(command);
     if (message == "Properties") {
         Anything const width = GetValue("LineWidth");
         if (width.IsValid()) lineWidth_ = static_cast<std::int16_t>(width.GetLong());
@@ -122,13 +131,39 @@ void XYGraph::ReadData(UpdateMessage::Range const& range) {
     data_ = data;
 }
 
+void XYGraph::AddData(UpdateMessage::Range const& range) {
+    if (range.last < range.first) return;
+    // A paint that is going on keeps what it has.
+    if (data_.use_count() > 1) data_ = std::make_shared<Data>(*data_);
+    String const numbers = String(";") + String(long{range.first}) + "-" + String(long{range.last});
+    long column = 1;
+    auto const data = data_;
+    for (auto curve = data->curves.Begin(); curve.IsValid() && IsAttached(); ++curve, ++column) {
+        if (column < range.firstColumn || column > range.lastColumn) continue;
+        Anything const content = GetValue(String(column) + numbers);
+        if (!content.IsValid()) continue;
+        auto const& entries = content.GetVectorOfAnythings();
+        Curve& values = curve.Current();
+        if (values.size() < range.last) values.resize(range.last);
+        for (std::uint32_t i = 1; i < std::min(entries.GetSize(), range.Count() + 1); ++i)
+            values[range.first + i - 2U] = entries[i].GetDouble();
+    }
+    if (!IsAttached()) return;
+    // What is drawn elsewhere by these values asks for the whole.
+    bool const isLocal = !isDifference_ && band_ == Band::None && !hasLegend_ && !cursor_ && IsXHorizontal();
+    if (isLocal)
+        RepaintPart(*this, BoxOf(range.first - 1U, range.last - 1U));
+    else
+        Repaint();
+}
+
 void XYGraph::SubtractStandard(Data& data) const {
     Curve base;
     long number = 0;
     for (auto curve = data.curves.Begin(); curve.IsValid(); ++curve, ++number)
         if (number == standard_) base = curve.Current();
     for (auto curve = data.curves.Begin(); curve.IsValid(); ++curve)
-        for (std::uint32_t i = 0; i < std::min(base.GetSize(), curve.Current().GetSize()); ++i)
+        for (std::uint32_t i = 0; i < std::min(base.size(), curve.Current().size()); ++i)
             curve.Current()[i] -= base[i];
 }
 
@@ -141,13 +176,13 @@ String XYGraph::GetNumberTable() {
     for (auto curve = data_->curves.Begin(); curve.IsValid(); ++curve) {
         table.Add(name.IsValid() ? name.Current() : String());
         if (name.IsValid()) ++name;
-        longest = std::max(longest, curve.Current().GetSize());
+        longest = std::max(longest, static_cast<std::uint32_t>(curve.Current().size()));
     }
     table.EndRow();
     for (std::uint32_t i = 0; i < longest; ++i) {
         table.Add(GetXValueBegin() + i * GetDeltaXValue());
         for (auto curve = data_->curves.Begin(); curve.IsValid(); ++curve)
-            if (i < curve.Current().GetSize())
+            if (i < curve.Current().size())
                 table.Add(curve.Current()[i]);
             else
                 table.Add("");
@@ -172,7 +207,7 @@ String XYGraph::GetToolTipText(unsigned short x, unsigned short y) {
     auto name = data->names.Begin();
     for (auto curve = data->curves.Begin(); curve.IsValid() && name.IsValid(); ++curve, ++name) {
         Curve const& values = curve.Current();
-        if (item >= values.GetSize()) continue;
+        if (item >= values.size()) continue;
         auto const index = static_cast<std::uint32_t>(item);
         if (!isNear(yValue, values[index])) continue;
         Anything const text =

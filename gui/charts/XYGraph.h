@@ -5,6 +5,7 @@
 #include "gui/charts/Graph.h"
 #include "gui/charts/UpdateMessage.h"
 #include "gui/elements/NumberTable.h"
+#include "gui/elements/PaintedPart.h"
 
 #include <cstdint>
 #include <memory>
@@ -40,6 +41,11 @@ namespace GUI {
 /// beneath all), "LegendCurves" (vector of the numbers of the curves in the legend; all of them), "View" and
 /// "Cursor" (the X position of the cursor, an empty text for none).
 ///
+/// With "Live" (No) a data message whose first number is beyond 1 adds values to the curves, or replaces
+/// these: "first;column-last;column" asks for each column under "column;first-last" (vector: the name, then
+/// the values from `first` to `last`, counted from 1). Only the part of the plot that they are in is painted.
+/// A shift of 30 000 values in one plot costs no more a value than the first ones.
+///
 /// The cursor is a line at the value under the mouse, or moved by the arrow keys, with a read-out of each
 /// curve there; of more than six curves that of the one nearest to the mouse, or the next one by Up and Down.
 /// Escape, or the mouse that leaves, takes it away. The data source is told "Cursor" and "View".
@@ -72,13 +78,19 @@ protected:
 
 private:
     enum class Band : std::uint8_t { None, Range, Zero };
-    using Curve = Utilities::Vector<double>;
+    using Curve = std::vector<double>;
     struct Data {
         Utilities::List<Utilities::String> names;
         Utilities::List<Curve> curves;
     };
 
     void ReadData(UpdateMessage::Range const& range);
+    void AddData(UpdateMessage::Range const& range);
+    /// Around the values from one number to another, counted from 0.
+    PaneBox BoxOf(std::uint32_t first, std::uint32_t last) const;
+    /// The part of a curve that is painted, as its first number and its length.
+    std::pair<std::size_t, std::size_t> PaintedValues(PlatformIndependentDeviceContext const& context,
+                                                      ScaleMap const& map, std::size_t count) const;
     void ReadSettings();
     void SubtractStandard(Data& data) const;
     CurveLook AskLook(long number);
@@ -107,6 +119,7 @@ private:
     bool hasCases_ = false;
     bool hasLegend_ = false;
     bool hasCursor_ = false;
+    bool isLive_ = false;
     Band band_ = Band::None;
     Utilities::String valueFormat_;
     Utilities::String xUnit_;
@@ -116,8 +129,8 @@ private:
     std::optional<std::uint32_t> cursor_;
     /// That the read-out is of, where there are many.
     long readCurve_ = -1;
-    /// Replaced as a whole when all of it has been read.
-    std::shared_ptr<Data const> data_ = std::make_shared<Data>();
+    /// Replaced as a whole when all of it has been read, or added to while nobody else holds it.
+    std::shared_ptr<Data> data_ = std::make_shared<Data>();
 };
 
 } // namespace GUI

@@ -31,7 +31,7 @@ void XYGraph::GetXDrawLines(double& begin, double& step) {
 std::uint32_t XYGraph::GetLength() const {
     std::uint32_t longest = 0;
     for (auto curve = data_->curves.Begin(); curve.IsValid(); ++curve)
-        longest = std::max(longest, curve.Current().GetSize());
+        longest = std::max(longest, static_cast<std::uint32_t>(curve.Current().size()));
     return longest;
 }
 
@@ -63,7 +63,7 @@ void XYGraph::FollowMouse(long x, long y) {
     long least = std::numeric_limits<long>::max();
     long number = 0;
     for (auto curve = data_->curves.Begin(); item && curve.IsValid(); ++curve, ++number) {
-        if (*item >= curve.Current().GetSize() || std::isnan(curve.Current()[*item])) continue;
+        if (*item >= curve.Current().size() || std::isnan(curve.Current()[*item])) continue;
         long const distance = std::labs(map.AlongY(curve.Current()[*item]) - y);
         if (distance >= least) continue;
         least = distance;

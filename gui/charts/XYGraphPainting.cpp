@@ -90,7 +90,7 @@ void XYGraph::DrawBands(PlatformIndependentDeviceContext& context, ScaleMap cons
     long number = 0;
     for (auto curve = data.curves.Begin(); curve.IsValid(); ++curve, ++number) {
         if (number == standard_) continue;
-        std::span<double const> const values{curve.Current().begin(), curve.Current().GetSize()};
+        std::span<double const> const values = curve.Current();
         if (band_ == Band::Range)
             envelope.Add(values);
         else
@@ -149,9 +149,11 @@ void XYGraph::DrawCurveNumber(PlatformIndependentDeviceContext& context, ScaleMa
             RGBVector const& ground = GetBackgroundColor();
             AddCase(look, isActive, context.GetTheme() ? context.GetTheme()->Resolve(ground) : ground);
         }
-        auto const draw = [&](RGBVector const& color, long width) {
+        auto const [first, count] = PaintedValues(context, map, curve.size());
+        std::span<double const> const values = std::span(curve).subspan(first, count);
+        auto const draw = [&, from = first](RGBVector const& color, long width) {
             context.SetPen(color, width, PlatformIndependentDeviceContext::solid);
-            DrawCurve(context, map, GetXValueBegin(), GetDeltaXValue(), {curve.begin(), curve.GetSize()});
+            DrawCurve(context, map, GetXValueBegin(), GetDeltaXValue(), values, from);
         };
         if (look.caseWidth > 0) draw(look.caseColor, look.caseWidth);
         context.SetBrush(look.color);
@@ -159,6 +161,39 @@ void XYGraph::DrawCurveNumber(PlatformIndependentDeviceContext& context, ScaleMa
     } catch (...) {
         Diagnostics::DropException("XYGraph::OnPaint: curve");
     }
+}
+
+PaneBox XYGraph::BoxOf(std::uint32_t first, std::uint32_t last) const {
+    unsigned long width = 0;
+    unsigned long height = 0;
+    GetSize(width, height);
+    // From the value before; a pen and rounded edges go beyond.
+    constexpr long room = 8;
+    ScaleMap const map = GetScaleMap();
+    long const begin = map.AlongX(XOf(first > 0 ? first - 1 : 0));
+    long const end = map.AlongX(XOf(last));
+    return {std::min(begin, end) - room, 0, std::max(begin, end) + room, static_cast<long>(height)};
+}
+
+std::pair<std::size_t, std::size_t> XYGraph::PaintedValues(PlatformIndependentDeviceContext const& context,
+                                                           ScaleMap const& map, std::size_t count) const {
+    auto const* const part = dynamic_cast<PaintedPart const*>(&context);
+    auto const box = part ? part->GetPaintedBox() : std::nullopt;
+    double const perPixel = (map.xEnd - map.xBegin) / map.width / GetDeltaXValue();
+    if (!box || !map.xIsHorizontal || !(perPixel > 0)) return {0, count};
+    // A line's pen reaches into the part from beside it.
+    constexpr double room = 40;
+    double const zero = (map.xBegin - GetXValueBegin()) / GetDeltaXValue();
+    auto const number = [&](double pixel) {
+        double const at = zero + (pixel - map.left) * perPixel;
+        return static_cast<std::size_t>(std::clamp(at, 0.0, static_cast<double>(count)));
+    };
+    std::size_t first = number(static_cast<double>(box->left) - room);
+    std::size_t last = number(static_cast<double>(box->right) + room);
+    // The lines over both edges of the part.
+    first -= std::min<std::size_t>(first, 1);
+    last = std::min(last + 2, count);
+    return {first, last - first};
 }
 
 // ------------------------------------------------------------------ legend
@@ -201,7 +236,7 @@ void XYGraph::DrawLegend(PlatformIndependentDeviceContext& context, ScaleMap con
                                std::pair(margin, bottom)}) {
         long covered = 0;
         for (auto curve = data.curves.Begin(); curve.IsValid(); ++curve)
-            for (std::uint32_t i = 0; i < curve.Current().GetSize(); ++i) {
+            for (std::uint32_t i = 0; i < curve.Current().size(); ++i) {
                 short x = 0;
                 short y = 0;
                 map.ToPixel(XOf(i), curve.Current()[i], x, y);
@@ -240,7 +275,7 @@ void XYGraph::DrawCursor(PlatformIndependentDeviceContext& context, ScaleMap con
     for (auto curve = data.curves.Begin(); curve.IsValid(); ++curve, ++number) {
         String const title = name.IsValid() ? name.Current() : String();
         if (name.IsValid()) ++name;
-        if ((!hasAll && number != single) || item >= curve.Current().GetSize()) continue;
+        if ((!hasAll && number != single) || item >= curve.Current().size()) continue;
         if (isDifference_ && number == standard_) continue;
         double const value = curve.Current()[item];
         readOut.rows.push_back({title, format.Write(value)});

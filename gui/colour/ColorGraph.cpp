@@ -1,5 +1,6 @@
 #include "gui/colour/ColorGraph.h"
 
+#include "gui/colour/DevicePixels.h"
 #include "gui/colour/HostScreen.h"
 #include "gui/colour/OutsideMark.h"
 #include "gui/colour/PatchAttributes.h"
@@ -153,25 +154,15 @@ void ColorGraph::OnPaint(PlatformIndependentDeviceContext& context) {
 }
 
 void ColorGraph::DrawPlane(PlatformIndependentDeviceContext& context, Axes const& axes) {
-    unsigned long paneWidth = 0;
-    unsigned long paneHeight = 0;
-    GetSize(paneWidth, paneHeight);
-    // A pane beyond any screen is shown in coarser pixels, rather than in memory for each of its own.
-    constexpr double mostPixels = 1e7;
-    double scale = context.GetScale();
-    double const area = static_cast<double>(paneWidth) * static_cast<double>(paneHeight) * scale * scale;
-    if (area > mostPixels) scale *= std::sqrt(mostPixels / area);
-    auto const pixels = [scale](unsigned long size) {
-        return static_cast<std::size_t>(std::lround(scale * static_cast<double>(size)));
-    };
+    DevicePixels const pixels = DevicePixels::Of(*this, context);
+    if (pixels.IsEmpty()) return;
     Picture wanted;
-    wanted.place = GetPlace(axes, scale);
-    wanted.width = pixels(paneWidth);
-    wanted.height = pixels(paneHeight);
-    if (wanted.width == 0 || wanted.height == 0) return;
+    wanted.place = GetPlace(axes, pixels.scale);
+    wanted.width = pixels.width;
+    wanted.height = pixels.height;
     wanted.colours.outside = Packed(outsideColor_);
     if (edgeColor_) wanted.colours.edge = Packed(*edgeColor_);
-    wanted.colours.edgeWidth = edgeColor_ ? static_cast<int>(std::max(std::lround(scale), 1L)) : 0;
+    wanted.colours.edgeWidth = edgeColor_ ? static_cast<int>(std::max(std::lround(pixels.scale), 1L)) : 0;
     GamutPlane const& plane = GetPlane();
     bool const isKnown = picture_.place == wanted.place && picture_.colours == wanted.colours &&
                          picture_.width == wanted.width && picture_.height == wanted.height;
@@ -179,8 +170,7 @@ void ColorGraph::DrawPlane(PlatformIndependentDeviceContext& context, Axes const
         wanted.pixels = plane.Compute(wanted.place, wanted.width, wanted.height, wanted.colours);
         picture_ = std::move(wanted);
     }
-    context.DrawPixels(0, 0, static_cast<short>(paneWidth), static_cast<short>(paneHeight), picture_.pixels,
-                       static_cast<long>(picture_.width));
+    pixels.Draw(context, *this, picture_.pixels);
 }
 
 void ColorGraph::DrawSpot(PlatformIndependentDeviceContext& context, Axes const& axes, Spot const& spot,

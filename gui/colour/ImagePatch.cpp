@@ -2,6 +2,7 @@
 
 #include "Utilities/NamingService.h"
 #include "gui/colour/ColorTable.h"
+#include "gui/colour/DevicePixels.h"
 #include "gui/elements/description/ElementRegistration.h"
 #include "gui/elements/drawing/ImageServiceInterface.h"
 
@@ -168,17 +169,10 @@ ImagePatch::Place ImagePatch::GetPlace() const {
 void ImagePatch::OnPaint(PlatformIndependentDeviceContext& context) {
     ColorGUIElement::OnPaint(context);
     if (source_.empty()) return;
-    unsigned long paneWidth = 0;
-    unsigned long paneHeight = 0;
-    GetSize(paneWidth, paneHeight);
-    double const scale = context.GetScale();
-    auto const pixels = [scale](unsigned long size) {
-        return static_cast<std::size_t>(std::lround(scale * static_cast<double>(size)));
-    };
-    Render(pixels(paneWidth), pixels(paneHeight), scale);
+    DevicePixels const pixels = DevicePixels::Of(*this, context);
+    Render(pixels.width, pixels.height, pixels.scale);
     if (rendered_.empty()) return;
-    context.DrawPixels(0, 0, static_cast<short>(paneWidth), static_cast<short>(paneHeight), rendered_,
-                       static_cast<long>(renderedWidth_));
+    pixels.Draw(context, *this, rendered_);
     if (region_) DrawMark(context);
 }
 

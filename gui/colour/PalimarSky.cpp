@@ -7,6 +7,8 @@
 #include "gui/elements/description/ElementRegistration.h"
 
 #include <cmath>
+#include <optional>
+#include <utility>
 
 namespace GUI {
 
@@ -72,10 +74,53 @@ String PalimarSky::GetNumberTable() {
 long PalimarSky::OnUpdate(Anything const& command) {
     CallScope const call(*this);
     long const result = ReadUpdate(command);
-    for (std::size_t i = 0; i < fields && IsAttached(); ++i)
-        colors_[i] = AskColor(NumberOf(i), IsKite(NumberOf(i)) ? noKiteColor : noFieldColor);
-    if (IsAttached()) Repaint();
+    // Of one field that has changed only its part is painted, on top of what is there.
+    std::optional<PaneBox> changed;
+    std::size_t changes = 0;
+    for (std::size_t i = 0; i < fields && IsAttached(); ++i) {
+        RGBVector const color = AskColor(NumberOf(i), IsKite(NumberOf(i)) ? noKiteColor : noFieldColor);
+        if (color == std::exchange(colors_[i], color)) continue;
+        PaneBox const box = BoxOf(NumberOf(i));
+        changed = changed ? changed->Around(box) : box;
+        ++changes;
+    }
+    if (!IsAttached()) return result;
+    if (changes == 1 && !DrawDragMouseOver())
+        RepaintPart(*this, *changed);
+    else
+        Repaint();
     return result;
+}
+
+PaneBox PalimarSky::BoxOf(int number) const {
+    unsigned long width = 0;
+    unsigned long height = 0;
+    GetSize(width, height);
+    SkyPoint const middle{static_cast<double>(width / 2), static_cast<double>(height / 2)};
+    // For pens, rounded edges and a warning sign in a small field.
+    constexpr long room = 16;
+    PaneBox box{32767, 32767, -32768, -32768};
+    auto const take = [&](double radius, int degrees) {
+        SkyPoint const at = middle + SkyPoint::Polar(radius, degrees);
+        auto const x = static_cast<long>(at.x);
+        auto const y = static_cast<long>(at.y);
+        box = box.Around({x - room, y - room, x + room, y + room});
+    };
+    if (number >= firstRingSlice) {
+        constexpr int step = 5;
+        int const middleAngle = (number - firstRingSlice) * 30;
+        for (int degrees = middleAngle - 15; degrees <= middleAngle + 15; degrees += step) {
+            take(outerRadius_, degrees);
+            take(innerRadius_, degrees);
+        }
+    } else if (number >= firstTriangle) {
+        for (int const corner : {-30, 30, 90}) take(innerRadius_, (number - firstTriangle) * 120 + corner);
+    } else {
+        take(0, 0);
+        take(innerRadius_, number * 120 + 90);
+        for (int const corner : {30, 150}) take(innerRadius_ / 2, number * 120 + corner);
+    }
+    return box;
 }
 
 String PalimarSky::GetCurrentRegion() {
@@ -92,18 +137,28 @@ void PalimarSky::OnPaint(PlatformIndependentDeviceContext& context) {
     bool const isDrag = DrawDragMouseOver();
     int const selected = IsSelected() ? AskSelectedSlice().value_or(noSlice) : noSlice;
     BeginDrawing(context);
+    auto const isPainted = [&](int number) { return IsPainted(context, BoxOf(number)); };
+    // A slice is drawn from the middle on.
+    auto const isSlicePainted = [&](int slice) {
+        auto const x = static_cast<long>(width / 2);
+        auto const y = static_cast<long>(height / 2);
+        return IsPainted(context, BoxOf(firstRingSlice + slice).Around({x, y, x, y}));
+    };
     SkyDrawing const sky(context, static_cast<short>(width >> 1U), static_cast<short>(height >> 1U),
                          outerRadius_, innerRadius_);
     if (!isDrag) {
         HarmonyElement::OnPaint(context);
-        for (int i = 0; i < ringSlices; ++i) sky.RingSlice(i, ColorOf(firstRingSlice + i));
+        for (int i = 0; i < ringSlices; ++i)
+            if (isSlicePainted(i)) sky.RingSlice(i, ColorOf(firstRingSlice + i));
         if (selected >= firstRingSlice && selected < firstRingSlice + ringSlices)
             sky.RingOutline(selected - firstRingSlice, ColorOf(selected));
         for (int i = 0; i < ringSlices; ++i) sky.RingWarning(i, ColorOf(firstRingSlice + i));
         sky.Disc();
         for (int i = 0; i < triangles; ++i)
-            sky.Triangle(i, ColorOf(firstTriangle + i), selected == firstTriangle + i);
-        for (int i = 0; i < kites; ++i) sky.Kite(i, ColorOf(i));
+            if (isPainted(firstTriangle + i))
+                sky.Triangle(i, ColorOf(firstTriangle + i), selected == firstTriangle + i);
+        for (int i = 0; i < kites; ++i)
+            if (isPainted(i)) sky.Kite(i, ColorOf(i));
     }
     int const stressed = isDrag ? SliceUnderDrag() : selected;
     if (IsKite(stressed)) sky.KiteOutline(stressed, ColorOf(stressed));

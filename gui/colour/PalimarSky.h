@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/colour/HarmonyElement.h"
+#include "gui/elements/PaintedPart.h"
 
 #include <array>
 #include <cstddef>
@@ -10,7 +11,7 @@ namespace GUI {
 /// A colour scheme as one round picture of eighteen fields: a ring of twelve slices (numbers 100 to 111,
 /// counter-clockwise, the first one around the x axis), inside it a disc of three triangles (10 to 12), and
 /// in the middle three kites (0 to 2). A field whose colour the screen can't show carries a warning sign. A
-/// drag stresses the kite under the mouse.
+/// drag stresses the kite under the mouse. An update that changes one field paints its part alone.
 ///
 /// Attributes: "OuterRadius", "InnerRadius" (0, in pixels: of the ring; the disc has the inner one; the
 /// picture needs both), "Smooth" (No).
@@ -54,6 +55,8 @@ private:
     static int NumberOf(std::size_t index);
     static bool IsKite(int number) { return number >= 0 && number < kites; }
     RGBVector const& ColorOf(int number) const;
+    /// Around a field, with its outline and sign.
+    PaneBox BoxOf(int number) const;
 
     std::array<RGBVector, fields> colors_;
     std::int16_t currentSlice_ = 0;

@@ -15,6 +15,8 @@ class LightWindowTree;
 class LightWindowOwner {
 public:
     virtual ~LightWindowOwner() = default;
+    /// A part has changed, in the window's own pixels.
+    virtual void RepaintPart(PixelBox const& /*box*/) {}
     /// The place of a native window on the surface has changed: the whole box, and the part of it that
     /// shows, empty once it has left the tree.
     virtual void OnPlaced(PixelBox const& /*box*/, PixelBox const& /*visible*/) {}

@@ -133,6 +133,12 @@ void PlatformIndependentDeviceContext_PC::StartPainter() {
     painter_->setClipRegion(clip, Qt::IntersectClip);
 }
 
+std::optional<PaneBox> PlatformIndependentDeviceContext_PC::GetPaintedBox() const {
+    if (!part_) return {};
+    QRect const box = part_->clip.boundingRect().translated(-part_->origin);
+    return PaneBox{box.x(), box.y(), long{box.x()} + box.width(), long{box.y()} + box.height()};
+}
+
 QPainter& PlatformIndependentDeviceContext_PC::GetPainter() {
     FlushLines();
     QPainter& painter = Painter(Space::Part);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/elements/PaintedPart.h"
 #include "gui/elements/drawing/PlatformIndependentDeviceContext.h"
 #include "gui/platform/DeviceGrid.h"
 #include "gui/platform/PainterSurface_PC.h"
@@ -41,7 +42,7 @@ struct SurfaceBacking {
 /// figures and boxes are drawn straight into the memory behind the surface where it can be reached, and
 /// with the same pixels by the platform's painter elsewhere. On surfaces without pixels (recorded pictures,
 /// printers) the painter draws lines and curves as such.
-class PlatformIndependentDeviceContext_PC : public PlatformIndependentDeviceContext {
+class PlatformIndependentDeviceContext_PC : public PlatformIndependentDeviceContext, public PaintedPart {
 public:
     /// All of a surface.
     explicit PlatformIndependentDeviceContext_PC(QPaintDevice& surface);
@@ -81,6 +82,7 @@ public:
     void DrawPixels(short left, short top, short right, short bottom, std::span<std::uint32_t const> colors,
                     long width) override;
     double GetScale() override;
+    std::optional<PaneBox> GetPaintedBox() const override;
 
     /// For `_PC` files that draw what has no operation of its own, in the part's coordinates and clip. What
     /// was begun is finished first. The painter may be left in any state.

@@ -43,4 +43,11 @@ QWidget* PlatformIndependentWindowID_PC::WindowOf(PlatformIndependentWindowID co
     return bound ? bound->GetWindow() : nullptr;
 }
 
+void PlatformIndependentWindowID_PC::RepaintPart(PaneBox const& box) {
+    auto const pane = GetLightWindow();
+    if (!pane || !pane->GetOwner()) return;
+    auto const place = [](long at) { return static_cast<int>(at); };
+    pane->GetOwner()->RepaintPart({place(box.left), place(box.top), place(box.right), place(box.bottom)});
+}
+
 } // namespace GUI

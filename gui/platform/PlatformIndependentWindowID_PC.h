@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/elements/PaintedPart.h"
 #include "gui/elements/drawing/PlatformIndependentWindowID.h"
 #include "gui/platform/LightWindow.h"
 
@@ -12,7 +13,7 @@ namespace GUI {
 /// A window's identity together with the platform's window, which is not owned. The window of a pane is a
 /// light window on the surface of its top-level window: its platform window is that surface. Whoever needs a
 /// platform window from an element goes through this class; only `_PC` files may.
-class PlatformIndependentWindowID_PC : public PlatformIndependentWindowID {
+class PlatformIndependentWindowID_PC : public PlatformIndependentWindowID, public PartlyPaintedWindow {
 public:
     PlatformIndependentWindowID_PC() = default;
     PlatformIndependentWindowID_PC(std::uint32_t id, QWidget* window) : window_(window) { SetID(id); }
@@ -24,6 +25,8 @@ public:
     Diagnostics::String GetValueString() override { return "PlatformIndependentWindowID_PC"; }
     bool PrepareForUnload() override { return true; }
     void Set(Utilities::SmartPointer<PlatformIndependentWindowID> other) override;
+
+    void RepaintPart(PaneBox const& box) override;
 
     /// Null once the window is gone.
     QWidget* GetWindow() const { return window_; }

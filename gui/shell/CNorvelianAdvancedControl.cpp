@@ -92,6 +92,16 @@ void CNorvelianAdvancedControl::RepaintNow() {
     if (surface_) surface_->RepaintNow(*window_);
 }
 
+void CNorvelianAdvancedControl::RepaintPart(PixelBox const& box) {
+    if (!surface_) return;
+    PixelBox const whole = window_->GetBox();
+    PixelBox const visible = window_->GetVisibleBox();
+    PixelBox const part{
+        std::max(whole.left + box.left, visible.left), std::max(whole.top + box.top, visible.top),
+        std::min(whole.left + box.right, visible.right), std::min(whole.top + box.bottom, visible.bottom)};
+    if (!part.IsEmpty()) surface_->RepaintNow(part);
+}
+
 void CNorvelianAdvancedControl::Moved() {
     if (surface_) surface_->SettleLater();
 }

@@ -36,6 +36,7 @@ public:
     CNorvelianSurface* GetSurface() const { return surface_; }
 
     void RepaintNow();
+    void RepaintPart(PixelBox const& box) override;
     /// Its place has changed: what is on the screen follows at the next turn of the event loop, and native
     /// controls in it too.
     void Moved();

@@ -196,8 +196,12 @@ std::string ElementPicture_PC::Render(GUIElement& element, ElementRendering cons
     QByteArray bytes;
     QBuffer file(&bytes);
     file.open(QIODevice::WriteOnly);
-    bool const isDrawn = format == "pdf" ? DrawPage(subject, scale, file)
-                                         : DrawPicture(subject, scale).save(&file, format.c_str());
+    // Of a PNG this is how hard it is packed, not how good it is.
+    constexpr int quick = 80;
+    bool const isDrawn =
+        format == "pdf"
+            ? DrawPage(subject, scale, file)
+            : DrawPicture(subject, scale).save(&file, format.c_str(), format == "png" ? quick : -1);
     return isDrawn ? bytes.toStdString() : std::string();
 }
 

@@ -1,5 +1,8 @@
 #include "hosts/colourdesk/ColourDesk.h"
 
+#include "hosts/colourdesk/AboutBox.h"
+#include "hosts/colourdesk/DeskModel.h"
+
 #include "Utilities/LanguageServiceInterface.h"
 #include "Utilities/NamingService.h"
 #include "Utilities/Preferences.h"
@@ -7,6 +10,7 @@
 #include "Utilities/TranslationService.h"
 #include "core/base/Exceptions.h"
 #include "cxf/conditions/TristimException.h"
+#include "gui/elements/application/QuestionBox.h"
 #include "gui/elements/description/GUIDescriptionReader.h"
 #include "hosts/colourdesk/SampleReport.h"
 
@@ -52,6 +56,8 @@ Options Options::Parse(std::vector<std::string> const& arguments) {
         };
         if (argument == "--help" || argument == "-h") {
             options.help = true;
+        } else if (argument == "--version") {
+            options.version = true;
         } else if (argument == "--screenshot") {
             options.screenshot = value("the name of a picture");
         } else if (argument == "--report") {
@@ -101,6 +107,7 @@ char const* Options::Usage() {
            "  --gallery [DIRECTORY]      shows the components of the library in their states, or writes one\n"
            "                             picture of each into DIRECTORY\n"
            "  --exit-after-first-paint   ends when the window has been painted\n"
+           "  --version                  the program's version\n"
            "  --help                     this text\n";
 }
 
@@ -155,7 +162,9 @@ Tintorium::ScreenRGB Application::GetScreen() {
 
 void Application::Show(std::string const& file) {
     // All that can fail comes before anything that is shown goes.
-    auto handler = std::make_unique<SampleWindow>(SampleDocument::Open(file, GetScreen()));
+    Tintorium::ScreenRGB const screen = GetScreen();
+    auto handler = std::make_unique<SampleWindow>(SampleDocument::Open(file, screen));
+    DeskModel::SetScreen(screen);
     auto const preferences = Utilities::ResolveComponent<Utilities::Preferences>("Preferences");
     String const theme = preferences->GetValue(lookSection, "Theme", handler->GetTheme());
     handler->SetTheme(options_.theme.empty() ? theme : String(options_.theme));
@@ -190,7 +199,13 @@ void Application::Show(std::string const& file) {
     if (!options_.view.empty()) handler_->ShowNamedView(options_.view);
 }
 
+bool Application::MayClose() {
+    if (!handler_ || !handler_->HasUnsavedChanges() || IsOffscreen()) return true;
+    return GUI::QuestionBox::MayDiscard(*window_->GetWindowID());
+}
+
 long Application::OpenFile(String const& fileName) {
+    if (!MayClose()) return 0;
     try {
         Show(fileName);
         return 1;
@@ -205,6 +220,8 @@ void Application::Start() {
     LoadLanguages();
     messages_ = Utilities::ResolveComponent<GUI::MessageService>("MessageService");
     RegisterComponent(DeskTools::componentName, &tools_);
+    editMenu_ = Utilities::ResolveComponent<Utilities::Component>("CopyPasteHandler");
+    inspectorMenu_ = Utilities::ResolveComponent<Utilities::Component>("PropertyInspectorMenuHandler");
     messages_->SetCallback(keyMessage, Utilities::MakeCallback(this, &Application::OnKey));
     messages_->SetCallback(openMessage, Utilities::MakeCallback(this, &Application::OnOpen));
     if (options_.gallery) {
@@ -293,6 +310,8 @@ void Application::OnMenuItem(String const& name) {
     } else if (name == SampleWindow::saveItem) {
         files_.SaveAs(*window_->GetWindowID(), handler_->GetDocument().GetFileName(),
                       [this](String const& file) { SaveFile(file); });
+    } else if (name == SampleWindow::aboutItem) {
+        AboutBox().Show(*window_->GetWindowID());
     } else if (name == SampleWindow::quitItem) {
         if (MayClose()) Quit(0);
     } else if (name == SampleWindow::reportItem) {
@@ -313,6 +332,7 @@ void Application::OnMenuItem(String const& name) {
 void Application::SaveFile(String const& file) {
     try {
         handler_->GetDocument().SaveAs(file.GetStdString());
+        handler_->OnSaved();
     } catch (TraceableException const& failure) {
         ReportError(failure.what());
     }

@@ -33,6 +33,7 @@ struct Options {
     /// Where the gallery's pictures go; empty for the screen.
     std::string galleryDirectory;
     bool help = false;
+    bool version = false;
 
     /// Throws `InvalidArgumentException` that names the option.
     static Options Parse(std::vector<std::string> const& arguments);
@@ -55,6 +56,8 @@ public:
     /// Drops the window.
     void Close();
 
+    /// Asks the user before changes are lost.
+    bool MayClose() override;
     /// Opens another file; the one before stays if it can't be read.
     long OpenFile(Utilities::String const& fileName) override;
 
@@ -87,6 +90,9 @@ private:
     Utilities::SmartPointer<GUI::MessageService> messages_;
     std::unique_ptr<SampleWindow> handler_;
     DeskTools tools_;
+    /// The menu's handlers of the library, which enter themselves under their names.
+    Utilities::SmartPointer<Utilities::Component> editMenu_;
+    Utilities::SmartPointer<Utilities::Component> inspectorMenu_;
     DeskFiles files_;
     std::unique_ptr<Gallery> gallery_;
     Utilities::SmartPointer<GUI::PlatformIndependentWindowID> noParent_;

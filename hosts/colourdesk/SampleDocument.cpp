@@ -6,6 +6,7 @@
 #include "gui/elements/drawing/NumberFormat.h"
 
 #include <filesystem>
+#include <system_error>
 
 namespace ColourDesk {
 
@@ -44,6 +45,7 @@ SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRG
         ShownSample shown;
         shown.sample = sample;
         shown.name = sample->GetName();
+        shown.description = sample->GetDescription();
         shown.spectrum = spectrum.GetValues();
         shown.lab = {lab.GetExact(0), lab.GetExact(1), lab.GetExact(2)};
         shown.condition = ViewingText(lab.GetMeasureConditions());
@@ -58,6 +60,23 @@ SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRG
 
 void SampleDocument::SaveAs(std::string const& path) const {
     Cxf::WriteSampleSets(path, Cxf::ReadSampleSets(path_), Cxf::FormatOf(path));
+}
+
+bool SampleDocument::TakeTexts(long sample) {
+    ShownSample& shown = samples_[static_cast<std::size_t>(sample)];
+    bool const isNew =
+        shown.name != shown.sample->GetName() || shown.description != shown.sample->GetDescription();
+    shown.name = shown.sample->GetName();
+    shown.description = shown.sample->GetDescription();
+    return isNew;
+}
+
+bool SampleDocument::IsWriteProtected() const {
+    std::error_code failure;
+    auto const rights = std::filesystem::status(path_, failure).permissions();
+    constexpr auto anybody = std::filesystem::perms::owner_write | std::filesystem::perms::group_write |
+                             std::filesystem::perms::others_write;
+    return !failure && (rights & anybody) == std::filesystem::perms::none;
 }
 
 std::string SampleDocument::GetFileName() const { return std::filesystem::path(path_).filename().string(); }

@@ -14,6 +14,7 @@ namespace ColourDesk {
 struct ShownSample {
     Utilities::SmartPointer<Norvelian::ColorExchangeFormat::Sample> sample;
     std::string name;
+    std::string description;
     /// Reflectance factor at 380, 390 ... 730 nm.
     std::vector<float> spectrum;
     /// L*, a*, b* under the document's conditions.
@@ -40,6 +41,10 @@ public:
 
     std::string const& GetPath() const { return path_; }
     std::string GetFileName() const;
+    /// Reads name and description of a sample anew; false if they are what is known.
+    bool TakeTexts(long sample);
+    /// Whether the user may not write the file, so that its samples stay as they are.
+    bool IsWriteProtected() const;
     std::vector<ShownSample> const& GetSamples() const { return samples_; }
     /// What the reader made of the file, by line.
     Norvelian::ColorExchangeFormat::ReadReport const& GetReport() const { return report_; }

@@ -326,12 +326,13 @@ bool SampleWindow::OnDrop(GUI::PlatformIndependentWindowID const& /*window*/, GU
 Callback SampleWindow::GetCallback(String const& element, String const& event) {
     if (event == "OnLeftButtonDown" && SampleOfPatch(element) >= 0)
         return Utilities::MakeCallback(this, &SampleWindow::OnPatchClicked);
-    bool const isMenuItem =
-        element == openItem || element == saveItem || element == quitItem || element == chartsView ||
-        element == gridView || element == nextLanguageItem || StartsWith(element, languageItem) ||
-        StartsWith(element, themeItem) || StartsWith(element, surroundItem) || element == firstPage ||
-        element == previousPage || element == nextPage || element == lastPage || element == previousTool ||
-        element == nextTool || element == surroundTool || element == themeTool || element == reportItem;
+    bool const isMenuItem = element == aboutItem || element == openItem || element == saveItem ||
+                            element == quitItem || element == chartsView || element == gridView ||
+                            element == nextLanguageItem || StartsWith(element, languageItem) ||
+                            StartsWith(element, themeItem) || StartsWith(element, surroundItem) ||
+                            element == firstPage || element == previousPage || element == nextPage ||
+                            element == lastPage || element == previousTool || element == nextTool ||
+                            element == surroundTool || element == themeTool || element == reportItem;
     if (element == viewTabs && event == "OnTabChanged")
         return Utilities::MakeCallback(this, &SampleWindow::OnTabChanged);
     if (event == "OnClick" && isMenuItem) return Utilities::MakeCallback(this, &SampleWindow::OnMenuItem);
@@ -364,6 +365,13 @@ void SampleWindow::SelectNearest(double a, double b) {
     if (nearest >= 0) Select(nearest);
 }
 
+void SampleWindow::UpdateDetails() {
+    for (char const* const element : {"SamplePage", "SampleName", "SamplePosition", "SampleLightness",
+                                      "SampleA", "SampleB", "SampleChroma", "SampleHue", "SampleCondition",
+                                      "SampleGamut", "SelectedColour", "TableCondition", "Tools"})
+        ExecuteCallback(element, "OnUpdate", {});
+}
+
 void SampleWindow::Select(long sample) {
     long const former = std::exchange(selected_, sample);
     if (former == sample) return;
@@ -375,10 +383,7 @@ void SampleWindow::Select(long sample) {
         for (long const changed : {former, sample})
             if (pages_.IsShown(changed)) ExecuteCallback(PatchName(changed).c_str(), "OnUpdate", {});
     }
-    for (char const* const element : {"SamplePage", "SampleName", "SamplePosition", "SampleLightness",
-                                      "SampleA", "SampleB", "SampleChroma", "SampleHue", "SampleCondition",
-                                      "SampleGamut", "SelectedColour", "TableCondition", "Tools"})
-        ExecuteCallback(element, "OnUpdate", {});
+    UpdateDetails();
     ExecuteCallback("Spectra", "OnUpdate", "Properties");
     // The tolerance is around the selected one.
     ExecuteCallback(labChart, "OnUpdate", {});
@@ -435,8 +440,5 @@ SampleWindow::GetSample(Anything const& sampleKey) {
     if (sample < 0) return {};
     return At(sample).sample;
 }
-
-void SampleWindow::DataChanged(Anything const& /*sampleKey*/, Anything const& /*what*/) {}
-bool SampleWindow::IsLocked(Anything const& /*sampleKey*/, Anything const& /*what*/) { return true; }
 
 } // namespace ColourDesk

@@ -3,6 +3,7 @@
 #include "gui/elements/DataAccess.h"
 #include "gui/elements/DialogHandler.h"
 #include "hosts/colourdesk/SampleDocument.h"
+#include "hosts/colourdesk/SampleEdits.h"
 #include "hosts/colourdesk/SampleGrid.h"
 #include "hosts/colourdesk/SamplePages.h"
 #include "hosts/colourdesk/SampleTree.h"
@@ -33,6 +34,15 @@ public:
     void DataChanged(Utilities::Anything const& sampleKey, Utilities::Anything const& what) override;
     bool IsLocked(Utilities::Anything const& sampleKey, Utilities::Anything const& what) override;
 
+    /// Whatever is selected can be copied, as a picture and as numbers; changes of samples can be undone.
+    bool CanCopy(Utilities::String const& element) override;
+    void Copy(Utilities::String const& element) override;
+    bool CanUndo(Utilities::String const& element) override;
+    void Undo(Utilities::String const& element) override;
+    /// Whether closing the window would lose changes.
+    bool HasUnsavedChanges() const { return edits_.AreUnsaved(); }
+    void OnSaved() { edits_.OnSaved(); }
+
     /// A file may be dropped anywhere on the panes.
     GUI::DropEffect OnDragOver(GUI::PlatformIndependentWindowID const& window,
                                GUI::DropDataObject const& data, GUI::KeyState const& keyState, long x,
@@ -52,6 +62,7 @@ public:
     static constexpr char const* languageItem = "Language";
     static constexpr char const* nextLanguageItem = "NextLanguage";
     static constexpr char const* openItem = "OpenFile";
+    static constexpr char const* aboutItem = "About";
     static constexpr char const* saveItem = "SaveFileAs";
     static constexpr char const* quitItem = "Quit";
     static constexpr char const* reportItem = "Report";
@@ -116,6 +127,10 @@ private:
     /// "1 to 2800 of 100000", empty if all samples are shown.
     std::string PageText() const;
     void UpdateCharts();
+    /// Everything that shows the selected sample's texts.
+    void UpdateDetails();
+    void OnTextsChanged(long sample);
+    GUI::GUIElement* FindCopied(Utilities::String const& element) const;
     /// Shows the charts or the table.
     void ShowView(Utilities::String const& view);
     void UpdateGrid();
@@ -129,6 +144,7 @@ private:
     long Count() const { return static_cast<long>(document_.GetSamples().size()); }
 
     SampleDocument document_;
+    SampleEdits edits_{document_};
     SampleGrid grid_{document_.GetSamples()};
     SampleTree tree_{document_};
     Utilities::String view_;

@@ -2,6 +2,7 @@
 #include "Utilities/Plugin.h"
 #include "Utilities/ProgramDirectory.h"
 #include "hosts/colourdesk/ColourDesk.h"
+#include "hosts/colourdesk/Version.h"
 
 #include <cstdio>
 #include <exception>
@@ -35,6 +36,10 @@ int main(int argc, char** argv) {
         auto const options = ColourDesk::Options::Parse({argv + 1, argv + argc});
         if (options.help) {
             std::fputs(ColourDesk::Options::Usage(), stdout);
+            return 0;
+        }
+        if (options.version) {
+            std::printf("Colour Desk %s\n", ColourDesk::version);
             return 0;
         }
         return RunColourDesk(options);

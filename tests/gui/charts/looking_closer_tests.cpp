@@ -154,6 +154,42 @@ TEST_F(LookingCloser, ScalesAreRoundAndTextsKeepApart) {
     EXPECT_THAT(narrow, Not(Contains(HasSubstr("\"450\"")))) << "numbers thin out";
 }
 
+/// A context that is told which part of the pane is painted.
+struct PartContext : RecordingDeviceContext, GUI::PaintedPart {
+    explicit PartContext(GUI::PaneBox const& box) : box_(box) {}
+    std::optional<GUI::PaneBox> GetPaintedBox() const override { return box_; }
+    GUI::PaneBox box_;
+};
+
+TEST_F(LookingCloser, AFeedAddsValuesByRangeAndPaintsTheirPart) {
+    MakeCurves({{"Live", "Yes"}});
+    constexpr std::uint32_t many = 3000;
+    Anything::VectorOfAnythings column(many + 1);
+    column[0] = "feed";
+    for (std::uint32_t i = 1; i <= many; ++i) column[i] = 0.5;
+    source.values[{"E", "1"}] = Anything(column);
+    source.values[{"E", "XScaleEnd"}] = 400.0 + many;
+    source.values[{"E", "ValueStep"}] = "1";
+    source.Fire("E", "OnUpdate", "Properties");
+    source.Fire("E", "OnUpdate", "1;1-3000;1");
+    source.values[{"E", "1;3000-3001"}] = Column({0.25, 0.75});
+    int const before = source.asked[{"E", "1"}];
+    source.Fire("E", "OnUpdate", "3000;1-3001;1");
+    EXPECT_EQ(source.asked[FakeDataSource::Key("E", "1")], before) << "the old ones aren't asked for again";
+    std::string const table = GUI::NumberTableOf(*element).GetStdString();
+    EXPECT_NE(table.find("\n3398\t0.5\n3399\t0.25\n3400\t0.75\n"), std::string::npos);
+    PartContext part({90, 0, 100, 50});
+    Get().OnPaint(part);
+    RecordingDeviceContext whole;
+    Get().OnPaint(whole);
+    EXPECT_LT(part.GetRows("LineTo").size(), whole.GetRows("LineTo").size());
+    auto const ends = [](RecordingDeviceContext const& context) {
+        auto const rows = context.GetRows("LineTo");
+        return std::vector(rows.end() - 4, rows.end());
+    };
+    EXPECT_EQ(ends(part), ends(whole)) << "the same pixels";
+}
+
 struct SpotsCloser : testing::Test, ChartFixture<GUI::XYColorChart> {};
 
 TEST_F(SpotsCloser, KeepTheirProportionsAndTellTheNextOne) {

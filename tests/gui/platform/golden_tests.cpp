@@ -1,6 +1,8 @@
 // A few pictures, named by state, for what only pixels show. NORVELIAN_WRITE_GOLDENS=1 writes them again;
 // look at them before committing. No text is drawn: fonts differ between machines.
 #include "Utilities/NamingService.h"
+#include "gui/elements/DialogHandler.h"
+#include "gui/elements/DropDataObject.h"
 #include "gui/elements/Pane.h"
 #include "gui/elements/drawing/ImageServiceInterface.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
@@ -9,10 +11,12 @@
 
 #include <QApplication>
 #include <QImage>
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -33,6 +37,25 @@ struct Golden {
     char const* message = "";
     /// What happens to it before it is painted.
     std::function<void(GUI::Pane&)> act = {};
+    /// Where something is dragged over it, after a first paint.
+    std::optional<std::pair<long, long>> drag = {};
+};
+
+/// A data source that takes every drag.
+struct DropTarget : GUI::DialogHandler {
+    FakeDataSource values;
+
+    Anything GetValue(Utilities::String const& element, Utilities::String const& name) override {
+        return values.GetValue(element, name);
+    }
+    GUI::DropEffect OnDragOver(GUI::PlatformIndependentWindowID const&, GUI::DropDataObject const&,
+                               GUI::KeyState const&, long, long) override {
+        return GUI::DropEffect::Copy;
+    }
+};
+struct NoData : GUI::DropDataObject {
+    bool HasFormat(Utilities::String const&) const override { return false; }
+    Anything GetData(Utilities::String const&) const override { return {}; }
 };
 
 Anything Column(std::string const& name, double base, double height, double centre) {
@@ -208,6 +231,28 @@ std::vector<Golden> Goldens() {
          HarmonyWith(2),
          "data",
          Select},
+        {"color-wheel-dragged-over", "ColorWheel", 180, 180, {}, Harmony, "data", {}, std::pair(130L, 60L)},
+        {"color-wheel-insert-between",
+         "ColorWheel",
+         180,
+         180,
+         {{"Smooth", "Yes"}},
+         [](FakeDataSource& source) {
+             Harmony(source);
+             source.values[{"E", "MaxNumberOfSlices"}] = 12L;
+         },
+         "data",
+         {},
+         std::pair(130L, 60L)},
+        {"sky-dragged-over",
+         "PalimarSky",
+         240,
+         240,
+         {{"OuterRadius", "115"}, {"InnerRadius", "90"}},
+         Harmony,
+         "data",
+         {},
+         std::pair(120L, 100L)},
     };
 }
 
@@ -219,12 +264,13 @@ void TakeImages() {
     images->SetBitmap("Warnung", bitmap);
 }
 
-QImage Paint(Golden const& golden) {
+/// By parts of that size, or as a whole.
+QImage Paint(Golden const& golden, QSize const& partSize = {}) {
     QWidget parent;
     GUI::PlatformIndependentWindowID_PC identity;
     identity.SetWindow(&parent);
-    FakeDataSource source;
-    if (golden.data) golden.data(source);
+    DropTarget source;
+    if (golden.data) golden.data(source.values);
     GUI::DescriptionTree node;
     node["ElementName"] = "E";
     for (auto const& [key, value] : golden.attributes) node[key] = value;
@@ -235,9 +281,24 @@ QImage Paint(Golden const& golden) {
     if (golden.act) golden.act(dynamic_cast<GUI::Pane&>(*element));
     QImage image(golden.width, golden.height, QImage::Format_RGB32);
     image.fill(Qt::magenta);
-    {
+    auto& pane = dynamic_cast<GUI::Pane&>(*element);
+    auto const paint = [&] {
         GUI::PlatformIndependentDeviceContext_PC context(image);
-        dynamic_cast<GUI::Pane&>(*element).OnPaint(context);
+        pane.OnPaint(context);
+    };
+    if (!partSize.isEmpty()) {
+        for (int y = 0; y < golden.height; y += partSize.height())
+            for (int x = 0; x < golden.width; x += partSize.width()) {
+                GUI::PlatformIndependentDeviceContext_PC context(
+                    image, {QPoint(), QRect(QPoint(x, y), partSize)}, {&image, QPoint()});
+                pane.OnPaint(context);
+            }
+        return image;
+    }
+    paint();
+    if (golden.drag) {
+        pane.OnDragOver(NoData(), GUI::KeyState(), golden.drag->first, golden.drag->second);
+        paint();
     }
     return image;
 }
@@ -260,5 +321,23 @@ TEST(GoldenPictures, AreWhatIsDrawn) {
         QString const actual = QString(GOLDENS_ACTUAL) + "/" + golden.state + ".png";
         drawn.save(actual);
         ADD_FAILURE() << golden.state << " is drawn otherwise: " << actual.toStdString();
+    }
+}
+
+TEST(GoldenPictures, AreTheSameByParts) {
+    TakeImages();
+    for (Golden const& golden : Goldens()) {
+        if (golden.drag) continue;
+        QImage const whole = Paint(golden);
+        QImage const parts = Paint(golden, QSize(37, 29));
+        // Where a part cuts an edge, what it covers of a pixel is rounded otherwise.
+        int farthest = 0;
+        for (int y = 0; y < whole.height(); ++y)
+            for (int x = 0; x < whole.width(); ++x)
+                for (int const shift : {0, 8, 16})
+                    farthest =
+                        std::max(farthest, std::abs(static_cast<int>(whole.pixel(x, y) >> shift & 255U) -
+                                                    static_cast<int>(parts.pixel(x, y) >> shift & 255U)));
+        EXPECT_LE(farthest, 1) << golden.state;
     }
 }
