@@ -4,6 +4,10 @@
 #include "gui/elements/Pane.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 
+#include <QApplication>
+#include <QGraphicsRectItem>
+#include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QImage>
 #include <QPainter>
 #include <random>
@@ -112,6 +116,42 @@ void Rectangles(benchmark::State& state) {
     }
 }
 
+/// One zone's state is another, until its box shows it.
+void OurZone(benchmark::State& state) {
+    Press press(900, 600);
+    auto& surface = *Bench::WidgetOf(*press.window);
+    for (int i = 0; i < 10; ++i) QApplication::processEvents();
+    long zone = 0;
+    for (auto _ : state) {
+        ++zone;
+        press.source.values["ToleranceStates"] =
+            Vector(zones, [zone](int i) { return Anything(i == 5 ? zone % 3 : 0L); });
+        press.pane->OnUpdate("ToleranceStates");
+    }
+    QColor const expected[] = {QColor(20, 178, 109), QColor(255, 249, 164), QColor(233, 0, 41)};
+    QColor const shown = surface.grab().toImage().pixelColor(900 * 11 / 64, 592);
+    if (shown != expected[zone % 3]) state.SkipWithError("the box doesn't show its state");
+}
+
+/// The same with an item for each rectangle of the picture.
+void SceneZone(benchmark::State& state) {
+    QGraphicsScene scene(0, 0, 900, 600);
+    for (int i = 0; i < patches; ++i) scene.addRect(3 * i, 550, 3, 6, Qt::NoPen, Qt::blue);
+    for (int i = 0; i < fields; ++i)
+        scene.addRect(i * 7919 % 890, i * 104729 % 540, 4, 4, Qt::NoPen, Qt::red);
+    std::vector<QGraphicsRectItem*> boxes;
+    for (int i = 0; i < zones; ++i) boxes.push_back(scene.addRect(i * 28, 588, 24, 8, Qt::NoPen, Qt::green));
+    QGraphicsView view(&scene);
+    view.resize(910, 610);
+    view.show();
+    for (int i = 0; i < 10; ++i) QApplication::processEvents();
+    int turn = 0;
+    for (auto _ : state) {
+        boxes[5]->setBrush(QColor(20, 178, ++turn % 256));
+        QApplication::processEvents();
+    }
+}
+
 // ------------------------------------------------------------------ sheets
 
 constexpr int headerWidth = 200;
@@ -172,6 +212,8 @@ int main(int argc, char** argv) {
     auto const us = benchmark::kMicrosecond;
     benchmark::RegisterBenchmark("press.table/ours", OurTable)->Unit(us);
     benchmark::RegisterBenchmark("press.table/floor:QPainter.fillRect", Rectangles)->Unit(us);
+    benchmark::RegisterBenchmark("press.zone/ours", OurZone)->Unit(us);
+    benchmark::RegisterBenchmark("press.zone/peer:QGraphicsScene", SceneZone)->Unit(us);
     benchmark::RegisterBenchmark("press.sheets-30000/ours", OurSheets)->Unit(us);
     benchmark::RegisterBenchmark("press.sheets-30000/floor:visible-lines", VisibleSheets)->Unit(us);
     benchmark::RunSpecifiedBenchmarks();

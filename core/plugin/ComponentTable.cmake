@@ -172,6 +172,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/press/CNorvelianPPressButton.cpp
   gui/press/PaperPressButton.cpp
   gui/press/PressText.cpp
+  gui/press/TablePictureZones.cpp
   gui/platform/DeviceContextSmooth_PC.cpp
   gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp

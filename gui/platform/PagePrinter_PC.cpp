@@ -3,11 +3,11 @@
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/platform/TextConversion_PC.h"
 
+#include <QBuffer>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrinter>
-#include <QPrinterInfo>
+#include <QProcess>
 #include <QSaveFile>
 #include <utility>
 
@@ -41,6 +41,13 @@ template <class Run> void InContext(QPainter& painter, double scale, Run run) {
     painter.restore();
 }
 
+std::size_t WritePdf(QIODevice& file, Paper const& paper, PagedDrawing& drawing) {
+    QPdfWriter writer(&file);
+    writer.setResolution(dotsAnInch);
+    writer.setPageLayout(LayoutOf(paper));
+    return PrintPages(writer, drawing);
+}
+
 } // namespace
 
 std::size_t PrintPages(QPagedPaintDevice& device, PagedDrawing& drawing) {
@@ -62,26 +69,31 @@ std::size_t PrintPages(QPagedPaintDevice& device, PagedDrawing& drawing) {
     return painter.end() ? count : 0;
 }
 
+bool SendToPrinter(QByteArray const& pdf, std::string const& printer) {
+    QProcess program;
+    QStringList arguments;
+    if (!printer.empty()) arguments << "-d" << QString::fromStdString(printer);
+    program.start("lp", arguments, QIODevice::ReadWrite);
+    if (!program.waitForStarted()) return false;
+    program.write(pdf);
+    program.closeWriteChannel();
+    return program.waitForFinished() && program.exitStatus() == QProcess::NormalExit &&
+           program.exitCode() == 0;
+}
+
 std::size_t PrintPagesToPdf(Utilities::String const& file, Paper const& paper, PagedDrawing& drawing) {
     QSaveFile target(ToPlatformText(file));
     if (!target.open(QIODevice::WriteOnly)) return 0;
-    std::size_t count = 0;
-    {
-        QPdfWriter writer(&target);
-        writer.setResolution(dotsAnInch);
-        writer.setPageLayout(LayoutOf(paper));
-        count = PrintPages(writer, drawing);
-    }
+    std::size_t const count = WritePdf(target, paper, drawing);
     return count != 0 && target.commit() ? count : 0;
 }
 
 std::size_t PrintPagesToPrinter(Utilities::String const& printer, Paper const& paper, PagedDrawing& drawing) {
-    QPrinterInfo const info = printer.Length() == 0 ? QPrinterInfo::defaultPrinter()
-                                                    : QPrinterInfo::printerInfo(ToPlatformText(printer));
-    if (info.isNull()) return 0;
-    QPrinter device(info, QPrinter::HighResolution);
-    device.setPageLayout(LayoutOf(paper));
-    return device.isValid() ? PrintPages(device, drawing) : 0;
+    QByteArray pdf;
+    QBuffer file(&pdf);
+    file.open(QIODevice::WriteOnly);
+    std::size_t const count = WritePdf(file, paper, drawing);
+    return count != 0 && SendToPrinter(pdf, printer.GetStdString()) ? count : 0;
 }
 
 } // namespace GUI

@@ -1,21 +1,21 @@
 #include "gui/press/TablePicture.h"
 
-#include "gui/charts/ScaleMap.h"
 #include "gui/elements/description/ElementRegistration.h"
-#include "gui/elements/drawing/VerdictSign.h"
+#include "gui/press/TableDrawing.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace GUI {
 
 using Utilities::Anything;
 using Utilities::String;
 
-namespace {
+using namespace TableDrawing;
 
-using Context = PlatformIndependentDeviceContext;
+namespace {
 
 constexpr char const* ownGround = "the ground is the sheet's";
 constexpr Attribute typeKey{"Type", AttributeType::Number, "1", "1 shows the sheet, 2 the ink zones"};
@@ -62,37 +62,20 @@ constexpr char const* statesCommand = "ToleranceStates";
 /// A pixel has 16 bits, so more can't be told apart.
 constexpr long mostZones = std::numeric_limits<short>::max();
 constexpr std::uint32_t zoneReserve = 6;
-constexpr long warningState = 1;
-constexpr long outState = 2;
+/// Of a field's mark with its number, to each side.
+constexpr int fieldReach = 64;
 
 RGBVector const white(255, 255, 255);
 RGBVector const black;
 RGBVector const zoneGround{ThemeRole::Panel, white};
 RGBVector const zoneInk{ThemeRole::Axis, black};
-RGBVector const quietLine{ThemeRole::Grid, RGBVector(233, 233, 233)};
 RGBVector const selectedFieldColor(95, 200, 126);
 RGBVector const fieldMarkColor(0, 0, 128);
 RGBVector const positionColor(28, 200, 28);
-RGBVector const good{ThemeRole::Pass, RGBVector(20, 178, 109)};
-RGBVector const warning{ThemeRole::Warn, RGBVector(255, 249, 164)};
-RGBVector const bad{ThemeRole::Fail, RGBVector(233, 0, 41)};
-RGBVector const paleGood{ThemeRole::Band, RGBVector(233, 233, 233)};
-RGBVector const boxOutline{ThemeRole::Border, RGBVector(128, 128, 128)};
 
-short Short(long value) { return ScaleMap::ToShort(static_cast<double>(value)); }
-
-void UseColor(Context& context, RGBVector const& color, long width = 1) {
-    context.SetBrush(color);
-    context.SetPen(color, width, Context::solid);
-}
 void FillAround(Context& context, int x, int y, int radius) {
     context.FillEllipse(Short(x - radius), Short(y - radius), Short(x + radius), Short(y + radius));
 }
-bool IsOff(long state) { return state == warningState || state == outState; }
-void Line(Context& context, int x1, int y1, int x2, int y2) {
-    context.DrawLine(Short(x1), Short(y1), Short(x2), Short(y2));
-}
-
 std::vector<long> ToLongs(Anything const& value) {
     std::vector<long> numbers;
     for (Anything const& number : value.GetVectorOfAnythings()) numbers.push_back(number.GetLong());
@@ -147,7 +130,12 @@ long TablePicture::OnUpdate(Anything const& command) {
     }
     if (all || message == selectionCommand) ReadSelection();
     if (all) table_ = ReadTable();
-    if (message == statesCommand) table_.states = ReadStates();
+    if (message == statesCommand) {
+        auto states = ReadStates();
+        if (!IsAttached()) return result;
+        if (!HasNoRepaint(command)) return TakeStates(std::move(states)), result;
+        table_.states = std::move(states);
+    }
     if (IsAttached() && !HasNoRepaint(command)) Repaint();
     return result;
 }
@@ -162,7 +150,9 @@ void TablePicture::ReadSelection() {
 }
 
 TablePicture::Table TablePicture::ReadTable() {
-    Table table = {table_.size, {}, {}, {}, table_.zones, {}};
+    Table table;
+    table.size = table_.size;
+    table.zones = table_.zones;
     if (Anything const size = GetValue("TableSize"); size.IsValid()) table.size = ToPlace(size);
     VisitMaps(GetValue("MeasureStrip"), [&table](Anything::MapOfAnythings const& entry) {
         auto const corners = ToLongs(entry["Coordinates"]);
@@ -179,6 +169,10 @@ TablePicture::Table TablePicture::ReadTable() {
         auto const numbers = ToLongs(entry["Coordinates"]);
         for (std::size_t i = 0; i + 1 < numbers.size(); i += 2)
             field.places.emplace_back(numbers[i], numbers[i + 1]);
+        for (auto const& [x, y] : field.places) {
+            table.fieldsFrom = {std::min(table.fieldsFrom.first, x), std::min(table.fieldsFrom.second, y)};
+            table.fieldsTo = {std::max(table.fieldsTo.first, x), std::max(table.fieldsTo.second, y)};
+        }
     });
     if (Anything const marks = GetValue("RegisterMarks"); marks.IsValid())
         for (Anything const& mark : marks.GetVectorOfAnythings()) table.marks.push_back(ToPlace(mark));
@@ -245,10 +239,13 @@ TablePicture::Pixel TablePicture::At(double x, double y) {
 void TablePicture::OnPaint(PlatformIndependentDeviceContext& context) {
     Pane::OnPaint(context);
     if (IsEmpty()) return;
+    auto const* const part = dynamic_cast<PaintedPart const*>(&context);
+    painted_ = part ? part->GetPaintedBox() : std::nullopt;
     if (hasSurround_) PaintSheet(context);
     if (type_ == zoneType) PaintZoneFrame(context);
     for (Strip const& strip : table_.strips) PaintStrip(context, strip);
-    for (Field const& field : table_.fields) PaintField(context, field);
+    if (MeetsFields())
+        for (Field const& field : table_.fields) PaintField(context, field);
     if (!table_.marks.empty()) context.SetPen(ink_, 1, Context::solid);
     for (Place const& mark : table_.marks) PaintMark(context, At(mark));
     if (hasSelectedPosition_) PaintSelectedPosition(context);
@@ -262,27 +259,6 @@ void TablePicture::PaintSheet(PlatformIndependentDeviceContext& context) {
     context.FillRectangle(Short(from.x), Short(from.y), Short(to.x), Short(to.y));
 }
 
-void TablePicture::PaintZoneFrame(PlatformIndependentDeviceContext& context) {
-    auto const [width, height] = GetExtent();
-    int const paperHeight = GetPaperHeight();
-    int const foot = height - static_cast<int>(bottomReserve_ / 2);
-    context.SetPen(ink_, static_cast<long>(bottomReserve_), Context::solid);
-    Line(context, 0, foot, width, foot);
-    if (table_.zones > 1) {
-        context.SetPen(quietLine, 2, Context::solid);
-        for (int quarter = 1; quarter <= 3; ++quarter)
-            Line(context, 0, quarter * (paperHeight / 4), width, quarter * (paperHeight / 4));
-        for (long i = 0; i < table_.zones; ++i) {
-            context.SetPen(IsGraduated(i + 1) ? ink_ : quietLine, IsGraduated(i + 1) ? 1 : 2, Context::solid);
-            int const x = At(static_cast<double>(i + 1) * ZoneWidth(), 0).x;
-            Line(context, x, 0, x, paperHeight);
-        }
-    }
-    context.SetPen(ink_, 1, Context::solid);
-    Line(context, 0, 0, 0, height);
-    Line(context, width - 1, 0, width - 1, height);
-}
-
 void TablePicture::PaintStrip(PlatformIndependentDeviceContext& context, Strip const& strip) {
     if (strip.colors.empty()) return;
     constexpr int half = 2;
@@ -293,6 +269,7 @@ void TablePicture::PaintStrip(PlatformIndependentDeviceContext& context, Strip c
     auto [x, x2] = std::minmax({one.x, other.x});
     auto [y, y2] = std::minmax({one.y, other.y});
     bool const runsAlongX = x2 - x > y2 - y;
+    if (!Meets(painted_, x - size, y - size, x2 + 2 * size, y2 + 2 * size)) return;
     // One at the pane's edge is whole.
     x = std::max(x, half);
     y = std::max(y, half);
@@ -300,19 +277,28 @@ void TablePicture::PaintStrip(PlatformIndependentDeviceContext& context, Strip c
     y2 = std::max(y2, y + half);
     auto color = strip.colors.begin();
     while (x - half <= x2 && x + half <= width && y - half <= y2 && y + half <= height) {
-        UseColor(context, *color);
-        int const right = x + half > x2 ? x2 - x + 1 : size;
-        int const lower = y + half > y2 ? y2 - y + 1 : size;
-        context.FillRectangle(Short(x - half), Short(y - half), Short(x + right), Short(y + lower));
+        if (Meets(painted_, x - half, y - half, x + size, y + size)) {
+            UseColor(context, *color);
+            int const right = x + half > x2 ? x2 - x + 1 : size;
+            int const lower = y + half > y2 ? y2 - y + 1 : size;
+            context.FillRectangle(Short(x - half), Short(y - half), Short(x + right), Short(y + lower));
+        }
         if (++color == strip.colors.end()) color = strip.colors.begin();
         (runsAlongX ? x : y) += size;
     }
+}
+
+bool TablePicture::MeetsFields() {
+    Pixel const from = At(table_.fieldsFrom);
+    Pixel const to = At(table_.fieldsTo);
+    return Meets(painted_, from.x - fieldReach, from.y - fieldReach, to.x + fieldReach, to.y + fieldReach);
 }
 
 void TablePicture::PaintField(PlatformIndependentDeviceContext& context, Field const& field) {
     bool const isSelected = field.index == selectedField_;
     for (Place const& place : field.places) {
         auto const [x, y] = At(place);
+        if (!Meets(painted_, x - fieldReach, y - fieldReach, x + fieldReach, y + fieldReach)) continue;
         if (type_ == sheetType) {
             if (isSelected && !neutralMarks_) {
                 UseColor(context, selectedFieldColor);
@@ -355,46 +341,6 @@ void TablePicture::PaintSelectedPosition(PlatformIndependentDeviceContext& conte
     context.DrawEllipse(Short(x - 9), Short(y - 9), Short(x + 9), Short(y + 9));
     Line(context, x - 6, y - 6, x + 6, y + 6);
     Line(context, x + 6, y - 6, x - 6, y + 6);
-}
-
-void TablePicture::PaintZones(PlatformIndependentDeviceContext& context) {
-    int const half = (At(ZoneWidth(), 0).x - 4) / 2;
-    int const bottom = GetExtent().y - static_cast<int>(bottomReserve_ / 2);
-    int const top = bottom - 2 * (boxHeight_ / 2);
-    context.SetFont(fontSize_, 0, 0, fontName_, bold_);
-    long textWidth = 0;
-    long textHeight = 0;
-    context.GetTextExtent("X", textWidth, textHeight);
-    for (long i = 0; i < std::min(table_.zones, static_cast<long>(table_.states.size())); ++i) {
-        long const state = table_.states[static_cast<std::size_t>(i)];
-        int const middle = At(static_cast<double>(i) * ZoneWidth() + ZoneWidth() / 2.0, 0).x;
-        PaintZoneBox(context, state, {middle - half, top}, {middle + half, bottom});
-        int const highest = signs_ && IsOff(state) ? PaintZoneSign(context, state, middle, top, bottom) : top;
-        if (!IsGraduated(i)) continue;
-        context.SetTextColor(ink_);
-        context.DrawText(Short(middle - half + 1), Short(highest - textHeight), String(i + 1));
-    }
-}
-
-void TablePicture::PaintZoneBox(PlatformIndependentDeviceContext& context, long state, Pixel from,
-                                Pixel to) const {
-    if (IsOff(state))
-        UseColor(context, state == outState ? bad : warning);
-    else
-        UseColor(context, signs_ ? paleGood : good, 0);
-    if (signs_ && state != outState) context.SetPen(IsOff(state) ? ink_ : boxOutline, 1, Context::solid);
-    context.FillRectangle(Short(from.x), Short(from.y), Short(to.x), Short(to.y));
-}
-
-int TablePicture::PaintZoneSign(PlatformIndependentDeviceContext& context, long state, int middle, int top,
-                                int bottom) {
-    constexpr int size = 14;
-    VerdictKind const kind = state == outState ? VerdictKind::Fail : VerdictKind::Marginal;
-    bool const fits = bottom - top >= size && At(ZoneWidth(), 0).x - 4 >= size;
-    int const signTop = fits ? (top + bottom - size) / 2 : top - size - 1;
-    DrawVerdictSign(context, kind, fits ? VerdictTones::Reversed(kind) : VerdictTones::Of(kind),
-                    Short(middle - size / 2), Short(signTop), size);
-    return std::min(top, signTop);
 }
 
 } // namespace GUI

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "gui/elements/Pane.h"
+#include "gui/elements/PaintedPart.h"
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -60,6 +61,9 @@ private:
         Place size{0, 0};
         std::vector<Strip> strips;
         std::vector<Field> fields;
+        /// The corners of a box around all of them, and the origin.
+        Place fieldsFrom{0, 0};
+        Place fieldsTo{0, 0};
         std::vector<Place> marks;
         long zones = 0;
         std::vector<long> states;
@@ -75,6 +79,10 @@ private:
 
     Table ReadTable();
     std::vector<long> ReadStates();
+    /// Repaints the zones whose states aren't what they were.
+    void TakeStates(std::vector<long> states);
+    /// Where a zone's box, sign and number are.
+    std::pair<Pixel, Pixel> GetZoneBox(long zone);
     void ReadSelection();
 
     bool IsEmpty() const { return table_.size.first <= 0 || table_.size.second <= 0; }
@@ -93,6 +101,8 @@ private:
     void PaintSheet(PlatformIndependentDeviceContext& context);
     void PaintZoneFrame(PlatformIndependentDeviceContext& context);
     void PaintStrip(PlatformIndependentDeviceContext& context, Strip const& strip);
+    /// Whether a field may be in the part that is painted.
+    bool MeetsFields();
     void PaintField(PlatformIndependentDeviceContext& context, Field const& field);
     void PaintMark(PlatformIndependentDeviceContext& context, Pixel at) const;
     void PaintSelectedPosition(PlatformIndependentDeviceContext& context);
@@ -102,6 +112,8 @@ private:
     int PaintZoneSign(PlatformIndependentDeviceContext& context, long state, int middle, int top, int bottom);
 
     Table table_;
+    /// Of the paint that is going on; none for all.
+    std::optional<PaneBox> painted_;
     long selectedField_ = -1;
     Place selectedPosition_{0, 0};
     bool hasSelectedPosition_ = false;

@@ -6,6 +6,7 @@
 #include "core/base/Exceptions.h"
 #include "gui/elements/Pane.h"
 #include "gui/layout/FrameBox.h"
+#include "gui/platform/PagePrinter_PC.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 #include "gui/platform/PlatformIndependentWindowID_PC.h"
 #include "gui/platform/SvgDeviceContext_PC.h"
@@ -16,7 +17,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QProcess>
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
@@ -162,19 +162,6 @@ std::string DrawSvg(Subject const& subject, double scale) {
     return svg + "</svg>\n";
 }
 
-/// To the printing system's own program, which takes PDF. False if there is none, or it refuses.
-bool SendToPrinter(QByteArray const& page, std::string const& printer) {
-    QProcess program;
-    QStringList arguments;
-    if (!printer.empty()) arguments << "-d" << QString::fromStdString(printer);
-    program.start("lp", arguments, QIODevice::ReadWrite);
-    if (!program.waitForStarted()) return false;
-    program.write(page);
-    program.closeWriteChannel();
-    return program.waitForFinished() && program.exitStatus() == QProcess::NormalExit &&
-           program.exitCode() == 0;
-}
-
 bool Write(std::string const& path, std::string_view bytes) {
     try {
         Utilities::WriteFileAtomically(path, bytes);
@@ -194,12 +181,10 @@ QImage ElementPicture_PC::Draw(GUIElement& element, ElementRendering const& rend
 }
 
 void ElementPicture_PC::Draw(GUIElement& element, QPainter& painter, QRect const& box, Theme const* theme) {
-    DrawTree(element, box.topLeft() - BoxOf(element).topLeft(), box,
-             [&](Pane& pane, SurfacePart const& part) {
-                 PlatformIndependentDeviceContext_PC context(painter, part);
-                 context.SetTheme(theme);
-                 pane.OnPaint(context);
-             });
+    painter.save();
+    painter.translate(box.topLeft());
+    DrawThrough(painter, {element, box.size(), theme ? std::optional(*theme) : std::nullopt}, nullptr);
+    painter.restore();
 }
 
 std::string ElementPicture_PC::Render(GUIElement& element, ElementRendering const& rendering) {

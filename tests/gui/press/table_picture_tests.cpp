@@ -77,7 +77,14 @@ TEST_F(TablePictureTest, PaintsZonesAndTheirStates) {
                     "SetPen 255,249,164 1 0", "FillRectangle 52 95 98 103",   "SetBrush 233,0,41",
                     "SetPen 233,0,41 1 0",    "FillRectangle 102 95 148 103", "SetTextColor 0,0,0",
                     "DrawText 103 85 \"3\""}));
+    int const paints = host.GetPaintCount(Pane());
+    Set("ToleranceStates", Longs({2, 1, 2}));
     Set("NumberOfZones", 1L);
+    element->OnUpdate("ToleranceStates");
+    EXPECT_EQ(host.GetPaintCount(Pane()), paints + 1) << "the one zone that changed";
+    EXPECT_EQ(Paint("SetBrush 233,0,41").size(), 2U);
+    element->OnUpdate("ToleranceStates");
+    EXPECT_EQ(host.GetPaintCount(Pane()), paints + 1) << "nothing did";
     element->OnUpdate({});
     EXPECT_EQ(Paint("DrawLine"),
               (Rows{"DrawLine 0 103 200 103", "DrawLine 0 0 0 106", "DrawLine 199 0 199 106"}));
