@@ -42,6 +42,11 @@ public:
                      Utilities::Callback const& callback) override;
     /// Always invalid.
     Utilities::Callback GetCallback(Utilities::String const& element, Utilities::String const& name) override;
+    /// Who copies the chart copies what is in it.
+    SupportsCopyPaste& GetCopyPasteHandler(Utilities::String const& element) override {
+        DialogDataSource* const outer = GetDataSource();
+        return outer ? outer->GetCopyPasteHandler(element) : DialogDataSource::GetCopyPasteHandler(element);
+    }
     /// A child that is destroyed takes its callbacks out.
     void RemoveAllCallbacks(Utilities::String const& element) override { callbacks_.Remove(element); }
 

@@ -1,12 +1,10 @@
 // Tables without a window: axes against a plain list of sizes, styles, history, sorting, exchange with other
-// programs, and what mouse and keys do.
+// programs, pages.
 #include "gui/grid/GridPages.h"
 #include "gui/grid/model/GridNumber.h"
 #include "gui/grid/printing/GridPrintLayout.h"
-#include "gui/grid/view/CGXGridWnd.h"
-#include "tests/support/RecordingDeviceContext.h"
+#include "tests/gui/grid/GridWindowFixture.h"
 
-#include <gtest/gtest.h>
 #include <numeric>
 #include <random>
 #include <set>
@@ -15,70 +13,7 @@ namespace {
 
 using namespace GUI;
 using Utilities::String;
-
-/// A window of 300 by 100 that writes down what is asked of it.
-class Window : public CGXGridWnd, public GridObserver {
-public:
-    Window(long rows, long columns) {
-        SetObserver(this);
-        SetRowCount(rows);
-        SetColCount(columns);
-        OnSize(300, 100);
-        for (long row = 1; row <= std::min(rows, 100L); ++row)
-            for (long column = 1; column <= columns; ++column)
-                SetStyleRange(GridRange::Of({row, column}), Value(std::to_string(row * 10 + column)));
-        asked.clear();
-    }
-    static CGXStyle Value(std::string const& text) {
-        CGXStyle style;
-        style.value = String(text);
-        return style;
-    }
-    std::string At(long row, long column) const { return GetCore().GetText({row, column}); }
-    std::string TakeAsked() { return std::exchange(asked, {}); }
-    void Press(GridKey key, bool shift = false, bool control = false) { OnKey(key, {shift, control}); }
-    std::string Selected() const {
-        std::string text;
-        for (GridRange const& range : GetSelection().GetRanges())
-            text += std::to_string(range.top) + "," + std::to_string(range.left) + "-" +
-                    std::to_string(range.bottom) + "," + std::to_string(range.right) + " ";
-        return text;
-    }
-
-    std::string asked;
-    std::string clipboard;
-    std::string typed;
-
-    void OnEndEditing(GridPlace const& place) override {
-        asked += "edited " + std::to_string(place.row) + "," + std::to_string(place.column) + " ";
-    }
-    void OnCellsChanged(std::vector<GridPlace> const& cells) override {
-        asked += "changed " + std::to_string(cells.size()) + " ";
-    }
-    void OnPasteRefused(long rows, long columns) override {
-        asked += "refused " + std::to_string(rows) + "x" + std::to_string(columns) + " ";
-    }
-
-protected:
-    void RepaintBox(GridBox const&) override {}
-    void ScrollPixels(GridBox const& area, long dx, long dy) override {
-        asked +=
-            "scroll " + std::to_string(area.top) + " " + std::to_string(dx) + " " + std::to_string(dy) + " ";
-    }
-    void SetScrollBars(long, long, long, long, long, long) override {}
-    void ShowEditor(GridBox const&, String const& text, CGXStyle const&, bool) override { typed = text; }
-    String GetEditorText() const override { return String(typed); }
-    void MoveEditor(GridBox const&) override {}
-    void HideEditor() override {}
-    void ShowChoices(GridBox const&, std::vector<String> const&, String const&) override {}
-    void SetCursor(GridCursor) override {}
-    long MeasureText(String const& text, CGXStyle const&) const override { return 7 * text.Length(); }
-    void StartDrag(std::string const& text, std::string const&, std::optional<RGBVector> const&) override {
-        asked += "drag " + text;
-    }
-    void SetClipboard(std::string const& text, std::string const&) override { clipboard = text; }
-    void GetClipboard(std::string& text, std::string&) const override { text = clipboard; }
-};
+using Window = Tests::GridWindow;
 
 } // namespace
 
@@ -318,126 +253,6 @@ TEST(GridNumbers, HaveTheSignsOfTheLanguage) {
                                                   "1,50");
 }
 
-TEST(GridWindow, PastesAllOrNothing) {
-    Window grid(4, 3);
-    grid.SetDecimalSign(',');
-    CGXStyle number;
-    number.number = true;
-    grid.SetColStyle(2, number);
-    grid.Select({1, 1}, {1, 1, 1, 1});
-    grid.clipboard = "x\t1,5\ny\ttext\n";
-    grid.Press(GridKey::Paste);
-    EXPECT_EQ(grid.At(1, 2) + grid.At(2, 2), "1.5text");
-    EXPECT_EQ(grid.TakeAsked(), "changed 4 ");
-    grid.Press(GridKey::Copy);
-    EXPECT_EQ(grid.clipboard, "x\t1,5\ny\ttext\n");
-    grid.Undo();
-    EXPECT_EQ(grid.At(1, 1) + grid.At(2, 2), "1122");
-    grid.TakeAsked();
-    // What doesn't fit isn't pasted in part, unless rows may be added.
-    grid.Select({4, 2}, {4, 2, 4, 2});
-    grid.Press(GridKey::Paste);
-    EXPECT_EQ(grid.TakeAsked(), "refused 2x2 ");
-    EXPECT_EQ(grid.At(4, 2), "42");
-    grid.SetMayGrow(true);
-    grid.Press(GridKey::Paste);
-    EXPECT_EQ(grid.GetRowCount(), 5);
-    EXPECT_EQ(grid.At(5, 2), "y");
-    grid.Undo();
-    EXPECT_EQ(grid.GetRowCount(), 4);
-    CGXStyle readOnly;
-    readOnly.readOnly = true;
-    grid.SetStyleRange({1, 3, 1, 3}, readOnly);
-    grid.Select({1, 2}, {1, 2, 1, 2});
-    grid.TakeAsked();
-    grid.Press(GridKey::Paste);
-    EXPECT_EQ(grid.TakeAsked(), "refused 2x2 ");
-    // One cell fills all that are selected.
-    grid.clipboard = "7";
-    grid.Select({2, 1}, {2, 1, 4, 2});
-    grid.Press(GridKey::Paste);
-    EXPECT_EQ(grid.At(2, 1) + grid.At(4, 2) + grid.At(4, 3), "7743");
-}
-
-TEST(GridWindow, KeysMoveAndSelect) {
-    Window grid(1000, 4);
-    grid.SetCurrent({1, 1});
-    grid.TakeAsked();
-    grid.Press(GridKey::Down);
-    grid.Press(GridKey::Right, true);
-    grid.Press(GridKey::Down, true);
-    EXPECT_EQ(grid.Selected(), "2,1-3,2 ");
-    grid.Press(GridKey::Left, true);
-    EXPECT_EQ(grid.Selected(), "2,1-3,1 ");
-    grid.Press(GridKey::End, false, true);
-    EXPECT_EQ(grid.Selected(), "1000,4-1000,4 ");
-    grid.TakeAsked();
-    grid.Press(GridKey::PageUp);
-    EXPECT_EQ(grid.Selected(), "995,4-995,4 ") << "5 rows of 20 fit";
-    grid.HideRows(990, 994, true);
-    grid.Press(GridKey::Up);
-    EXPECT_EQ(grid.Selected(), "989,4-989,4 ");
-    grid.MergeCells({988, 3, 989, 4});
-    grid.Press(GridKey::Up);
-    grid.Press(GridKey::Down);
-    EXPECT_EQ(grid.Selected(), "988,3-989,4 ") << "merged cells are one";
-    grid.TakeAsked();
-    grid.SetCurrent({1, 1});
-    for (int i = 0; i < 5; ++i) grid.Press(GridKey::Down);
-    EXPECT_EQ(grid.TakeAsked(), "scroll 0 0 -20 ") << "pixels are moved, one row is painted";
-    for (char const* const typed : {"4", "5"}) {
-        grid.OnTyped(typed);
-        grid.EndEditing(true);
-    }
-    EXPECT_EQ(grid.At(6, 1), "5");
-    EXPECT_EQ(grid.TakeAsked(), "edited 6,1 edited 6,1 ");
-}
-
-TEST(GridWindow, TheMouseSelectsResizesAndHides) {
-    Window grid(50, 3);
-    grid.SetFrozenRows(1);
-    grid.SetFrozenCols(1);
-    auto const drag = [&grid](long x1, long y1, long x2, long y2) {
-        grid.OnLeftButtonDown(x1, y1, {});
-        grid.OnMouseMove(x2, y2, true);
-        grid.OnLeftButtonUp(x2, y2);
-    };
-    drag(100, 30, 170, 50);
-    EXPECT_EQ(grid.Selected(), "2,2-3,3 ");
-    drag(100, 5, 170, 5);
-    EXPECT_EQ(grid.Selected(), "1,2-50,3 ") << "whole columns";
-    drag(10, 30, 10, 70);
-    EXPECT_EQ(grid.Selected(), "2,1-4,3 ") << "whole rows";
-    grid.OnLeftButtonDown(100, 30, {});
-    grid.OnLeftButtonUp(100, 30);
-    grid.OnLeftButtonDown(200, 70, {false, true});
-    grid.OnLeftButtonUp(200, 70);
-    EXPECT_EQ(grid.Selected(), "2,2-2,2 4,3-4,3 ");
-    drag(160, 5, 190, 5);
-    EXPECT_EQ(grid.GetColWidth(2), 110);
-    drag(190, 5, 81, 5);
-    EXPECT_EQ(grid.GetColWidth(2), 0);
-    drag(82, 5, 132, 5);
-    EXPECT_EQ(grid.GetColWidth(2), 52) << "pulled out again";
-    grid.Undo();
-    grid.Undo();
-    grid.Undo();
-    EXPECT_EQ(grid.GetColWidth(2), 80);
-}
-
-TEST(GridPainting, VisitsOnlyWhatIsSeen) {
-    Window grid(60000, 3);
-    grid.SetFrozenRows(1);
-    TestSupport::RecordingDeviceContext context;
-    grid.ScrollToRow(41);
-    grid.Paint(context, {0, 0, 300, 100});
-    EXPECT_EQ(context.GetRows("DrawText").size(), 3U * 5U);
-    TestSupport::RecordingDeviceContext strip;
-    grid.Paint(strip, {80, 40, 160, 60});
-    ASSERT_EQ(strip.GetRows("DrawText").size(), 1U);
-    EXPECT_NE(strip.GetRows("DrawText")[0].find("422"), std::string::npos) << strip.GetRows("DrawText")[0];
-}
-
 TEST(GridPrinting, RepeatsHeadsAndLosesNoCell) {
     Window grid(100, 9);
     GridPrintOptions options;
@@ -480,66 +295,4 @@ TEST(GridPagesOfRows, KeepWhatWasLookedAtLast) {
     auto const surplus = pages.TakeSurplus();
     ASSERT_EQ(surplus.size(), 200 - GridPages::mostBlocks);
     EXPECT_EQ(surplus.front(), 0U);
-}
-
-TEST(GridWindow, ShowsTheRowsThatAFilterLetsThrough) {
-    Window grid(6, 2);
-    for (long row = 1; row <= 6; ++row)
-        grid.SetStyleRange(GridRange::Of({row, 2}), Window::Value(row % 2 ? "Odd" : "even"));
-    grid.SetFrozenRows(1);
-    auto const shown = [&grid] {
-        std::string text;
-        for (long row = 2; row <= 6; ++row)
-            if (!grid.GetCore().GetHeights().IsHidden(row)) text += grid.At(row, 1) + " ";
-        return text;
-    };
-    grid.SetCurrent({4, 1});
-    EXPECT_TRUE(grid.FilterRows({{2, "ODD"}}));
-    EXPECT_EQ(shown(), "31 51 ");
-    EXPECT_EQ(grid.GetSelection().GetCurrent(), (GridPlace{3, 1})) << "its row is hidden";
-    EXPECT_TRUE(grid.SortRows({{1, true}}));
-    EXPECT_EQ(shown(), "51 31 ") << "sorting leaves the filter";
-    grid.SetCurrent({2, 1});
-    grid.Select({2, 1}, {2, 1, 6, 1});
-    grid.Copy();
-    EXPECT_EQ(grid.clipboard, "51\n31\n") << "what is hidden isn't copied";
-    grid.OnTyped("9");
-    grid.typed = "99";
-    grid.EndEditing(true);
-    EXPECT_TRUE(grid.FilterRows({{1, ">=41"}}));
-    EXPECT_EQ(shown(), "99 61 41 ") << "the change went to its row, the numbers are compared";
-    grid.Undo();
-    grid.Undo();
-    EXPECT_EQ(shown(), "51 31 ");
-    grid.Undo();
-    grid.Undo();
-    EXPECT_EQ(shown(), "21 31 41 51 61 ");
-    for (int i = 0; i < 4; ++i) grid.Redo();
-    EXPECT_EQ(shown(), "99 61 41 ");
-    EXPECT_TRUE(grid.FilterRows({}));
-    EXPECT_EQ(shown(), "99 61 41 31 21 ") << "still sorted";
-}
-
-TEST(GridWindow, FitsColumnsAndDragsCellsOut) {
-    Window grid(3, 3);
-    grid.SetFrozenRows(1);
-    grid.SetStyleRange(GridRange::Of({2, 1}), Window::Value("long enough"));
-    grid.OnDoubleClick(grid.GetViewport().columns.GetEnd(1) - 1, 5);
-    EXPECT_EQ(grid.GetColWidth(1), 7 * 11 + 10);
-    grid.Undo();
-    EXPECT_EQ(grid.GetColWidth(1), 80);
-    grid.SetDraggable(true);
-    grid.Select({2, 2}, {2, 2, 3, 3});
-    grid.asked.clear();
-    auto const middle = [&grid](long row, long column) {
-        GridBox const box = grid.GetViewport().GetCellBox({row, column});
-        return std::pair(box.left + 20, box.top + 10);
-    };
-    auto const [x, y] = middle(3, 3);
-    grid.OnLeftButtonDown(x, y, {});
-    grid.OnMouseMove(x + 20, y, true);
-    EXPECT_EQ(grid.TakeAsked(), "drag 22\t23\n32\t33\n");
-    grid.OnLeftButtonDown(x, y, {});
-    grid.OnLeftButtonUp(x, y);
-    EXPECT_EQ(grid.Selected(), "3,3-3,3 ") << "without a move it is a click";
 }
