@@ -173,6 +173,7 @@ set(NORVELIAN_SUPPORT_SOURCES
   gui/press/PaperPressButton.cpp
   gui/press/PressText.cpp
   gui/press/TablePictureZones.cpp
+  gui/platform/DeviceContextLines_PC.cpp
   gui/platform/DeviceContextSmooth_PC.cpp
   gui/platform/DeviceContextText_PC.cpp
   gui/platform/EllipseFigure.cpp

@@ -1,5 +1,6 @@
 // Figures with antialiasing, written straight into the pixels. Without reachable memory the platform's
 // painter draws them.
+#include "gui/platform/Color_PC.h"
 #include "gui/platform/PlatformIndependentDeviceContext_PC.h"
 
 #include <algorithm>
@@ -14,10 +15,6 @@ namespace {
 
 constexpr double pi = std::numbers::pi;
 using Contour = std::vector<SmoothPoint>;
-
-std::uint32_t ToPixel(RGBVector const& color) {
-    return qRgb(color.GetRed(), color.GetGreen(), color.GetBlue());
-}
 
 /// A part of a circle or ellipse as a contour whose chords are nowhere further from it than can be seen.
 /// Angles are radians, counter-clockwise on the screen.
