@@ -6,7 +6,7 @@ set -euo pipefail
 build="cmake ninja-build ccache g++ pkg-config qt6-base-dev libpugixml-dev liblcms2-dev
        libjpeg-dev libxcb1-dev qt6-image-formats-plugins libqt6svg6 fonts-noto-core
        fonts-liberation fonts-dejavu-core fonts-ipafont-gothic"
-test="poppler-utils libgtest-dev libgmock-dev xvfb xauth x11-utils openbox xdotool imagemagick
+test="poppler-utils libgtest-dev libgmock-dev xvfb xauth x11-utils openbox xdotool xclip imagemagick
       dbus at-spi2-core gir1.2-atspi-2.0 python3-gi"
 check="clang-format-14 clang-tidy-14 clang-14 libclang-rt-14-dev"
 bench="libbenchmark-dev libqcustomplot-dev python3"

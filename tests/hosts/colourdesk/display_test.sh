@@ -3,7 +3,7 @@
 # display_test.sh COLOURDESK SET_DISPLAY_PROFILE DRAG_SOURCE SAMPLES
 # Patches and spots are clicked and marked, a file is dragged onto the window and a patch out of it, the window is resized below its
 # minimum, moved and closed, and comes back where it was. Colours follow the profile that the display names.
-# Starts a display of its own; needs Xvfb, openbox, xdotool, xprop and ImageMagick.
+# Starts a display of its own; needs Xvfb, openbox, xdotool, xclip, xprop and ImageMagick.
 set -euo pipefail
 colourdesk=$1
 set_display_profile=$2
@@ -71,6 +71,13 @@ await shows_patch 559,$((531 + bar)) || fail "the swatch is $swatch, the patch t
 import -window "$window" "$work/selected.png"
 xdotool key --window "$window" Tab key --window "$window" space
 await shows_patch 610,$((531 + bar)) || fail "by key the swatch is $swatch, the patch $patch"
+# What is selected is copied as a picture, a drawing and numbers, for any program.
+copied() { timeout 5 xclip -selection clipboard -o -t "$1" 2>/dev/null; }
+has_copied() { for type in image/png image/bmp image/svg+xml UTF8_STRING; do copied TARGETS | grep -qx "$type" || return 1; done; }
+xdotool windowactivate --sync "$window" key --clearmodifiers ctrl+c
+await has_copied || fail "a patch was copied as $(copied TARGETS)"
+[ "$(copied image/png | identify -format %m -)" = PNG ] || fail "the copied picture can't be read"
+copied UTF8_STRING | grep -q '^[0-9]*	[0-9]*	[0-9]*' || fail "the copied numbers are $(copied UTF8_STRING)"
 xdotool mousemove --window "$window" 456 $((531 + bar)) click 1
 await shows_patch 456,$((531 + bar)) || fail "the swatch is $swatch, the patch that was clicked $patch"
 import -window "$window" "$work/moved.png"
