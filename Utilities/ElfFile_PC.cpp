@@ -20,6 +20,7 @@ using NoteHeader = ElfW(Nhdr);
 using Dynamic = ElfW(Dyn);
 
 constexpr std::uint64_t largestNotes = 65536;
+constexpr std::uint64_t mostNotes = 1'048'576;
 constexpr std::uint64_t largestDynamic = 65536;
 constexpr std::uint64_t longestName = 1024;
 
@@ -86,8 +87,12 @@ void ElfFile::ReadSegments() {
 }
 
 std::optional<std::string> ElfFile::FindNote(std::string_view owner, std::uint32_t type) const {
+    std::uint64_t read = 0;
     for (Segment const& segment : segments_) {
         if (segment.p_type != PT_NOTE || segment.p_filesz > largestNotes) continue;
+        // Segments may lie over each other, by the thousand.
+        read += segment.p_filesz;
+        if (read > mostNotes) return {};
         std::string notes(segment.p_filesz, '\0');
         Read(segment.p_offset, notes.data(), notes.size());
         if (auto found = FindAmong(notes, owner, type)) return found;

@@ -55,7 +55,13 @@ void PropertyInspector::Show() {
     visible_ = true;
     if (selectionService_.IsNull())
         selectionService_ = Utilities::ResolveComponent<SelectionServiceInterface>("SelectionService");
-    OnSelectionChanged({});
+    try {
+        OnSelectionChanged({});
+    } catch (...) {
+        // Half an inspector could neither be shown nor hidden.
+        Hide();
+        throw;
+    }
     // What was shown may have hidden it again.
     if (visible_ && cookie_.Length() == 0)
         cookie_ = selectionService_->Advise(
@@ -76,31 +82,46 @@ void PropertyInspector::Hide() {
     page_ = nullptr;
 }
 
-void PropertyInspector::OpenWindow() {
-    description_ = page_->GetGUIDescription();
+bool PropertyInspector::HasWindow() const {
+    // It goes with the window that it floats over.
+    return !window_.IsNull() && window_->HasWindow();
+}
+
+void PropertyInspector::OpenWindow(SmartPointer<PropertyInspectorImpl> const& page) {
+    DescriptionTree const description = page->GetGUIDescription();
     auto const window = Utilities::ResolveComponent<Dialog>("Dialog");
     GUIElement* const main = Application::Instance().GetMainWindow();
     auto parent = main ? main->GetWindowID() : nullptr;
     if (parent.IsNull())
         parent = Utilities::ResolveComponent<PlatformIndependentWindowID>("PlatformIndependentWindowID");
+    description_ = description;
+    page_ = page;
     window_ = window;
     window->Initialize(*parent, description_, this, true);
 }
 
 long PropertyInspector::OnSelectionChanged(Anything const& /*topic*/) {
-    auto* element =
-        dynamic_cast<SupportsPropertyInspector*>(selectionService_->GetSelection(Topics::propertyInspector));
+    auto* const selected = selectionService_->GetSelection(Topics::propertyInspector);
+    auto const* const shown = dynamic_cast<GUIElement const*>(selected);
+    // A click into the inspector is none on what it shows.
+    if (shown && shown->GetDataSource() == this) return 0;
+    if (!HasWindow()) {
+        window_ = nullptr;
+        page_ = nullptr;
+    }
+    auto* element = dynamic_cast<SupportsPropertyInspector*>(selected);
     String const wanted = element ? element->GetPropertyInspectorName() : String(defaultPage);
     if (page_.IsNull()) {
-        page_ = MakePage(wanted);
-        if (page_.IsNull()) return 0;
-        OpenWindow();
+        auto const page = MakePage(wanted);
+        if (page.IsNull()) return 0;
+        OpenWindow(page);
     } else if (!(page_->GetName() == wanted)) {
         auto const page = MakePage(wanted);
         if (page.IsNull()) return 0;
+        DescriptionTree const description = page->GetGUIDescription();
         // The former one may be what is being called.
         SmartPointer<PropertyInspectorImpl> const former(std::exchange(page_, page));
-        description_ = page->GetGUIDescription();
+        description_ = description;
         window_->SetGUIDescriptionTree(description_);
     }
     // Making elements asks and tells others, who may have selected something else or closed the window.

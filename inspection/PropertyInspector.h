@@ -41,7 +41,8 @@ public:
 private:
     void Show();
     void Hide();
-    void OpenWindow();
+    void OpenWindow(Utilities::SmartPointer<PropertyInspectorImpl> const& page);
+    bool HasWindow() const;
 
     Utilities::SmartPointer<Dialog> window_;
     Utilities::SmartPointer<SelectionServiceInterface> selectionService_;

@@ -75,6 +75,8 @@ void PropertyInspectorSample::ReadSample(SupportsPropertyInspector& element) {
     sample_ = access_->GetSample(sampleKey_);
     Anything content;
     if (!sample_.IsNull()) {
+        name_ = sample_->GetName();
+        description_ = sample_->GetDescription();
         if (auto const spectrum = SpectrumOf(*sample_); !spectrum.IsNull())
             helper->AddSpectrum("Spectrum", Cxf::Extensions::Cxf2NV(*spectrum));
         content = helper->GetContent();
@@ -173,10 +175,11 @@ long PropertyInspectorSample::ChangeName(Anything const& /*argument*/) {
     // Whoever is told may have the page show something else.
     SamplePointer const sample(sample_);
     CXFAccess& access = *access_;
-    if (IsEditable())
-        name_ = sample->RenameSample(name_.GetStdString());
-    else
-        ExecuteCallback(nameElement, Events::update, {});
+    String const wanted = name_;
+    bool const isEditable = IsEditable();
+    if (isEditable) name_ = sample->RenameSample(wanted.GetStdString());
+    // What was entered isn't the sample's name.
+    if (!isEditable || !(name_ == wanted)) ExecuteCallback(nameElement, Events::update, {});
     access.DataChanged(sampleKey_, "Name");
     return 0;
 }

@@ -46,9 +46,12 @@ std::vector<double> EdgeAxes::Ticks(double begin, double end, long pixels, bool 
     if (!(step > 0)) return {};
     constexpr double tolerance = 1e-6;
     std::vector<double> values;
+    double const first = std::ceil(std::min(begin, end) / step - tolerance);
     double const last = std::floor(std::max(begin, end) / step + tolerance);
-    for (double i = std::ceil(std::min(begin, end) / step - tolerance); i <= last; ++i)
-        values.push_back(i * step + 0.0);
+    // Where steps are smaller than numbers of that size are apart, there are none.
+    constexpr double most = 1000;
+    if (!(last - first < most) || !(first + 1 > first)) return {};
+    for (int i = 0; first + i <= last; ++i) values.push_back((first + i) * step + 0.0);
     return values;
 }
 

@@ -15,7 +15,6 @@
 namespace GUI {
 
 using Utilities::Anything;
-using Utilities::String;
 
 namespace {
 

@@ -76,6 +76,7 @@ long XYColorChart::FindSpot(long x, long y) {
     if (marksOutside_) {
         // The selected spot is on top.
         long const selected = AskSelected();
+        if (!IsAttached() || spots_.empty()) return true;
         if (selected >= 0 && static_cast<std::size_t>(selected) < spots_.size() &&
             isUnder(static_cast<std::size_t>(selected)))
             return selected;

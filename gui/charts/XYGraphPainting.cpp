@@ -184,6 +184,8 @@ std::pair<std::size_t, std::size_t> XYGraph::PaintedValues(PlatformIndependentDe
     // A line's pen reaches into the part from beside it.
     constexpr double room = 12;
     double const zero = (map.xBegin - GetXValueBegin()) / GetDeltaXValue();
+    // A data source may say anything.
+    if (!std::isfinite(zero) || !std::isfinite(perPixel)) return {0, count};
     auto const number = [&](double pixel) {
         double const at = zero + (pixel - map.left) * perPixel;
         return static_cast<std::size_t>(std::clamp(at, 0.0, static_cast<double>(count)));
@@ -210,10 +212,15 @@ std::vector<CurveLook> XYGraph::GetLegend() {
         auto name = data->names.Begin();
         for (long number = 0; name.IsValid() && number < wanted; ++number) ++name;
         if (wanted < 0 || !name.IsValid()) continue;
-        CurveLook look = AskLook(wanted);
-        AddCase(look, false, GetBackgroundColor());
-        look.name = name.Current();
-        looks.push_back(look);
+        try {
+            CurveLook look = AskLook(wanted);
+            AddCase(look, false, GetBackgroundColor());
+            look.name = name.Current();
+            looks.push_back(look);
+        } catch (...) {
+            // As its curve, which isn't drawn either.
+            Diagnostics::DropException("XYGraph: legend");
+        }
     }
     return looks;
 }

@@ -37,7 +37,11 @@ void Edit::OnTyped(String const& typed) {
 
 void Edit::OnFinished() {
     // Leaving the field by Enter comes twice.
-    if (auto const typed = std::exchange(pending_, std::nullopt)) Tell(*typed);
+    if (!pending_) return;
+    String const typed = *pending_;
+    if (rule_ && !rule_->Read(typed.GetStdString(), GetDecimalSign())) return Tell(typed);
+    pending_.reset();
+    Tell(typed);
 }
 
 std::optional<String> Edit::TakeBack() {

@@ -26,6 +26,7 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QThread>
 #include <QTimer>
@@ -142,15 +143,23 @@ bool ApplicationImplementation_PC::ExecuteAccelerator(long command) {
     Menu* const menu = FindMainMenu(*window);
     if (!menu) return false;
     CallScope const call(*menu);
-    return menu->IsMenuItemEnabled(command) && menu->ExecuteCommand(static_cast<unsigned short>(command));
+    if (!menu->IsMenuItemEnabled(command)) return false;
+    // What is being typed is finished; a menu that is opened takes the focus too.
+    if (auto* const field = qobject_cast<QLineEdit*>(QApplication::focusWidget())) {
+        emit field->editingFinished();
+        if (!call.IsAttached()) return true;
+    }
+    return menu->ExecuteCommand(static_cast<unsigned short>(command));
 }
 
 bool ApplicationImplementation_PC::IsForTextField(QKeyEvent const& key) {
     auto const* const field = QApplication::focusWidget();
+    if (!field) return false;
     // What is typed into has an input method; tables, trees and lists copy what is selected in them.
-    bool const takesThem = field && (field->testAttribute(Qt::WA_InputMethodEnabled) ||
-                                     qobject_cast<QAbstractScrollArea const*>(field));
-    if (!takesThem) return false;
+    bool const isTypedInto = field->testAttribute(Qt::WA_InputMethodEnabled);
+    if (!isTypedInto && qobject_cast<QAbstractScrollArea const*>(field))
+        return key.matches(QKeySequence::Copy) || key.matches(QKeySequence::SelectAll);
+    if (!isTypedInto) return false;
     constexpr QKeySequence::StandardKey editKeys[] = {QKeySequence::Undo,  QKeySequence::Redo,
                                                       QKeySequence::Cut,   QKeySequence::Copy,
                                                       QKeySequence::Paste, QKeySequence::SelectAll};

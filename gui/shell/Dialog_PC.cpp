@@ -189,6 +189,8 @@ void Dialog_PC::Close(long result) {
     if (GetDialog()) GetDialog()->done(static_cast<int>(result));
 }
 
+bool Dialog_PC::HasWindow() const { return GetDialog() != nullptr; }
+
 long Dialog_PC::OnClose(Anything const& /*argument*/) {
     Close(0);
     return 0;

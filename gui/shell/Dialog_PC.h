@@ -46,6 +46,7 @@ public:
                     DialogDataSource* dataSource, bool modeless) override;
     long RunModal() override;
     void Close(long result) override;
+    bool HasWindow() const override;
     void OnInitDialog() override;
     void SetGUIDescriptionTree(DescriptionTree const& description) override;
     long OnClose(Utilities::Anything const& argument) override;

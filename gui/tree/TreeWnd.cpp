@@ -102,6 +102,11 @@ void TreeWnd::ShowSelected(std::vector<TreeViewNode*> const& nodes) {
 }
 
 void TreeWnd::SetOpen(TreeViewNode& node, bool open) {
+    // A name that is finished may change the tree.
+    SmartPointer<TreeViewNode> const keep = root_;
+    Reference const kept = To(&node);
+    EndRename(true);
+    if (root_.Get() != keep.Get() || !kept.Get()) return;
     rows_.Refresh();
     if (open && node.GetParent()) rows_.Reveal(node);
     if (long const row = rows_.Find(&node); row >= 0) SetRowOpen(row, open);

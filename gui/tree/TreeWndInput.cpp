@@ -334,6 +334,7 @@ bool TreeWnd::FindFrom(long row, std::string const& folded, bool anywhere) {
 }
 
 bool TreeWnd::Find(String const& text) {
+    EndRename(true);
     rows_.Refresh();
     if (rows_.GetCount() == 0 || text.Length() == 0 || root_.IsNull()) return false;
     // Also in what is closed: the nodes in the order of the tree, from behind the current one.

@@ -349,6 +349,8 @@ String Application::FindNextLanguage() {
 
 void Application::TakeLanguage(String const& language) {
     Utilities::ResolveComponent<Utilities::TranslationService>("LanguageService")->SetLanguage(language);
+    // Its tree is of texts that were translated when it was made.
+    SampleWindow::UpdateInspector();
     Keep("LanguageService", "Language", language);
 }
 

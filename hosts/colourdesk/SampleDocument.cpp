@@ -5,6 +5,7 @@
 #include "cxf/conditions/ConditionText.h"
 #include "gui/elements/drawing/NumberFormat.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -42,7 +43,16 @@ SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRG
     options.allowExtrapolation = true;
     SampleDocument document;
     options.report = &document.report_;
-    auto const set = Cxf::ReadSampleSet(path, options);
+    // Saving writes all tables; the first that has spectra is shown.
+    document.sets_ = Cxf::ReadSampleSets(path, options);
+    auto const hasSpectra = [](Cxf::SampleSetPointer const& each) {
+        auto const& samples = each->GetSamples();
+        return std::any_of(samples.begin(), samples.end(), [](auto const& sample) {
+            return !sample->GetSampleAttribute("CXFSpectrum", {}, false).IsNull();
+        });
+    };
+    auto const found = std::find_if(document.sets_.begin(), document.sets_.end(), hasSpectra);
+    Cxf::SampleSetPointer const set = found == document.sets_.end() ? document.sets_.front() : *found;
 
     document.path_ = path;
     auto const conditions = LabConditions();
@@ -69,7 +79,7 @@ SampleDocument SampleDocument::Open(std::string const& path, Tintorium::ScreenRG
 }
 
 void SampleDocument::SaveAs(std::string const& path) const {
-    Cxf::WriteSampleSets(path, Cxf::ReadSampleSets(path_), Cxf::FormatOf(path));
+    Cxf::WriteSampleSets(path, sets_, Cxf::FormatOf(path));
 }
 
 bool SampleDocument::TakeTexts(long sample) {

@@ -54,6 +54,8 @@ public:
 
 private:
     std::string path_;
+    /// All of the file, in which the shown samples are.
+    std::vector<Norvelian::ColorExchangeFormat::SampleSetPointer> sets_;
     std::vector<ShownSample> samples_;
     Norvelian::ColorExchangeFormat::ReadReport report_;
 };

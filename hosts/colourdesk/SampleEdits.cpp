@@ -22,6 +22,9 @@ std::optional<long> SampleEdits::Undo() {
     sample->RenameSample(edit.name);
     sample->SetDescription(edit.description);
     document_.TakeTexts(edit.sample);
+    // The library may not take a name that it has read back as it was.
+    if (sample->GetName() != edit.name || sample->GetDescription() != edit.description)
+        saved_ = static_cast<std::size_t>(-1);
     return edit.sample;
 }
 

@@ -289,6 +289,7 @@ void SampleWindow::Select(long sample) {
     // The tolerance is around the selected one.
     ExecuteCallback(labChart, "OnUpdate", {});
     UpdateGrid();
+    UpdateInspector();
 }
 
 long SampleWindow::SampleOfPatch(String const& element) const {

@@ -42,6 +42,9 @@ public:
     /// Whether closing the window would lose changes.
     bool HasUnsavedChanges() const { return edits_.AreUnsaved(); }
     void OnSaved() { edits_.OnSaved(); }
+    /// The inspector reads anew what it shows: its element stands for another sample, or the language is
+    /// another.
+    static void UpdateInspector();
 
     /// A file may be dropped anywhere on the panes.
     GUI::DropEffect OnDragOver(GUI::PlatformIndependentWindowID const& window,

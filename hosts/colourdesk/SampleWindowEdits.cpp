@@ -20,11 +20,10 @@ constexpr char const* labChart = "LabChart";
 
 } // namespace
 
-void SampleWindow::DataChanged(Anything const& sampleKey, Anything const& /*what*/) {
-    auto const changed = GetSample(sampleKey);
-    if (changed.IsNull()) return;
+void SampleWindow::DataChanged(Anything const& /*sampleKey*/, Anything const& /*what*/) {
+    // The key says which sample its element stands for now, which may be another than was changed.
     for (long sample = 0; sample < Count(); ++sample)
-        if (At(sample).sample.Get() == changed.Get() && edits_.Take(sample)) OnTextsChanged(sample);
+        if (edits_.Take(sample)) OnTextsChanged(sample);
 }
 
 bool SampleWindow::IsLocked(Anything const& /*sampleKey*/, Anything const& /*what*/) {
@@ -45,9 +44,13 @@ void SampleWindow::Undo(String const& /*element*/) {
     auto const sample = edits_.Undo();
     if (!sample) return;
     OnTextsChanged(*sample);
-    // The inspector shows it too.
-    Utilities::ResolveComponent<GUI::SelectionServiceInterface>("SelectionService")
-        ->Notify(GUI::Topics::propertyInspector);
+    UpdateInspector();
+}
+
+void SampleWindow::UpdateInspector() {
+    if (Utilities::NamingService::Instance()->IsRegistered("SelectionService"))
+        Utilities::ResolveComponent<GUI::SelectionServiceInterface>("SelectionService")
+            ->Notify(GUI::Topics::propertyInspector);
 }
 
 GUI::GUIElement* SampleWindow::FindCopied(String const& element) {

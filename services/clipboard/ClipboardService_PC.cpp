@@ -65,13 +65,15 @@ Utilities::SmartPointer<Bitmap> ClipboardService_PC::ReadBitmap() {
     QMimeData const* const data = GetData();
     if (!data) return {};
     QImage image;
+    bool isOffered = false;
     for (char const* const type : pictureTypes) {
         if (!image.isNull() || !data->hasFormat(type)) continue;
+        isOffered = true;
         std::string const bytes = BytesOf(*data, type, Utilities::Limits::Get().pictureBytes);
         if (!bytes.empty()) image = PictureReader::ReadBytes(bytes, std::string("the clipboard's ") + type);
     }
-    // A program of the same platform may offer its own form alone.
-    if (image.isNull() && data->hasImage()) image = data->imageData().value<QImage>();
+    // Of this program's own there may be the picture alone. What was refused isn't decoded in another way.
+    if (!isOffered && data->hasImage()) image = data->imageData().value<QImage>();
     auto bitmap = GetBitmap();
     auto* const target = dynamic_cast<Bitmap_PC*>(bitmap.Get());
     if (!target || !target->Attach(std::move(image))) return {};

@@ -9,6 +9,7 @@
 #include "services/programs/ChildProcesses_PC.h"
 #include "services/programs/CommandLine.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
@@ -42,7 +43,8 @@ bool Start(std::string const& path, std::vector<std::string> parameters, std::st
     if (program.empty()) return false;
     parameters.insert(parameters.begin(), Absolute(program));
     std::string directory = DirectoryOf(parameters.front());
-    int const failure = ChildProcesses::Start(parameters, directory, false);
+    // A bare name is looked for where programs are, not in whatever directory this one was started from.
+    int const failure = directory.empty() ? ENOENT : ChildProcesses::Start(parameters, directory, false);
     if (failure == 0) return true;
     std::vector<std::string> words = SplitCommandLine(program + ' ' + commandLine);
     if (!words.empty()) words.front() = Absolute(words.front());
@@ -91,7 +93,11 @@ bool RunApplicationDataSource_PC::Run(String const& path, String const& paramete
 bool RunApplicationDataSource_PC::RunFile(Utilities::SmartPointer<Utilities::File> program,
                                           Utilities::SmartPointer<Utilities::File> document) {
     if (program.IsNull() || document.IsNull()) return false;
-    std::string const name = Utilities::Directory_PC::ConvSeperatorDependend(document->GetPath());
+    // The child is in the program's directory.
+    std::string const name =
+        std::filesystem::absolute(
+            Utilities::Directory_PC::ConvSeperatorDependend(document->GetPath()).GetStdString())
+            .string();
     return Start(program->GetPath().GetStdString(), {name}, Quoted(name));
 }
 

@@ -220,6 +220,29 @@ TEST_F(Inspection, SurvivesHostsThatChangeTheSelectionWhileItActs) {
     EXPECT_EQ(Tree(), "No Information 0") << "an element that goes gives up the selection";
 }
 
+TEST_F(Inspection, ComesBackWithTheNextMainWindow) {
+    environment->app->SetMainWindow(element_.Get());
+    Select(box_.Get());
+    Inspector().Toggle();
+    ASSERT_TRUE(Field(0));
+    // A click into the inspector is none on what it shows.
+    Select(&dynamic_cast<GUI::GUIElement&>(Inspector().GetDialogRootElement()->FindElement("ColorPatch")));
+    EXPECT_TRUE(Field(0));
+    Select(box_.Get());
+    box_ = nullptr;
+    MakeWindow(Top("VBox", "Box"));
+    environment->app->SetMainWindow(element_.Get());
+    QApplication::processEvents();
+    Select(box_.Get());
+    ASSERT_TRUE(Dialog());
+    EXPECT_EQ(Field(0)->text(), "Red");
+    Field(0)->selectAll();
+    QTest::keyClicks(Field(0), "Blue");
+    QTest::keyClick(Field(0), Qt::Key_Return);
+    EXPECT_EQ(Field(0)->text(), "Blue (2)") << "the name that the set gave";
+    environment->app->SetMainWindow(nullptr);
+}
+
 TEST_F(Inspection, TheWindowComesBackWhereItWas) {
     Inspector().Toggle();
     ASSERT_TRUE(Dialog());

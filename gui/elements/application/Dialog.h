@@ -14,6 +14,8 @@ public:
     /// Shows a modal dialog and returns when it has been closed, with the value given to `Close`.
     virtual long RunModal() = 0;
     virtual void Close(long result) = 0;
+    /// Whether it has its window; that goes with the window that the dialog belongs to.
+    virtual bool HasWindow() const = 0;
     /// The dialog's window has come into being: children, limits, size, place.
     virtual void OnInitDialog() = 0;
     /// Replaces what the dialog shows, while its window exists.

@@ -221,6 +221,8 @@ private:
     void TellArranged(std::vector<GridSortKey> const& keys, std::vector<GridFilter> const& filters);
     bool CanChange(GridRange const& range) const;
     void PasteCells(GridTexts const& cells);
+    /// The rows that so many pasted lines go to, of those that are shown; 0 lines fill the selection.
+    std::vector<long> FindPasted(GridRange const& selected, std::size_t lines) const;
     void Rearrange(void (CGXGridCore::*change)(long, long), long at, long count);
 
     CGXGridCore core_;

@@ -120,7 +120,9 @@ void CGXGridWnd::ClearSelected() {
     std::vector<GridPlace> cleared;
     history_.BeginStep();
     for (GridRange const& range : selection_.GetRanges())
-        for (long row = range.top; row <= range.bottom; ++row)
+        for (long row = range.top; row <= range.bottom; ++row) {
+            // What isn't seen isn't copied either, and must not be lost.
+            if (core_.GetHeights().IsHidden(row)) continue;
             for (long column = range.left;
                  column <= range.right && core_.GetRows().Find(core_.GetRowLine(row)); ++column) {
                 GridPlace const place{row, column};
@@ -128,6 +130,7 @@ void CGXGridWnd::ClearSelected() {
                 history_.SetText(place, {});
                 cleared.push_back(place);
             }
+        }
     history_.EndStep();
     if (cleared.empty()) return;
     RepaintRange(selection_.GetBounds());
@@ -142,6 +145,14 @@ void CGXGridWnd::Paste() {
     if (enabled_) PasteCells(text.empty() ? ReadGridHtml(html) : ReadGridText(text));
 }
 
+std::vector<long> CGXGridWnd::FindPasted(GridRange const& selected, std::size_t lines) const {
+    std::vector<long> rows;
+    bool const fills = lines == 0;
+    for (long row = selected.top; fills ? row <= selected.bottom : rows.size() < lines; ++row)
+        if (row > core_.GetRowCount() || !core_.GetHeights().IsHidden(row)) rows.push_back(row);
+    return rows;
+}
+
 void CGXGridWnd::PasteCells(GridTexts const& cells) {
     GridRange const selected = selection_.GetBounds();
     if (cells.empty() || selected.IsEmpty()) return;
@@ -150,14 +161,15 @@ void CGXGridWnd::PasteCells(GridTexts const& cells) {
     // One cell fills all that are selected.
     bool const fills = cells.size() == 1 && widest == 1;
     GridRange target = selected;
-    if (!fills) {
-        target.bottom = selected.top + static_cast<long>(cells.size()) - 1;
-        target.right = selected.left + static_cast<long>(widest) - 1;
-    }
+    if (!fills) target.right = selected.left + static_cast<long>(widest) - 1;
+    std::vector<long> const rows = FindPasted(selected, fills ? 0 : cells.size());
+    if (!rows.empty()) target.bottom = rows.back();
     long const missing = target.bottom - core_.GetRowCount();
-    if (target.right > core_.GetColumnCount() || (missing > 0 && !mayGrow_) ||
-        !CanChange(target.Meet(core_.GetAll()))) {
-        if (observer_) observer_->OnPasteRefused(target.GetRows(), target.GetColumns());
+    bool const mayChange = std::ranges::all_of(rows, [&](long row) {
+        return CanChange(GridRange{row, target.left, row, target.right}.Meet(core_.GetAll()));
+    });
+    if (target.right > core_.GetColumnCount() || (missing > 0 && !mayGrow_) || !mayChange) {
+        if (observer_) observer_->OnPasteRefused(static_cast<long>(rows.size()), target.GetColumns());
         return;
     }
     history_.BeginStep();
@@ -166,9 +178,10 @@ void CGXGridWnd::PasteCells(GridTexts const& cells) {
         core_.InsertRows(core_.GetRowCount() + 1, missing);
     }
     std::vector<GridPlace> changed;
-    changed.reserve(static_cast<std::size_t>(target.GetRows() * target.GetColumns()));
-    for (long row = target.top; row <= target.bottom; ++row) {
-        auto const& line = cells[fills ? 0 : static_cast<std::size_t>(row - target.top)];
+    changed.reserve(rows.size() * static_cast<std::size_t>(target.GetColumns()));
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        long const row = rows[i];
+        auto const& line = cells[fills ? 0 : i];
         for (long column = target.left; column <= target.right; ++column) {
             auto const index = fills ? 0 : static_cast<std::size_t>(column - target.left);
             // A row that is shorter than others leaves what is there.

@@ -1,5 +1,6 @@
 // Charts that are told to show more than their contract: scales along the edges, cases, bands, differences,
 // a cursor, a part of the whole.
+#include "gui/charts/EdgeAxes.h"
 #include "gui/charts/XYColorChart.h"
 #include "gui/charts/XYGraph.h"
 #include "tests/gui/charts/ChartFixture.h"
@@ -191,6 +192,17 @@ TEST_F(LookingCloser, AFeedAddsValuesByRangeAndPaintsTheirPart) {
 }
 
 struct SpotsCloser : testing::Test, ChartFixture<GUI::XYColorChart> {};
+
+TEST(EdgeAxes, TicksEndAtAnyRange) {
+    using GUI::EdgeAxes;
+    EXPECT_EQ(EdgeAxes::Ticks(0, 1, 400, false),
+              (std::vector<double>{0, 0.2, 0.4, 0.6000000000000001, 0.8, 1}));
+    // Steps between two numbers that are next to each other, and none at all.
+    EXPECT_TRUE(EdgeAxes::Ticks(0.3, 0.1 + 0.2, 400, false).empty());
+    for (double const bad :
+         {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()})
+        EXPECT_TRUE(EdgeAxes::Ticks(0, bad, 400, true).empty());
+}
 
 TEST_F(SpotsCloser, KeepTheirProportionsAndTellTheNextOne) {
     source.values[{"E", "NrOfPatches"}] = 2L;

@@ -167,6 +167,34 @@ TEST(GridWindow, ShowsTheRowsThatAFilterLetsThrough) {
     EXPECT_EQ(shown(), "99 61 41 31 21 ") << "still sorted";
 }
 
+TEST(GridWindow, WhatAFilterHidesIsNeitherCutNorPastedOver) {
+    Window grid(6, 1);
+    for (long row = 1; row <= 6; ++row)
+        grid.SetStyleRange(GridRange::Of({row, 1}),
+                           Window::Value((row % 2 ? "odd" : "even") + std::to_string(row)));
+    grid.SetFrozenRows(1);
+    EXPECT_TRUE(grid.FilterRows({{1, "odd"}}));
+    auto const all = [&grid] {
+        std::vector<std::string> texts;
+        for (long row = 2; row <= grid.GetCore().GetRowCount(); ++row) texts.push_back(grid.At(row, 1));
+        std::sort(texts.begin(), texts.end());
+        return texts;
+    };
+    using Texts = std::vector<std::string>;
+    grid.SetCurrent({2, 1});
+    grid.Select({2, 1}, {2, 1, 6, 1});
+    grid.Cut();
+    EXPECT_EQ(grid.clipboard, "odd3\nodd5\n");
+    EXPECT_EQ(all(), (Texts{"", "", "even2", "even4", "even6"}));
+    grid.clipboard = "a\nb\n";
+    grid.Paste();
+    EXPECT_EQ(all(), (Texts{"a", "b", "even2", "even4", "even6"}));
+    grid.clipboard = "1\n2\n3\n";
+    grid.TakeAsked();
+    grid.Paste();
+    EXPECT_EQ(grid.TakeAsked(), "refused 3x1 ") << "two rows are shown";
+}
+
 TEST(GridWindow, FitsColumnsAndDragsCellsOut) {
     Window grid(3, 3);
     grid.SetFrozenRows(1);

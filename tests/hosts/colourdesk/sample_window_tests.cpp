@@ -1,4 +1,5 @@
 // The logic behind Colour Desk's window, without a window.
+#include "cxf/samples/Sample.h"
 #include "hosts/colourdesk/ColourDesk.h"
 #include "hosts/colourdesk/SampleWindow.h"
 #include "tests/support/FunctionCallback.h"
@@ -190,6 +191,33 @@ TEST(SampleWindow, NumbersStandWithTheirCondition) {
     EXPECT_NE(tip.find("TCS02"), std::string::npos);
     EXPECT_NE(tip.find(text), std::string::npos) << "the tip says the same numbers";
     EXPECT_NE(tip.find("D50"), std::string::npos) << "and their condition";
+}
+
+TEST(SampleWindow, ChangedSamplesAreSavedAndUndone) {
+    Tests::TemporaryDirectory const directory;
+    SampleWindow window = MakeWindow();
+    Anything::MapOfAnythings first;
+    first["ElementName"] = "Patch0_0";
+    auto const sample = window.GetSample(Anything(first));
+    EXPECT_EQ(sample->RenameSample("TCS02"), "TCS02 (2)") << "its set keeps names apart";
+    EXPECT_EQ(sample->RenameSample("Mine"), "Mine");
+    // The inspector's element may stand for another sample by now.
+    Anything::MapOfAnythings other;
+    other["ElementName"] = "Patch0_1";
+    window.DataChanged(Anything(other), "Name");
+    EXPECT_TRUE(window.HasUnsavedChanges() && window.CanUndo("any"));
+    EXPECT_EQ(window.GetDocument().GetSamples()[0].name, "Mine");
+    window.GetDocument().SaveAs(directory / "saved.txt");
+    window.OnSaved();
+    EXPECT_FALSE(window.HasUnsavedChanges());
+    auto const saved = SampleDocument::Open(directory / "saved.txt");
+    EXPECT_EQ(saved.GetSamples()[0].name, "Mine");
+    EXPECT_EQ(saved.GetSamples().size(), 34U);
+    EXPECT_EQ(saved.GetSamples()[33].spectrum, window.GetDocument().GetSamples()[33].spectrum);
+    window.Undo("any");
+    EXPECT_EQ(sample->GetName(), "TCS01");
+    EXPECT_TRUE(window.HasUnsavedChanges()) << "the file has the other name";
+    EXPECT_FALSE(window.CanUndo("any"));
 }
 
 TEST(Options, SayWhatIsWrong) {
