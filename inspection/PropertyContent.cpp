@@ -7,6 +7,8 @@
 #include "cxf/conditions/Vocabulary.h"
 #include "inspection/PropertyTree.h"
 
+#include <utility>
+
 namespace GUI {
 
 using Utilities::Anything;
@@ -29,13 +31,22 @@ String RootOf(Anything::MapOfAnythings const& entries, char const* number) {
 void PropertyContent::Clear() {
     content_ = Entries();
     count_ = 0;
+    room_ = firstRoom;
 }
 
 void PropertyContent::Add(std::string const& entry, Anything const& value) {
+    if (count_ == room_) MakeRoom();
     String const number(count_);
     content_[number] = String(entry);
     if (value.IsValid()) content_[String("v") + number] = value;
     ++count_;
+}
+
+void PropertyContent::MakeRoom() {
+    room_ *= 8;
+    Entries larger(static_cast<std::uint32_t>(room_));
+    for (auto it = content_.Begin(); it.IsValid(); ++it) larger[it.GetKey()] = it.GetValue();
+    content_ = std::move(larger);
 }
 
 void PropertyContent::AddDouble(String const& path, double value) { Add("d/" + path.GetStdString(), value); }

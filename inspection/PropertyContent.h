@@ -22,12 +22,16 @@ public:
     void Merge(Utilities::Anything const& other) override;
 
 private:
+    static constexpr unsigned long firstRoom = 512;
     using Entries = Utilities::Anything::MapOfAnythings;
 
     void Add(std::string const& entry, Utilities::Anything const& value);
+    /// Gives the map room for so many entries more, so that a look-up stays short.
+    void MakeRoom();
 
     Entries content_;
     unsigned long count_ = 0;
+    unsigned long room_ = firstRoom;
 };
 
 } // namespace GUI

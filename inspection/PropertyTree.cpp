@@ -69,9 +69,19 @@ void PropertyTree::ShowValue(TreeViewNode& node, char type, Anything const* valu
 }
 
 SmartPointer<TreeViewNode> PropertyTree::Build(Anything::MapOfAnythings const& entries) {
+    // A map has as many chains as whoever made it gave it; a look-up may pass over all of its entries.
+    Entries known;
+    known.reserve(entries.GetSize());
+    known_.reserve(entries.GetSize());
+    for (auto it = entries.Begin(); it.IsValid(); ++it)
+        known.emplace(it.GetKey().GetStdString(), &it.GetValue());
+    auto const find = [&known](std::string const& key) {
+        auto const found = known.find(key);
+        return found == known.end() ? nullptr : found->second;
+    };
     std::size_t const deepest = Utilities::Limits::Get().depth;
     SmartPointer<TreeViewNode> root;
-    for (unsigned long n = 0; Anything const* const entry = entries.FindValue(String(n)); ++n) {
+    for (unsigned long n = 0; Anything const* const entry = find(std::to_string(n)); ++n) {
         String const text = entry->IsOfTypeString() ? entry->GetString() : String();
         std::string_view path = text.GetStdString();
         std::string_view const type = TakeName(path);
@@ -91,8 +101,7 @@ SmartPointer<TreeViewNode> PropertyTree::Build(Anything::MapOfAnythings const& e
             Append(*node, String(": ") + Utilities::Limits::Passed("depth", deepest, "names in a path"));
             continue;
         }
-        if (type != "e")
-            ShowValue(*node, type.empty() ? ' ' : type.front(), entries.FindValue(String("v") + String(n)));
+        if (type != "e") ShowValue(*node, type.empty() ? ' ' : type.front(), find("v" + std::to_string(n)));
     }
     return root;
 }

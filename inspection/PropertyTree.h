@@ -29,6 +29,8 @@ private:
         }
     };
 
+    using Entries = std::unordered_map<std::string_view, Utilities::Anything const*>;
+
     TreeViewNode& FindOrMake(TreeViewNode& parent, std::string_view name);
     static void ShowValue(TreeViewNode& node, char type, Utilities::Anything const* value);
 

@@ -96,7 +96,9 @@ PaneBox PalimarSky::BoxOf(int number) const {
     unsigned long width = 0;
     unsigned long height = 0;
     GetSize(width, height);
-    SkyPoint const middle{static_cast<double>(width / 2), static_cast<double>(height / 2)};
+    unsigned long const halfWidth = width / 2;
+    unsigned long const halfHeight = height / 2;
+    SkyPoint const middle{static_cast<double>(halfWidth), static_cast<double>(halfHeight)};
     // For pens and rounded edges; and from the middle of a warning sign, which may be larger than its field.
     constexpr long pen = 3;
     constexpr long sign = 14;
@@ -122,7 +124,8 @@ PaneBox PalimarSky::BoxOf(int number) const {
     } else {
         take(0, 0, pen);
         take(innerRadius_, number * 120 + 90, pen);
-        for (int const corner : {30, 150}) take(innerRadius_ / 2, number * 120 + corner, pen);
+        auto const half = innerRadius_ / 2;
+        for (int const corner : {30, 150}) take(half, number * 120 + corner, pen);
         take(innerRadius_ / 2.0, number * 120 + 90, sign);
     }
     return box;

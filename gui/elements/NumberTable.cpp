@@ -14,8 +14,7 @@ String NumberTableOf(GUIElement& element) {
     if (auto* const own = dynamic_cast<SupportsNumberTable*>(&element)) return own->GetNumberTable();
     auto const children = element.GetChildrenList();
     for (auto child = children.Begin(); child.IsValid(); ++child) {
-        String const table = NumberTableOf(*child.Current());
-        if (table.Length() != 0) return table;
+        if (String table = NumberTableOf(*child.Current()); table.Length() != 0) return table;
     }
     return {};
 }
