@@ -44,7 +44,9 @@ void ExploredPlot::Show(PlotRange const& range) {
 void ExploredPlot::ShowWhole() { Show(GetWholeRange()); }
 
 bool ExploredPlot::OnWheel(double steps, long x, long y) {
-    if (!zoom_ || !std::isfinite(steps)) return false;
+    if (!zoom_ || !std::isfinite(steps) || steps == 0) return false;
+    // Nothing more to see: whoever scrolls past the chart goes on.
+    if (steps < 0 && GetViewedRange() == GetWholeRange()) return false;
     double const atX = std::clamp(ShareX(x), 0.0, 1.0);
     double const atY = std::clamp(ShareY(y), 0.0, 1.0);
     Show(GetViewedRange().Scaled(std::pow(zoomStep, std::clamp(steps, -10.0, 10.0)), atX, atY));

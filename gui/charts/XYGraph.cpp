@@ -61,7 +61,8 @@ void XYGraph::Initialize(PlatformIndependentWindowID const& parent, DescriptionT
 
 long XYGraph::OnUpdate(Anything const& command) {
     String const message = GetCommand(command);
-    if (isLive_)
+    // Differences are read as a whole: the standard's values aren't kept.
+    if (isLive_ && !isDifference_)
         if (auto const range = UpdateMessage::Range::Parse(message); range && range->first > 1) {
             CallScope const call(*this);
             ReadUpdate(command);

@@ -75,7 +75,7 @@ bool TreeWnd::MoveSelected(TreeDropPlace const& place) {
         if (keep.Get() != root_.Get() || !parent.Get()) return moved;
         if (each.Get() && each.node->MoveTo(*parent.node, before.Get())) moved = true;
     }
-    if (on && moved) parent.node->SetExpanded(true);
+    if (on && moved && parent.Get()) SetOpen(*parent.node, true);
     UpdateTree();
     return moved;
 }
