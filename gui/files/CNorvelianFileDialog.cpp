@@ -15,7 +15,6 @@
 namespace GUI {
 
 using Utilities::LanguageServiceInterface;
-using Utilities::String;
 
 namespace {
 
