@@ -266,25 +266,25 @@ void TablePicture::PaintStrip(PlatformIndependentDeviceContext& context, Strip c
     auto const [width, height] = GetExtent();
     Pixel const one = At(strip.from);
     Pixel const other = At(strip.to);
-    auto [x, x2] = std::minmax({one.x, other.x});
-    auto [y, y2] = std::minmax({one.y, other.y});
-    bool const runsAlongX = x2 - x > y2 - y;
-    if (!Meets(painted_, x - size, y - size, x2 + 2 * size, y2 + 2 * size)) return;
+    auto const [left, right] = std::minmax({one.x, other.x});
+    auto const [top, bottom] = std::minmax({one.y, other.y});
+    bool const runsAlongX = right - left > bottom - top;
+    if (!Meets(painted_, left - size, top - size, right + 2 * size, bottom + 2 * size)) return;
     // One at the pane's edge is whole.
-    x = std::max(x, half);
-    y = std::max(y, half);
-    x2 = std::max(x2, x + half);
-    y2 = std::max(y2, y + half);
+    Pixel at{std::max(left, half), std::max(top, half)};
+    int const lastX = std::max(right, at.x + half);
+    int const lastY = std::max(bottom, at.y + half);
     auto color = strip.colors.begin();
-    while (x - half <= x2 && x + half <= width && y - half <= y2 && y + half <= height) {
-        if (Meets(painted_, x - half, y - half, x + size, y + size)) {
+    while (at.x - half <= lastX && at.x + half <= width && at.y - half <= lastY && at.y + half <= height) {
+        if (Meets(painted_, at.x - half, at.y - half, at.x + size, at.y + size)) {
             UseColor(context, *color);
-            int const right = x + half > x2 ? x2 - x + 1 : size;
-            int const lower = y + half > y2 ? y2 - y + 1 : size;
-            context.FillRectangle(Short(x - half), Short(y - half), Short(x + right), Short(y + lower));
+            int const toRight = at.x + half > lastX ? lastX - at.x + 1 : size;
+            int const toBottom = at.y + half > lastY ? lastY - at.y + 1 : size;
+            context.FillRectangle(Short(at.x - half), Short(at.y - half), Short(at.x + toRight),
+                                  Short(at.y + toBottom));
         }
         if (++color == strip.colors.end()) color = strip.colors.begin();
-        (runsAlongX ? x : y) += size;
+        (runsAlongX ? at.x : at.y) += size;
     }
 }
 

@@ -118,10 +118,17 @@ Anything Fields(int count) {
         {{170, 130}, {520, 190}, {830, 110}, {370, 430}, {830, 470}}};
     for (int i = 0; i < count; ++i) {
         bool const isFew = count == static_cast<int>(few.size());
-        auto const place = isFew ? few[static_cast<std::size_t>(i)]
-                                 : std::pair(simulation.Next(20, 1000), simulation.Next(20, 640));
+        // One draw after the other: compilers evaluate arguments in different orders.
+        auto place = isFew ? few[static_cast<std::size_t>(i)] : few.front();
+        if (!isFew) {
+            place.second = simulation.Next(20, 640);
+            place.first = simulation.Next(20, 1000);
+        }
         auto const channel = [&simulation] { return static_cast<unsigned char>(simulation.Next(50, 240)); };
-        RGBVector const color(channel(), channel(), channel());
+        auto const blue = channel();
+        auto const green = channel();
+        auto const red = channel();
+        RGBVector const color(red, green, blue);
         fields[String(long{i})] = Map({{"Index", long{i} + 1},
                                        {"Color", color.GetAnything()},
                                        {"Coordinates", Longs({place.first, place.second})}});

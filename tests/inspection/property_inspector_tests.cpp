@@ -77,6 +77,8 @@ protected:
     }
     void TearDown() override {
         if (Inspector().IsVisible()) Inspector().Toggle();
+        // What was selected here by force is nobody's to give up.
+        Select(nullptr);
         element_ = nullptr;
         QApplication::processEvents();
     }
