@@ -39,7 +39,6 @@ public:
     /// Makes the data when they are asked for, perhaps long after and more than once; must not throw.
     using Maker = std::function<std::string()>;
 
-    virtual void Invariant() const {}
     virtual Diagnostics::String GetValueString() = 0;
     /// Runs a drag with what was gathered, and returns what became of it. `effects` is the most that is
     /// allowed: Move allows a copy too.
