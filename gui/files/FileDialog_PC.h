@@ -2,13 +2,12 @@
 
 #include "gui/elements/application/FileDialog.h"
 #include "gui/elements/description/Attributes.h"
+#include "gui/files/CNorvelianFileDialog.h"
 
 #include <QObject>
 #include <QPointer>
 
 namespace GUI {
-
-class CNorvelianFileDialog;
 
 /// Shows the dialog in a `CNorvelianFileDialog`, over the window that it was initialised with.
 class FileDialog_PC : public FileDialog {
