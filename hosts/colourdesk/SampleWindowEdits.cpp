@@ -8,6 +8,8 @@
 #include "gui/elements/drawing/NumberFormat.h"
 #include "hosts/colourdesk/SampleWindow.h"
 
+#include <utility>
+
 namespace ColourDesk {
 
 using Utilities::Anything;
@@ -73,9 +75,9 @@ Anything SampleWindow::GetProperties(String const& element) const {
     ShownSample const& shown = At(selected_);
     String const sample = root + "/Sample";
     helper->AddString(sample, shown.name);
-    constexpr char const* names[] = {"/L*", "/a*", "/b*"};
-    for (std::size_t i = 0; i < shown.lab.size(); ++i)
-        helper->AddString(sample + names[i], GUI::NumberFormat().Write(shown.lab[i]));
+    for (auto const& [name, value] :
+         {std::pair{"/L*", shown.lab[0]}, {"/a*", shown.lab[1]}, {"/b*", shown.lab[2]}})
+        helper->AddString(sample + name, GUI::NumberFormat().Write(value));
     helper->AddString(sample + "/Condition", shown.condition);
     return helper->GetContent();
 }
