@@ -106,6 +106,7 @@ int Start(std::vector<std::string> const& words, std::string const& directory, b
     if (words.empty() || words.front().empty()) return ENOENT;
     std::vector<std::string> kept(words);
     std::vector<char*> arguments;
+    arguments.reserve(kept.size() + 1);
     for (std::string& word : kept) arguments.push_back(word.data());
     arguments.push_back(nullptr);
     Settings const settings(directory);
