@@ -31,10 +31,10 @@ public:
                      Utilities::Callback const& callback) override;
     Utilities::Callback GetCallback(Utilities::String const& element, Utilities::String const& name) override;
 
-    /// Starts the program of that path, with the directory that it is in as its working directory; a path
-    /// without one is run in ours. If it can't be started so, path and parameters are one command line, whose
-    /// first word is looked for where the system looks for programs. If that fails too, the user is told the
-    /// reason of the first attempt, and the result is false. The program outlives this one.
+    /// Starts the program of that path, with the directory that it is in as its working directory. If it
+    /// can't be started so, path and parameters are one command line, whose first word is looked for where
+    /// the system looks for programs, as is a path without a directory at once. If that fails too, the user
+    /// is told the reason of the first attempt, and the result is false. The program outlives this one.
     virtual bool Run(Utilities::String const& path, Utilities::String const& parameters) = 0;
     /// With the document's path as its one parameter, whatever is in it.
     virtual bool RunFile(Utilities::SmartPointer<Utilities::File> program,
